@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QLoggingCategory>
+
+// One category per component, all under "com.corvane.lab.nuboshot.".
+Q_DECLARE_LOGGING_CATEGORY(lcApp)
+Q_DECLARE_LOGGING_CATEGORY(lcArchive)
+Q_DECLARE_LOGGING_CATEGORY(lcHistory)
+Q_DECLARE_LOGGING_CATEGORY(lcSettings)

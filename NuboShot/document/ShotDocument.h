@@ -1,0 +1,81 @@
+#pragma once
+
+#include "core/EnumStrings.h"
+#include "document/Annotation.h"
+
+#include <QImage>
+#include <QList>
+#include <QRectF>
+#include <QUuid>
+
+#include <optional>
+
+namespace nubo {
+
+// One image placed on the canvas. The image is shared, never changed once
+// made, and compared by identity.
+struct ImageLayer {
+    QUuid id;
+    QImage image;
+    QRectF frame; // where the image is drawn, in document space
+
+    bool operator==(const ImageLayer& other) const
+    {
+        return id == other.id && image.cacheKey() == other.image.cacheKey() &&
+               frame == other.frame;
+    }
+};
+
+struct FrameStyle {
+    static constexpr double defaultPadding = 28;
+    double padding = defaultPadding;
+    bool operator==(const FrameStyle&) const = default;
+};
+
+// The editable form of one capture. A plain value: copying one shares its
+// images and its arrays until either copy changes them.
+struct ShotDocument {
+    QList<ImageLayer> layers;          // bottom first
+    QList<Annotation> annotations;     // bottom first; drawing order
+    std::optional<QRectF> crop;        // absent: uncropped
+    std::optional<FrameStyle> frame;   // absent: no frame
+    QRectF canvasBounds;
+
+    bool operator==(const ShotDocument&) const = default;
+
+    // A document of one image, its frame the image's size in points at the
+    // given pixels per point.
+    static ShotDocument fromImage(const QImage& image, double pixelsPerPoint = 1);
+
+    // Every piece of geometry and every number is finite.
+    bool isFinite() const;
+};
+
+enum class ArrowSizePreset { s, m, l, xl };
+template <>
+struct EnumNames<ArrowSizePreset> {
+    static constexpr std::array names{"s", "m", "l", "xl"};
+};
+// The arrow line width a preset stands for, in points.
+double arrowWidth(ArrowSizePreset preset);
+
+enum class ResizeHandle { topLeft, top, topRight, right, bottomRight, bottom, bottomLeft, left };
+template <>
+struct EnumNames<ResizeHandle> {
+    static constexpr std::array names{"topLeft",     "top",    "topRight",   "right",
+                                      "bottomRight", "bottom", "bottomLeft", "left"};
+};
+
+// Ties one display to document space. `globalFrame` is the display in the
+// desktop's global logical coordinates (for placing windows), `captureFrame`
+// the same display in the capture backend's coordinates (both origin top-left).
+struct ScreenSpace {
+    quint32 displayID = 0;
+    QRectF globalFrame;
+    QRectF captureFrame;
+    double scale = 1; // pixels per point
+
+    bool operator==(const ScreenSpace&) const = default;
+};
+
+} // namespace nubo

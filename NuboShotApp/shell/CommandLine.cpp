@@ -1,0 +1,75 @@
+#include "shell/CommandLine.h"
+
+#include "shell/ArchiveCommands.h"
+
+#include <QCoreApplication>
+
+namespace nubo::cli {
+
+namespace {
+
+const char* const mainHelp = R"(Usage: nuboshot [COMMAND [ARGUMENTS]]
+
+Nubo Shot captures, annotates and records the screen. Without a command it
+starts in the tray of the current desktop session (once per session).
+
+Commands:
+  archive new IMAGE DIR   store an image as an editable shot archive in DIR
+  archive check DIR       read a shot archive and print what it holds
+
+Options:
+  -h, --help              show this help; "nuboshot COMMAND --help" for a command
+  -v, --version           show the version
+
+Exit codes: 0 success, 1 failure (one line on standard error), 2 bad usage.
+)";
+
+} // namespace
+
+void print(const QString& text, std::FILE* stream)
+{
+    const QByteArray bytes = text.toUtf8();
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stream);
+    std::fputc('\n', stream);
+}
+
+int fail(const QString& message)
+{
+    print(QStringLiteral("nuboshot: ") + message, stderr);
+    return failure;
+}
+
+int usage(const QString& message, const QString& helpCommand)
+{
+    print(QStringLiteral("nuboshot: ") + message, stderr);
+    print(QStringLiteral("Try \u201cnuboshot %1--help\u201d.")
+              .arg(helpCommand.isEmpty() ? QString() : helpCommand + QLatin1Char(' ')),
+          stderr);
+    return badUsage;
+}
+
+bool isHeadless(const QStringList& arguments)
+{
+    return !arguments.isEmpty();
+}
+
+int run(const QStringList& arguments)
+{
+    Q_ASSERT(!arguments.isEmpty());
+    const QString& command = arguments.first();
+    if (command == QLatin1String("-h") || command == QLatin1String("--help") ||
+        command == QLatin1String("help")) {
+        std::fputs(mainHelp, stdout);
+        return success;
+    }
+    if (command == QLatin1String("-v") || command == QLatin1String("--version")) {
+        print(QStringLiteral("nuboshot ") + QCoreApplication::applicationVersion());
+        return success;
+    }
+    if (command == QLatin1String("archive")) {
+        return runArchiveCommand(arguments.mid(1));
+    }
+    return usage(QStringLiteral("unknown command \u201c%1\u201d").arg(command));
+}
+
+} // namespace nubo::cli

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QStringList>
+
+#include <cstdio>
+
+namespace nubo::cli {
+
+// Exit codes of every command.
+enum Exit { success = 0, failure = 1, badUsage = 2 };
+
+// Whether the arguments name a command that runs without the tray
+// application (help, version and the headless subcommands).
+bool isHeadless(const QStringList& arguments);
+
+// Runs a headless command; arguments exclude the program name.
+int run(const QStringList& arguments);
+
+// Output helpers: one line each, UTF-8.
+void print(const QString& text, std::FILE* stream = stdout);
+int fail(const QString& message);
+int usage(const QString& message, const QString& helpCommand = {});
+
+} // namespace nubo::cli

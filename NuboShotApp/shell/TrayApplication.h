@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QMenu>
+#include <QObject>
+#include <QSystemTrayIcon>
+
+namespace nubo {
+
+// The program as it lives in the tray: one instance per session, found by
+// its name on the session bus.
+class TrayApplication : public QObject {
+    Q_OBJECT
+public:
+    static constexpr char busName[] = "com.corvane.lab.nuboshot";
+
+    enum class Start { started, alreadyRunning };
+
+    explicit TrayApplication(QObject* parent = nullptr);
+    ~TrayApplication() override;
+
+    // Claims the bus name and shows the tray icon.
+    Start start();
+
+private:
+    QMenu m_menu;
+    QSystemTrayIcon m_tray;
+};
+
+} // namespace nubo

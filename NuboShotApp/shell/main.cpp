@@ -1,0 +1,38 @@
+#include "shell/CommandLine.h"
+#include "shell/TrayApplication.h"
+
+#include <QApplication>
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("NuboShot"));
+    QCoreApplication::setApplicationName(QStringLiteral("NuboShot"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(NUBOSHOT_VERSION));
+
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    if (nubo::cli::isHeadless(arguments)) {
+        QCoreApplication app(argc, argv);
+        return nubo::cli::run(arguments);
+    }
+
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        return nubo::cli::fail(QStringLiteral(
+            "No desktop session found (neither DISPLAY nor WAYLAND_DISPLAY is set). "
+            "Start Nubo Shot from your desktop, or see \u201cnuboshot --help\u201d."));
+    }
+    QApplication app(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("Nubo Shot"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/nuboshot.svg")));
+
+    nubo::TrayApplication tray;
+    if (tray.start() == nubo::TrayApplication::Start::alreadyRunning) {
+        nubo::cli::print(QStringLiteral("Nubo Shot is already running."));
+        return nubo::cli::success;
+    }
+    return QApplication::exec();
+}

@@ -1,0 +1,149 @@
+#include "document/ShotDocumentArchive.h"
+#include "shell/ArchiveCommands.h"
+#include "support/ArchiveFixtures.h"
+#include "support/Process.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include "support/QtPrinters.h"
+
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+using test::runNuboShot;
+
+TEST(CommandLine, AnswersHelpVersionAndBadUsage)
+{
+    struct Case {
+        QStringList arguments;
+        int exitCode;
+        const char* inOut;
+        const char* inErr;
+    };
+    const Case cases[] = {
+        {{"--help"}, 0, "Usage: nuboshot", ""},
+        {{"-h"}, 0, "archive new IMAGE DIR", ""},
+        {{"--version"}, 0, "nuboshot 0.", ""},
+        {{"archive", "--help"}, 0, "nuboshot archive check DIR", ""},
+        {{"frobnicate"}, 2, "", "unknown command \u201cfrobnicate\u201d"},
+        {{"archive"}, 2, "", "archive needs a command"},
+        {{"archive", "new", "only-one"}, 2, "", "needs an image and a folder"},
+        {{"archive", "check"}, 2, "", "needs one folder"},
+        {{"archive", "check", "/nonexistent/shot"}, 1, "", "Could not open \u201c/nonexistent/shot\u201d"},
+        {{"archive", "new", "/nonexistent.png", "/tmp/x"}, 1, "", "Could not read the image"},
+    };
+    for (const Case& c : cases) {
+        const auto result = runNuboShot(c.arguments);
+        SCOPED_TRACE(c.arguments.join(u' ').toStdString());
+        EXPECT_FALSE(result.crashed);
+        EXPECT_EQ(result.exitCode, c.exitCode) << result.err.toStdString();
+        EXPECT_TRUE(result.out.contains(QString::fromUtf8(c.inOut))) << result.out.toStdString();
+        EXPECT_TRUE(result.err.contains(QString::fromUtf8(c.inErr))) << result.err.toStdString();
+        if (c.exitCode == 1) {
+            EXPECT_EQ(result.err.count(u'\n'), 1) << "one line on failure";
+        }
+    }
+}
+
+TEST(CommandLine, MakesAndChecksAnArchiveOfAnImage)
+{
+    QTemporaryDir dir;
+    const QString archive = dir.filePath(QStringLiteral("My Shot"));
+    const auto made = runNuboShot({"archive", "new", NUBOSHOT_TEST_DATA "/web-1920x1080.png", archive});
+    ASSERT_EQ(made.exitCode, 0) << made.err.toStdString();
+    EXPECT_EQ(made.out.trimmed(), QStringLiteral("Saved shot archive: ") + archive);
+
+    const auto checked = runNuboShot({"archive", "check", archive});
+    ASSERT_EQ(checked.exitCode, 0) << checked.err.toStdString();
+    EXPECT_TRUE(checked.out.contains(QStringLiteral("Version: 1\n")));
+    EXPECT_TRUE(checked.out.contains(QStringLiteral("Canvas: 0, 0, 1920 \u00d7 1080\n")));
+    EXPECT_TRUE(checked.out.contains(QStringLiteral("Crop: none\nFrame: none\nLayers: 1\n")));
+    EXPECT_TRUE(checked.out.contains(QStringLiteral("1920 \u00d7 1080 px  frame 0, 0, 1920 \u00d7 1080")));
+    EXPECT_TRUE(checked.out.contains(QStringLiteral("Annotations: 0")));
+
+    // The archive holds the image's own pixels.
+    const ShotDocument document = ShotDocumentArchive::read(archive);
+    QImage original(QStringLiteral(NUBOSHOT_TEST_DATA "/web-1920x1080.png"));
+    EXPECT_EQ(document.layers[0].image, original.convertToFormat(QImage::Format_RGBA8888_Premultiplied));
+}
+
+TEST(CommandLine, ArchiveCheckSummarisesAnnotationsAndNamesErrors)
+{
+    QTemporaryDir dir;
+    const QString archive = dir.filePath(QStringLiteral("shot"));
+    ShotDocument document = test::documentWithEveryKind();
+    document.crop = QRectF(1, 2, 30, 20);
+    document.frame = FrameStyle{};
+    ShotDocumentArchive::write(document, archive);
+    const auto checked = runNuboShot({"archive", "check", archive});
+    ASSERT_EQ(checked.exitCode, 0);
+    EXPECT_TRUE(checked.out.contains(QStringLiteral("Crop: 1, 2, 30 \u00d7 20\nFrame: padding 28\n")));
+    EXPECT_TRUE(checked.out.contains(QStringLiteral(
+        "Annotations: 11 (arrow 1, line 1, shape 2, text 1, emoji 1, counter 2, pen 2, redact 1)")))
+        << checked.out.toStdString();
+
+    test::writeFile(archive + QStringLiteral("/manifest.json"), "{\"version\": 7}");
+    const auto newer = runNuboShot({"archive", "check", archive});
+    EXPECT_EQ(newer.exitCode, 1);
+    EXPECT_TRUE(newer.err.contains(QStringLiteral("format version 7"))) << newer.err.toStdString();
+    EXPECT_TRUE(newer.err.contains(QStringLiteral("(unsupportedVersion")));
+
+    test::writeFile(archive + QStringLiteral("/manifest.json"), "{\"version\": 1}");
+    const auto damaged = runNuboShot({"archive", "check", archive});
+    EXPECT_EQ(damaged.exitCode, 1);
+    EXPECT_TRUE(damaged.err.contains(QStringLiteral("(invalidManifest: \u201clayers\u201d is missing)")))
+        << damaged.err.toStdString();
+}
+
+TEST(CommandLine, ArchiveNewKeepsTheImagesPointSizeAndOthersFiles)
+{
+    QTemporaryDir dir;
+    QImage retina = test::patternImage(200, 100);
+    retina.setDotsPerMeterX(5669); // 144 dpi: two pixels per point
+    retina.setDotsPerMeterY(5669);
+    const QString image = dir.filePath(QStringLiteral("retina.png"));
+    ASSERT_TRUE(retina.save(image));
+    const QString archive = dir.filePath(QStringLiteral("retina"));
+    ASSERT_EQ(runNuboShot({"archive", "new", image, archive}).exitCode, 0);
+    EXPECT_EQ(ShotDocumentArchive::read(archive).canvasBounds, QRectF(0, 0, 100, 50));
+
+    // A folder of someone's own files is never replaced.
+    const QString own = dir.filePath(QStringLiteral("own"));
+    QDir().mkpath(own);
+    test::writeFile(own + QStringLiteral("/keep.txt"), "keep");
+    const auto refused = runNuboShot({"archive", "new", image, own});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.err.contains(QStringLiteral("not a shot archive"))) << refused.err.toStdString();
+    EXPECT_TRUE(QFile::exists(own + QStringLiteral("/keep.txt")));
+}
+
+TEST(CommandLine, ImageDensityComesFromWholeMultiplesOf72Dpi)
+{
+    struct Case {
+        int dotsPerMeter;
+        double density;
+    };
+    const Case cases[] = {{2835, 1}, {3780, 1}, {5669, 2}, {8504, 3}, {4000, 1}, {0, 1}};
+    for (const Case& c : cases) {
+        QImage image(1, 1, QImage::Format_RGB32);
+        image.setDotsPerMeterX(c.dotsPerMeter);
+        EXPECT_EQ(cli::imagePixelDensity(image), c.density) << c.dotsPerMeter;
+    }
+}
+
+TEST(CommandLine, TheTrayNeedsADesktopSession)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.remove(QStringLiteral("DISPLAY"));
+    environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+    environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    const auto result = runNuboShot({}, 10000, environment);
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.err.contains(QStringLiteral("No desktop session found"))) << result.err.toStdString();
+}
+
+} // namespace
+} // namespace nubo
