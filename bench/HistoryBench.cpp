@@ -11,7 +11,6 @@
 #include <QSet>
 
 #include <benchmark/benchmark.h>
-
 #include <malloc.h>
 
 namespace {
@@ -27,11 +26,21 @@ ShotDocument largeDocument()
         const double x = i % 100 * 25.0, y = i / 100 * 140.0;
         AnnotationKind kind;
         switch (i % 5) {
-        case 0: kind = ArrowAnnotation{{x, y}, {x + 20, y + 30}}; break;
-        case 1: kind = ShapeAnnotation{ShapeVariant::rect, {x, y, 20, 12}}; break;
-        case 2: kind = TextAnnotation{{QStringLiteral("Label %1").arg(i), {x, y, 80, 20}}}; break;
-        case 3: kind = CounterAnnotation{{x, y}}; break;
-        default: kind = PenAnnotation{{{x, y}, {x + 3, y + 4}, {x + 9, y + 2}, {x + 12, y + 8}}}; break;
+        case 0:
+            kind = ArrowAnnotation{{x, y}, {x + 20, y + 30}};
+            break;
+        case 1:
+            kind = ShapeAnnotation{ShapeVariant::rect, {x, y, 20, 12}};
+            break;
+        case 2:
+            kind = TextAnnotation{{QStringLiteral("Label %1").arg(i), {x, y, 80, 20}}};
+            break;
+        case 3:
+            kind = CounterAnnotation{{x, y}};
+            break;
+        default:
+            kind = PenAnnotation{{{x, y}, {x + 3, y + 4}, {x + 9, y + 2}, {x + 12, y + 8}}};
+            break;
         }
         document.annotations.append(Annotation{QUuid::createUuid(), std::move(kind), ShotStyle()});
     }
@@ -80,11 +89,11 @@ void BM_RecordSteps(benchmark::State& state)
         state.ResumeTiming();
     }
     state.counters["steps"] = steps;
-    state.counters["per_step_us"] =
-        benchmark::Counter(double(steps), benchmark::Counter::kIsIterationInvariantRate |
-                                              benchmark::Counter::kInvert);
+    state.counters["per_step_us"] = benchmark::Counter(
+        double(steps), benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
     state.counters["kept_MB"] = double(keptBytes) / 1e6;
-    state.counters["kept_KB_per_step"] = double(keptBytes) / 1e3 / double(ShotHistory::maximumDepth);
+    state.counters["kept_KB_per_step"] =
+        double(keptBytes) / 1e3 / double(ShotHistory::maximumDepth);
     state.counters["image_copies"] = double(imageCopies);
     state.counters["image_MB"] = double(opened.layers[0].image.sizeInBytes()) / 1e6;
 }

@@ -4,16 +4,16 @@
 
 namespace nubo {
 
-Error::Error(QString message) : m_message(std::move(message)), m_utf8(m_message.toUtf8()) {}
+Error::Error(QString message) : m_message(std::move(message)), m_utf8(m_message.toUtf8())
+{}
 
 FileError::FileError(const QString& action, const QString& path, int errorNumber)
     : FileError(action, path, QString::fromLocal8Bit(std::strerror(errorNumber)))
-{
-}
+{}
 
 FileError::FileError(const QString& action, const QString& path, const QString& reason)
-    : Error(QStringLiteral("Could not %1 \u201c%2\u201d: %3.").arg(action, path, reason)), m_path(path)
-{
-}
+    : Error(QStringLiteral("Could not %1 \u201c%2\u201d: %3.").arg(action, path, reason)),
+      m_path(path)
+{}
 
 } // namespace nubo

@@ -17,14 +17,13 @@ QString keyString(QAnyStringView key)
 
 ShotPreferences::ShotPreferences()
     : m_settings(std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
-                                             QStringLiteral("NuboShot"), QStringLiteral("NuboShot")))
-{
-}
+                                             QStringLiteral("NuboShot"),
+                                             QStringLiteral("NuboShot")))
+{}
 
 ShotPreferences::ShotPreferences(const QString& path)
     : m_settings(std::make_unique<QSettings>(path, QSettings::IniFormat))
-{
-}
+{}
 
 ShotPreferences::~ShotPreferences() = default;
 

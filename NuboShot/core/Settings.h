@@ -67,8 +67,7 @@ public:
     std::optional<QString> string(QAnyStringView key) const;
 
     // A stored case name of E; a missing or unknown name is the default.
-    template <class E>
-    E enumeration(QAnyStringView key, E fallback) const
+    template <class E> E enumeration(QAnyStringView key, E fallback) const
     {
         const auto text = string(key);
         if (!text) {
@@ -79,11 +78,8 @@ public:
 
     void setValue(QAnyStringView key, const QVariant& value);
     template <class E>
-        requires std::is_enum_v<E>
-    void setEnumeration(QAnyStringView key, E value)
-    {
-        setValue(key, toString(value));
-    }
+    requires std::is_enum_v<E>
+    void setEnumeration(QAnyStringView key, E value) { setValue(key, toString(value)); }
     void remove(QAnyStringView key);
     bool contains(QAnyStringView key) const;
     // Writes pending changes; false when the file could not be written.

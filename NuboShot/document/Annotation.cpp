@@ -13,8 +13,7 @@ namespace nubo {
 
 namespace {
 
-template <class... F>
-struct Overloaded : F... {
+template <class... F> struct Overloaded : F... {
     using F::operator()...;
 };
 
@@ -56,39 +55,42 @@ bool strokeContains(const QPainterPath& path, double width, QPointF point)
 QRectF annotationBounds(const Annotation& annotation)
 {
     const ShotStyle& style = annotation.style;
-    return std::visit(
-        Overloaded{
-            [&](const ArrowAnnotation& a) { return grown(spanned(a.from, a.to), halfLineWidth(style)); },
-            [&](const LineAnnotation& l) { return grown(spanned(l.from, l.to), halfLineWidth(style)); },
-            [](const ShapeAnnotation& s) { return s.rect.normalized(); },
-            [&](const TextAnnotation& t) {
-                return grown(t.content.rect.normalized(),
-                             ShotTextEffects::forStyle(style).padding());
-            },
-            [](const EmojiAnnotation& e) { return e.rect.normalized(); },
-            [&](const CounterAnnotation& c) {
-                const double r = counterRadius(style);
-                return QRectF(c.center.x() - r, c.center.y() - r, 2 * r, 2 * r);
-            },
-            [&](const PenAnnotation& p) {
-                if (p.points.isEmpty()) {
-                    return QRectF();
-                }
-                // Grown by half the drawn width so that redraws cover the ink.
-                double left = p.points.first().x(), right = left;
-                double top = p.points.first().y(), bottom = top;
-                for (const QPointF& point : p.points) {
-                    left = std::min(left, point.x());
-                    right = std::max(right, point.x());
-                    top = std::min(top, point.y());
-                    bottom = std::max(bottom, point.y());
-                }
-                const QRectF box(QPointF(left, top), QPointF(right, bottom));
-                return grown(box, std::max(style.lineWidth, 0.5) / 2);
-            },
-            [](const RedactAnnotation& r) { return r.rect.normalized(); },
-        },
-        annotation.kind);
+    return std::visit(Overloaded{
+                          [&](const ArrowAnnotation& a) {
+                              return grown(spanned(a.from, a.to), halfLineWidth(style));
+                          },
+                          [&](const LineAnnotation& l) {
+                              return grown(spanned(l.from, l.to), halfLineWidth(style));
+                          },
+                          [](const ShapeAnnotation& s) { return s.rect.normalized(); },
+                          [&](const TextAnnotation& t) {
+                              return grown(t.content.rect.normalized(),
+                                           ShotTextEffects::forStyle(style).padding());
+                          },
+                          [](const EmojiAnnotation& e) { return e.rect.normalized(); },
+                          [&](const CounterAnnotation& c) {
+                              const double r = counterRadius(style);
+                              return QRectF(c.center.x() - r, c.center.y() - r, 2 * r, 2 * r);
+                          },
+                          [&](const PenAnnotation& p) {
+                              if (p.points.isEmpty()) {
+                                  return QRectF();
+                              }
+                              // Grown by half the drawn width so that redraws cover the ink.
+                              double left = p.points.first().x(), right = left;
+                              double top = p.points.first().y(), bottom = top;
+                              for (const QPointF& point : p.points) {
+                                  left = std::min(left, point.x());
+                                  right = std::max(right, point.x());
+                                  top = std::min(top, point.y());
+                                  bottom = std::max(bottom, point.y());
+                              }
+                              const QRectF box(QPointF(left, top), QPointF(right, bottom));
+                              return grown(box, std::max(style.lineWidth, 0.5) / 2);
+                          },
+                          [](const RedactAnnotation& r) { return r.rect.normalized(); },
+                      },
+                      annotation.kind);
 }
 
 bool annotationHitTest(const Annotation& annotation, QPointF p, double tolerance)
@@ -137,10 +139,12 @@ bool annotationHitTest(const Annotation& annotation, QPointF p, double tolerance
                 // The ink reaches half the drawn width from the stroke's path.
                 const double reach = std::max(style.lineWidth, 0.5) / 2 + t;
                 if (pen.points.size() == 1) {
-                    return ShotGeometry::distanceToSegment(p, pen.points[0], pen.points[0]) <= reach;
+                    return ShotGeometry::distanceToSegment(p, pen.points[0], pen.points[0]) <=
+                           reach;
                 }
                 for (qsizetype i = 1; i < pen.points.size(); ++i) {
-                    if (ShotGeometry::distanceToSegment(p, pen.points[i - 1], pen.points[i]) <= reach) {
+                    if (ShotGeometry::distanceToSegment(p, pen.points[i - 1], pen.points[i]) <=
+                        reach) {
                         return true;
                     }
                 }
@@ -160,20 +164,21 @@ bool annotationIsFinite(const Annotation& annotation)
                              std::isfinite(s.lineWidth) && std::isfinite(s.fontSize) &&
                              std::isfinite(s.strength);
     return styleFinite &&
-           std::visit(Overloaded{
-                          [](const ArrowAnnotation& a) { return isFinite(a.from) && isFinite(a.to); },
-                          [](const LineAnnotation& l) { return isFinite(l.from) && isFinite(l.to); },
-                          [](const ShapeAnnotation& s) { return isFinite(s.rect); },
-                          [](const TextAnnotation& t) { return isFinite(t.content.rect); },
-                          [](const EmojiAnnotation& e) { return isFinite(e.rect); },
-                          [](const CounterAnnotation& c) { return isFinite(c.center); },
-                          [](const PenAnnotation& p) {
-                              return std::all_of(p.points.begin(), p.points.end(),
-                                                 [](QPointF q) { return isFinite(q); });
-                          },
-                          [](const RedactAnnotation& r) { return isFinite(r.rect); },
-                      },
-                      annotation.kind);
+           std::visit(
+               Overloaded{
+                   [](const ArrowAnnotation& a) { return isFinite(a.from) && isFinite(a.to); },
+                   [](const LineAnnotation& l) { return isFinite(l.from) && isFinite(l.to); },
+                   [](const ShapeAnnotation& s) { return isFinite(s.rect); },
+                   [](const TextAnnotation& t) { return isFinite(t.content.rect); },
+                   [](const EmojiAnnotation& e) { return isFinite(e.rect); },
+                   [](const CounterAnnotation& c) { return isFinite(c.center); },
+                   [](const PenAnnotation& p) {
+                       return std::all_of(p.points.begin(), p.points.end(),
+                                          [](QPointF q) { return isFinite(q); });
+                   },
+                   [](const RedactAnnotation& r) { return isFinite(r.rect); },
+               },
+               annotation.kind);
 }
 
 } // namespace nubo

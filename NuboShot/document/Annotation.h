@@ -14,8 +14,7 @@
 namespace nubo {
 
 enum class ShapeVariant { rect, filledRect, ellipse };
-template <>
-struct EnumNames<ShapeVariant> {
+template <> struct EnumNames<ShapeVariant> {
     static constexpr std::array names{"rect", "filledRect", "ellipse"};
 };
 
@@ -67,13 +66,12 @@ struct RedactAnnotation {
 };
 
 using AnnotationKind =
-    std::variant<ArrowAnnotation, LineAnnotation, ShapeAnnotation, TextAnnotation,
-                 EmojiAnnotation, CounterAnnotation, PenAnnotation, RedactAnnotation>;
+    std::variant<ArrowAnnotation, LineAnnotation, ShapeAnnotation, TextAnnotation, EmojiAnnotation,
+                 CounterAnnotation, PenAnnotation, RedactAnnotation>;
 
 // The kinds by name, in the order of AnnotationKind's alternatives.
 enum class AnnotationKindName { arrow, line, shape, text, emoji, counter, pen, redact };
-template <>
-struct EnumNames<AnnotationKindName> {
+template <> struct EnumNames<AnnotationKindName> {
     static constexpr std::array names{"arrow", "line",    "shape", "text",
                                       "emoji", "counter", "pen",   "redact"};
 };
@@ -91,11 +89,7 @@ struct Annotation {
 
     bool operator==(const Annotation&) const = default;
 
-    template <class K>
-    const K* as() const
-    {
-        return std::get_if<K>(&kind);
-    }
+    template <class K> const K* as() const { return std::get_if<K>(&kind); }
 };
 
 // The rectangle in document space that the annotation's drawing covers.

@@ -21,8 +21,7 @@ struct ImageLayer {
 
     bool operator==(const ImageLayer& other) const
     {
-        return id == other.id && image.cacheKey() == other.image.cacheKey() &&
-               frame == other.frame;
+        return id == other.id && image.cacheKey() == other.image.cacheKey() && frame == other.frame;
     }
 };
 
@@ -35,10 +34,10 @@ struct FrameStyle {
 // The editable form of one capture. A plain value: copying one shares its
 // images and its arrays until either copy changes them.
 struct ShotDocument {
-    QList<ImageLayer> layers;          // bottom first
-    QList<Annotation> annotations;     // bottom first; drawing order
-    std::optional<QRectF> crop;        // absent: uncropped
-    std::optional<FrameStyle> frame;   // absent: no frame
+    QList<ImageLayer> layers;        // bottom first
+    QList<Annotation> annotations;   // bottom first; drawing order
+    std::optional<QRectF> crop;      // absent: uncropped
+    std::optional<FrameStyle> frame; // absent: no frame
     QRectF canvasBounds;
 
     bool operator==(const ShotDocument&) const = default;
@@ -52,16 +51,14 @@ struct ShotDocument {
 };
 
 enum class ArrowSizePreset { s, m, l, xl };
-template <>
-struct EnumNames<ArrowSizePreset> {
+template <> struct EnumNames<ArrowSizePreset> {
     static constexpr std::array names{"s", "m", "l", "xl"};
 };
 // The arrow line width a preset stands for, in points.
 double arrowWidth(ArrowSizePreset preset);
 
 enum class ResizeHandle { topLeft, top, topRight, right, bottomRight, bottom, bottomLeft, left };
-template <>
-struct EnumNames<ResizeHandle> {
+template <> struct EnumNames<ResizeHandle> {
     static constexpr std::array names{"topLeft",     "top",    "topRight",   "right",
                                       "bottomRight", "bottom", "bottomLeft", "left"};
 };

@@ -28,8 +28,7 @@ using Code = ArchiveError::Code;
 ArchiveError::ArchiveError(Code code, QString detail, qint64 foundVersion)
     : Error(messageFor(code, foundVersion)), m_code(code), m_detail(std::move(detail)),
       m_foundVersion(foundVersion)
-{
-}
+{}
 
 QString ArchiveError::messageFor(Code code, qint64 foundVersion)
 {
@@ -77,10 +76,9 @@ void validate(const ShotDocument& document)
             throw ArchiveError(Code::invalidDocument, QStringLiteral("a layer has no image"));
         }
         if (imageTooLarge(layer.image.size())) {
-            throw ArchiveError(Code::imageTooLarge,
-                               QStringLiteral("a layer is %1 × %2 pixels")
-                                   .arg(layer.image.width())
-                                   .arg(layer.image.height()));
+            throw ArchiveError(Code::imageTooLarge, QStringLiteral("a layer is %1 × %2 pixels")
+                                                        .arg(layer.image.width())
+                                                        .arg(layer.image.height()));
         }
         if (ids.contains(layer.id)) {
             throw ArchiveError(Code::invalidDocument, QStringLiteral("two layers share one id"));
@@ -139,8 +137,9 @@ QByteArray encodePng(const QImage& image)
     buffer.open(QIODevice::WriteOnly);
     QImageWriter writer(&buffer, "png");
     if (!writer.write(image)) {
-        throw ArchiveError(Code::invalidImage,
-                           QStringLiteral("could not encode a layer: %1").arg(writer.errorString()));
+        throw ArchiveError(
+            Code::invalidImage,
+            QStringLiteral("could not encode a layer: %1").arg(writer.errorString()));
     }
     return data;
 }
@@ -199,14 +198,17 @@ void ShotDocumentArchive::write(const ShotDocument& document, const QString& fol
                             QStringLiteral("something that is not a shot archive is in the way"));
         }
         const QDir existing(targetPath);
-        if (!existing.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot) &&
+        if (!existing.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System |
+                              QDir::NoDotAndDotDot) &&
             !existing.exists(QLatin1String(manifestName))) {
-            throw FileError(QStringLiteral("save"), targetPath,
-                            QStringLiteral("the folder holds other files and is not a shot archive"));
+            throw FileError(
+                QStringLiteral("save"), targetPath,
+                QStringLiteral("the folder holds other files and is not a shot archive"));
         }
     }
 
-    QTemporaryDir staged(parent + QStringLiteral("/.") + target.fileName() + QStringLiteral(".XXXXXX"));
+    QTemporaryDir staged(parent + QStringLiteral("/.") + target.fileName() +
+                         QStringLiteral(".XXXXXX"));
     if (!staged.isValid()) {
         throw FileError(QStringLiteral("create a folder in"), parent, staged.errorString());
     }
@@ -219,8 +221,9 @@ void ShotDocumentArchive::write(const ShotDocument& document, const QString& fol
         const QByteArray png = encodePng(layer.image);
         total += png.size();
         if (total > maximumBytes) {
-            throw ArchiveError(Code::archiveTooLarge,
-                               QStringLiteral("the layers take more than %1 bytes").arg(maximumBytes));
+            throw ArchiveError(
+                Code::archiveTooLarge,
+                QStringLiteral("the layers take more than %1 bytes").arg(maximumBytes));
         }
         writeFile(staged.filePath(name), png);
         layers.append(QJsonObject{{QStringLiteral("id"), coding::encodeUuid(layer.id)},
@@ -232,10 +235,11 @@ void ShotDocumentArchive::write(const ShotDocument& document, const QString& fol
     for (const Annotation& annotation : document.annotations) {
         annotations.append(coding::encodeAnnotation(annotation));
     }
-    QJsonObject manifest{{QStringLiteral("version"), version},
-                         {QStringLiteral("layers"), layers},
-                         {QStringLiteral("annotations"), annotations},
-                         {QStringLiteral("canvasBounds"), coding::encodeRect(document.canvasBounds)}};
+    QJsonObject manifest{
+        {QStringLiteral("version"), version},
+        {QStringLiteral("layers"), layers},
+        {QStringLiteral("annotations"), annotations},
+        {QStringLiteral("canvasBounds"), coding::encodeRect(document.canvasBounds)}};
     if (document.crop) {
         manifest.insert(QStringLiteral("crop"), coding::encodeRect(*document.crop));
     }
@@ -294,7 +298,8 @@ struct StoredLayer {
 QImage readLayerImage(const QString& path, const QString& name)
 {
     // Large layers need more than Qt's default allocation ceiling.
-    constexpr int neededMegabytes = int(ShotDocumentArchive::maximumImagePixels * 4 / (1 << 20)) + 64;
+    constexpr int neededMegabytes =
+        int(ShotDocumentArchive::maximumImagePixels * 4 / (1 << 20)) + 64;
     if (QImageReader::allocationLimit() < neededMegabytes) {
         QImageReader::setAllocationLimit(neededMegabytes);
     }
@@ -313,8 +318,9 @@ QImage readLayerImage(const QString& path, const QString& name)
     }
     const QImage image = reader.read();
     if (image.isNull()) {
-        throw ArchiveError(Code::invalidImage, QStringLiteral("\u201c%1\u201d does not decode: %2")
-                                                   .arg(name, reader.errorString()));
+        throw ArchiveError(
+            Code::invalidImage,
+            QStringLiteral("\u201c%1\u201d does not decode: %2").arg(name, reader.errorString()));
     }
     return image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
 }
@@ -343,8 +349,9 @@ ShotDocument ShotDocumentArchive::read(const QString& folder)
     for (const QFileInfo& entry : entries) {
         total += std::max<qint64>(entry.size(), 0);
         if (total > maximumBytes) {
-            throw ArchiveError(Code::archiveTooLarge,
-                               QStringLiteral("the folder holds more than %1 bytes").arg(maximumBytes));
+            throw ArchiveError(
+                Code::archiveTooLarge,
+                QStringLiteral("the folder holds more than %1 bytes").arg(maximumBytes));
         }
     }
 
@@ -356,18 +363,18 @@ ShotDocument ShotDocumentArchive::read(const QString& folder)
     }
     const QByteArray data = manifestFile.read(maximumBytes + 1);
     if (data.size() > maximumBytes) {
-        throw ArchiveError(Code::archiveTooLarge, QStringLiteral("the manifest grew while reading"));
+        throw ArchiveError(Code::archiveTooLarge,
+                           QStringLiteral("the manifest grew while reading"));
     }
 
     QJsonParseError parseError;
     const QJsonDocument json = QJsonDocument::fromJson(data, &parseError);
     if (parseError.error != QJsonParseError::NoError || !json.isObject()) {
-        throw ArchiveError(Code::invalidManifest,
-                           parseError.error != QJsonParseError::NoError
-                               ? QStringLiteral("not JSON: %1 at byte %2")
-                                     .arg(parseError.errorString())
-                                     .arg(parseError.offset)
-                               : QStringLiteral("not a JSON object"));
+        throw ArchiveError(Code::invalidManifest, parseError.error != QJsonParseError::NoError
+                                                      ? QStringLiteral("not JSON: %1 at byte %2")
+                                                            .arg(parseError.errorString())
+                                                            .arg(parseError.offset)
+                                                      : QStringLiteral("not a JSON object"));
     }
     const QJsonObject manifest = json.object();
 
@@ -376,10 +383,12 @@ ShotDocument ShotDocumentArchive::read(const QString& folder)
     const double versionNumber = versionValue.toDouble(std::nan(""));
     if (!versionValue.isDouble() || std::trunc(versionNumber) != versionNumber ||
         std::abs(versionNumber) > 9.0e15) {
-        throw ArchiveError(Code::invalidManifest, QStringLiteral("the version is not a whole number"));
+        throw ArchiveError(Code::invalidManifest,
+                           QStringLiteral("the version is not a whole number"));
     }
     if (versionNumber != version) {
-        throw ArchiveError(Code::unsupportedVersion, QStringLiteral("version %1").arg(qint64(versionNumber)),
+        throw ArchiveError(Code::unsupportedVersion,
+                           QStringLiteral("version %1").arg(qint64(versionNumber)),
                            qint64(versionNumber));
     }
 
@@ -414,7 +423,8 @@ ShotDocument ShotDocumentArchive::read(const QString& folder)
     QSet<QUuid> ids;
     for (const StoredLayer& layer : layers) {
         if (!ShotGeometry::isFinite(layer.frame)) {
-            throw ArchiveError(Code::invalidDocument, QStringLiteral("a layer frame is not finite"));
+            throw ArchiveError(Code::invalidDocument,
+                               QStringLiteral("a layer frame is not finite"));
         }
         if (ids.contains(layer.id)) {
             throw ArchiveError(Code::invalidDocument, QStringLiteral("two layers share one id"));
@@ -427,7 +437,8 @@ ShotDocument ShotDocumentArchive::read(const QString& folder)
 
     for (const StoredLayer& layer : layers) {
         const QString path = containedFile(root, layer.filename, Code::invalidImage);
-        document.layers.append(ImageLayer{layer.id, readLayerImage(path, layer.filename), layer.frame});
+        document.layers.append(
+            ImageLayer{layer.id, readLayerImage(path, layer.filename), layer.frame});
     }
     return document;
 }

@@ -35,8 +35,7 @@ private:
     qint64 m_foundVersion;
 };
 
-template <>
-struct EnumNames<ArchiveError::Code> {
+template <> struct EnumNames<ArchiveError::Code> {
     static constexpr std::array names{"unsupportedVersion", "invalidManifest", "invalidDocument",
                                       "invalidImage",       "imageTooLarge",   "archiveTooLarge"};
 };

@@ -6,8 +6,7 @@ namespace nubo::coding {
 
 namespace {
 
-template <class... F>
-struct Overloaded : F... {
+template <class... F> struct Overloaded : F... {
     using F::operator()...;
 };
 
@@ -67,8 +66,9 @@ QJsonObject encodeKind(const AnnotationKind& kind)
                                    {QStringLiteral("_1"), encodeRect(s.rect)}};
             },
             [](const TextAnnotation& t) {
-                return payload("_0", QJsonObject{{QStringLiteral("text"), t.content.text},
-                                                 {QStringLiteral("rect"), encodeRect(t.content.rect)}});
+                return payload("_0",
+                               QJsonObject{{QStringLiteral("text"), t.content.text},
+                                           {QStringLiteral("rect"), encodeRect(t.content.rect)}});
             },
             [](const EmojiAnnotation& e) {
                 return QJsonObject{{QStringLiteral("_0"), e.emoji},

@@ -29,8 +29,7 @@ ShotStyle::ShotStyle(ShotColor color, double lineWidth, double fontSize, bool te
                      double strength)
     : color(color), lineWidth(lineWidth), fontSize(fontSize), textOutline(textOutline),
       strength(normalizedStrength(strength))
-{
-}
+{}
 
 double ShotStyle::normalizedStrength(double strength)
 {
@@ -50,8 +49,8 @@ double linearized(double c)
 ShotTextEffects ShotTextEffects::forStyle(const ShotStyle& style)
 {
     const ShotColor& c = style.color;
-    const double luminance = 0.2126 * linearized(c.red) + 0.7152 * linearized(c.green) +
-                             0.0722 * linearized(c.blue);
+    const double luminance =
+        0.2126 * linearized(c.red) + 0.7152 * linearized(c.green) + 0.0722 * linearized(c.blue);
     const double size = std::max(style.fontSize, 1.0);
     const double grey = luminance >= 0.6 ? 0 : 1;
 

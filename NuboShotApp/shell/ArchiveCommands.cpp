@@ -55,9 +55,10 @@ int archiveNew(const QString& imagePath, const QString& folder)
     QImageReader reader(imagePath);
     reader.setAutoTransform(true);
     const QSize size = reader.size();
-    if (size.isValid() && (qint64(size.width()) * size.height() > ShotDocumentArchive::maximumImagePixels ||
-                           size.width() > ShotDocumentArchive::maximumImageSide ||
-                           size.height() > ShotDocumentArchive::maximumImageSide)) {
+    if (size.isValid() &&
+        (qint64(size.width()) * size.height() > ShotDocumentArchive::maximumImagePixels ||
+         size.width() > ShotDocumentArchive::maximumImageSide ||
+         size.height() > ShotDocumentArchive::maximumImageSide)) {
         return fail(QStringLiteral("\u201c%1\u201d is too large: %2 \u00d7 %3 pixels (at most %4 "
                                    "pixels in all).")
                         .arg(imagePath)
@@ -96,11 +97,12 @@ int archiveCheck(const QString& folder)
     lines << QStringLiteral("Archive: %1").arg(QFileInfo(folder).absoluteFilePath())
           << QStringLiteral("Version: %1").arg(ShotDocumentArchive::version)
           << QStringLiteral("Canvas: %1").arg(rectText(document.canvasBounds))
-          << QStringLiteral("Crop: %1").arg(document.crop ? rectText(*document.crop)
-                                                           : QStringLiteral("none"))
-          << QStringLiteral("Frame: %1").arg(document.frame
-                                                 ? QStringLiteral("padding %1").arg(number(document.frame->padding))
-                                                 : QStringLiteral("none"))
+          << QStringLiteral("Crop: %1")
+                 .arg(document.crop ? rectText(*document.crop) : QStringLiteral("none"))
+          << QStringLiteral("Frame: %1")
+                 .arg(document.frame
+                          ? QStringLiteral("padding %1").arg(number(document.frame->padding))
+                          : QStringLiteral("none"))
           << QStringLiteral("Layers: %1").arg(document.layers.size());
     for (const ImageLayer& layer : document.layers) {
         lines << QStringLiteral("  %1  %2 \u00d7 %3 px  frame %4")
@@ -119,7 +121,9 @@ int archiveCheck(const QString& folder)
     }
     lines << QStringLiteral("Annotations: %1%2")
                  .arg(document.annotations.size())
-                 .arg(parts.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(parts.join(QStringLiteral(", "))));
+                 .arg(parts.isEmpty()
+                          ? QString()
+                          : QStringLiteral(" (%1)").arg(parts.join(QStringLiteral(", "))));
     print(lines.join(QLatin1Char('\n')));
     return success;
 }
@@ -139,7 +143,8 @@ double imagePixelDensity(const QImage& image)
 int runArchiveCommand(const QStringList& arguments)
 {
     if (arguments.isEmpty()) {
-        return usage(QStringLiteral("archive needs a command: new or check"), QStringLiteral("archive"));
+        return usage(QStringLiteral("archive needs a command: new or check"),
+                     QStringLiteral("archive"));
     }
     if (arguments.contains(QLatin1String("--help")) || arguments.contains(QLatin1String("-h"))) {
         std::fputs(archiveHelp, stdout);
@@ -148,17 +153,20 @@ int runArchiveCommand(const QStringList& arguments)
     const QString& command = arguments.first();
     if (command == QLatin1String("new")) {
         if (arguments.size() != 3) {
-            return usage(QStringLiteral("archive new needs an image and a folder"), QStringLiteral("archive"));
+            return usage(QStringLiteral("archive new needs an image and a folder"),
+                         QStringLiteral("archive"));
         }
         return archiveNew(arguments[1], arguments[2]);
     }
     if (command == QLatin1String("check")) {
         if (arguments.size() != 2) {
-            return usage(QStringLiteral("archive check needs one folder"), QStringLiteral("archive"));
+            return usage(QStringLiteral("archive check needs one folder"),
+                         QStringLiteral("archive"));
         }
         return archiveCheck(arguments[1]);
     }
-    return usage(QStringLiteral("unknown archive command \u201c%1\u201d").arg(command), QStringLiteral("archive"));
+    return usage(QStringLiteral("unknown archive command \u201c%1\u201d").arg(command),
+                 QStringLiteral("archive"));
 }
 
 } // namespace nubo::cli

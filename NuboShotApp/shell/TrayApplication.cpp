@@ -38,8 +38,8 @@ TrayApplication::Start TrayApplication::start()
             return Start::alreadyRunning;
         }
         if (!reply.isValid()) {
-            qCWarning(lcApp) << "Could not claim" << busName << "on the session bus:"
-                             << reply.error().message();
+            qCWarning(lcApp) << "Could not claim" << busName
+                             << "on the session bus:" << reply.error().message();
         }
     } else {
         qCWarning(lcApp) << "No session bus; a second instance will not be noticed:"

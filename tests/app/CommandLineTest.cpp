@@ -2,11 +2,10 @@
 #include "shell/ArchiveCommands.h"
 #include "support/ArchiveFixtures.h"
 #include "support/Process.h"
+#include "support/QtPrinters.h"
 
 #include <QDir>
 #include <QTemporaryDir>
-
-#include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
@@ -32,7 +31,10 @@ TEST(CommandLine, AnswersHelpVersionAndBadUsage)
         {{"archive"}, 2, "", "archive needs a command"},
         {{"archive", "new", "only-one"}, 2, "", "needs an image and a folder"},
         {{"archive", "check"}, 2, "", "needs one folder"},
-        {{"archive", "check", "/nonexistent/shot"}, 1, "", "Could not open \u201c/nonexistent/shot\u201d"},
+        {{"archive", "check", "/nonexistent/shot"},
+         1,
+         "",
+         "Could not open \u201c/nonexistent/shot\u201d"},
         {{"archive", "new", "/nonexistent.png", "/tmp/x"}, 1, "", "Could not read the image"},
     };
     for (const Case& c : cases) {
@@ -52,7 +54,8 @@ TEST(CommandLine, MakesAndChecksAnArchiveOfAnImage)
 {
     QTemporaryDir dir;
     const QString archive = dir.filePath(QStringLiteral("My Shot"));
-    const auto made = runNuboShot({"archive", "new", NUBOSHOT_TEST_DATA "/web-1920x1080.png", archive});
+    const auto made =
+        runNuboShot({"archive", "new", NUBOSHOT_TEST_DATA "/web-1920x1080.png", archive});
     ASSERT_EQ(made.exitCode, 0) << made.err.toStdString();
     EXPECT_EQ(made.out.trimmed(), QStringLiteral("Saved shot archive: ") + archive);
 
@@ -61,13 +64,15 @@ TEST(CommandLine, MakesAndChecksAnArchiveOfAnImage)
     EXPECT_TRUE(checked.out.contains(QStringLiteral("Version: 1\n")));
     EXPECT_TRUE(checked.out.contains(QStringLiteral("Canvas: 0, 0, 1920 \u00d7 1080\n")));
     EXPECT_TRUE(checked.out.contains(QStringLiteral("Crop: none\nFrame: none\nLayers: 1\n")));
-    EXPECT_TRUE(checked.out.contains(QStringLiteral("1920 \u00d7 1080 px  frame 0, 0, 1920 \u00d7 1080")));
+    EXPECT_TRUE(
+        checked.out.contains(QStringLiteral("1920 \u00d7 1080 px  frame 0, 0, 1920 \u00d7 1080")));
     EXPECT_TRUE(checked.out.contains(QStringLiteral("Annotations: 0")));
 
     // The archive holds the image's own pixels.
     const ShotDocument document = ShotDocumentArchive::read(archive);
     QImage original(QStringLiteral(NUBOSHOT_TEST_DATA "/web-1920x1080.png"));
-    EXPECT_EQ(document.layers[0].image, original.convertToFormat(QImage::Format_RGBA8888_Premultiplied));
+    EXPECT_EQ(document.layers[0].image,
+              original.convertToFormat(QImage::Format_RGBA8888_Premultiplied));
 }
 
 TEST(CommandLine, ArchiveCheckSummarisesAnnotationsAndNamesErrors)
@@ -80,7 +85,8 @@ TEST(CommandLine, ArchiveCheckSummarisesAnnotationsAndNamesErrors)
     ShotDocumentArchive::write(document, archive);
     const auto checked = runNuboShot({"archive", "check", archive});
     ASSERT_EQ(checked.exitCode, 0);
-    EXPECT_TRUE(checked.out.contains(QStringLiteral("Crop: 1, 2, 30 \u00d7 20\nFrame: padding 28\n")));
+    EXPECT_TRUE(
+        checked.out.contains(QStringLiteral("Crop: 1, 2, 30 \u00d7 20\nFrame: padding 28\n")));
     EXPECT_TRUE(checked.out.contains(QStringLiteral(
         "Annotations: 11 (arrow 1, line 1, shape 2, text 1, emoji 1, counter 2, pen 2, redact 1)")))
         << checked.out.toStdString();
@@ -94,7 +100,8 @@ TEST(CommandLine, ArchiveCheckSummarisesAnnotationsAndNamesErrors)
     test::writeFile(archive + QStringLiteral("/manifest.json"), "{\"version\": 1}");
     const auto damaged = runNuboShot({"archive", "check", archive});
     EXPECT_EQ(damaged.exitCode, 1);
-    EXPECT_TRUE(damaged.err.contains(QStringLiteral("(invalidManifest: \u201clayers\u201d is missing)")))
+    EXPECT_TRUE(
+        damaged.err.contains(QStringLiteral("(invalidManifest: \u201clayers\u201d is missing)")))
         << damaged.err.toStdString();
 }
 
@@ -116,7 +123,8 @@ TEST(CommandLine, ArchiveNewKeepsTheImagesPointSizeAndOthersFiles)
     test::writeFile(own + QStringLiteral("/keep.txt"), "keep");
     const auto refused = runNuboShot({"archive", "new", image, own});
     EXPECT_EQ(refused.exitCode, 1);
-    EXPECT_TRUE(refused.err.contains(QStringLiteral("not a shot archive"))) << refused.err.toStdString();
+    EXPECT_TRUE(refused.err.contains(QStringLiteral("not a shot archive")))
+        << refused.err.toStdString();
     EXPECT_TRUE(QFile::exists(own + QStringLiteral("/keep.txt")));
 }
 
@@ -142,7 +150,8 @@ TEST(CommandLine, TheTrayNeedsADesktopSession)
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
     const auto result = runNuboShot({}, 10000, environment);
     EXPECT_EQ(result.exitCode, 1);
-    EXPECT_TRUE(result.err.contains(QStringLiteral("No desktop session found"))) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains(QStringLiteral("No desktop session found")))
+        << result.err.toStdString();
 }
 
 } // namespace

@@ -12,9 +12,8 @@
 #include <QScreen>
 #include <QThread>
 
-#include <gtest/gtest.h>
-
 #include <functional>
+#include <gtest/gtest.h>
 
 namespace nubo {
 namespace {
@@ -50,11 +49,13 @@ QRect trayIconGeometry()
     for (const QString& id : ids) {
         const QString info = run(QStringLiteral("xwininfo"), {"-id", id});
         const auto number = [&](const char* label) {
-            const auto match = QRegularExpression(QString::fromLatin1(label) + QStringLiteral(":\\s+(-?\\d+)")).match(info);
+            const auto match =
+                QRegularExpression(QString::fromLatin1(label) + QStringLiteral(":\\s+(-?\\d+)"))
+                    .match(info);
             return match.hasMatch() ? match.captured(1).toInt() : -1;
         };
-        const QRect rect(number("Absolute upper-left X"), number("Absolute upper-left Y"), number("Width"),
-                         number("Height"));
+        const QRect rect(number("Absolute upper-left X"), number("Absolute upper-left Y"),
+                         number("Width"), number("Height"));
         if (rect.width() > 4 && rect.width() < 100 && rect.height() > 4 && rect.height() < 100) {
             return rect;
         }
@@ -74,7 +75,8 @@ class Tray : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        if (qEnvironmentVariableIsEmpty("DISPLAY") || !QDBusConnection::sessionBus().isConnected()) {
+        if (qEnvironmentVariableIsEmpty("DISPLAY") ||
+            !QDBusConnection::sessionBus().isConnected()) {
             GTEST_SKIP() << "needs the private desktop session of scripts/test";
         }
         ASSERT_FALSE(isRunning()) << "another Nubo Shot owns the bus name";
@@ -88,7 +90,8 @@ protected:
     }
     static bool isRunning()
     {
-        return QDBusConnection::sessionBus().interface()->isServiceRegistered(QLatin1String(busName));
+        return QDBusConnection::sessionBus().interface()->isServiceRegistered(
+            QLatin1String(busName));
     }
 
     QProcess m_app;
@@ -128,7 +131,8 @@ TEST_F(Tray, StartsOnceShowsItsIconAndQuitsFromItsMenu)
 
     // Right-click the icon and choose "Quit Nubo Shot" with the keyboard.
     const QPoint centre = icon.center();
-    run(QStringLiteral("xdotool"), {"mousemove", QString::number(centre.x()), QString::number(centre.y())});
+    run(QStringLiteral("xdotool"),
+        {"mousemove", QString::number(centre.x()), QString::number(centre.y())});
     run(QStringLiteral("xdotool"), {"click", "3"});
     QThread::msleep(400);
     saveArtifact(screen->grabWindow(0).toImage(), QStringLiteral("tray-menu.png"));

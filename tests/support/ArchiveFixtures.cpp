@@ -36,7 +36,8 @@ ShotDocument documentWithEveryKind()
     add(LineAnnotation{{-3, 4}, {5, -6}});
     add(ShapeAnnotation{ShapeVariant::filledRect, {1, 2, 3, 4}});
     add(ShapeAnnotation{ShapeVariant::ellipse, {10, 10, -5, -6}});
-    add(TextAnnotation{{QStringLiteral("Zwei\nZeilen \u00e4\u00f6\u00fc \"quoted\""), {4, 5, 60, 20}}});
+    add(TextAnnotation{
+        {QStringLiteral("Zwei\nZeilen \u00e4\u00f6\u00fc \"quoted\""), {4, 5, 60, 20}}});
     add(EmojiAnnotation{QStringLiteral("\U0001F600"), {20, 20, 16, 16}});
     add(CounterAnnotation{{12, 13}});
     add(CounterAnnotation{{22, 23}});

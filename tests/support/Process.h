@@ -14,7 +14,8 @@ struct ProcessResult {
 };
 
 // Runs the built nuboshot with the given arguments and waits for it.
-ProcessResult runNuboShot(const QStringList& arguments, int timeoutMs = 30000,
-                          const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
+ProcessResult
+runNuboShot(const QStringList& arguments, int timeoutMs = 30000,
+            const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
 
 } // namespace nubo::test

@@ -1,8 +1,7 @@
 #include <QGuiApplication>
 
-#include <gtest/gtest.h>
-
 #include <cstring>
+#include <gtest/gtest.h>
 
 // Every test binary runs inside a Qt application, as the program does: the
 // unit tests on the offscreen platform, the others on the private X session.

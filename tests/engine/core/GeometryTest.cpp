@@ -1,11 +1,10 @@
-#include "core/ArrowGeometry.h"
 #include "core/Geometry.h"
 
+#include "core/ArrowGeometry.h"
 #include "support/QtPrinters.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 #include <numbers>
 
@@ -24,7 +23,7 @@ TEST(ShotGeometry, SnapsToTheNearestMultipleOf45DegreesKeepingTheDistance)
         double degrees;
         double expected;
     };
-    const Case cases[] = {{30, 45}, {20, 0}, {22.4, 0}, {22.6, 45}, {-30, -45},
+    const Case cases[] = {{30, 45},  {20, 0},    {22.4, 0},    {22.6, 45}, {-30, -45},
                           {100, 90}, {170, 180}, {-170, -180}, {67.6, 90}};
     const QPointF anchor(10, -20);
     for (const Case& c : cases) {
@@ -43,11 +42,11 @@ TEST(ShotGeometry, DistanceToASegmentClampsToItsEnds)
         double expected;
     };
     const Case cases[] = {
-        {{5, 3}, {0, 0}, {10, 0}, 3},   // beside the middle
-        {{-4, 3}, {0, 0}, {10, 0}, 5},  // before the start
-        {{13, 4}, {0, 0}, {10, 0}, 5},  // past the end
-        {{3, 4}, {0, 0}, {0, 0}, 5},    // zero length measures to the start
-        {{1, 1}, {0, 0}, {2, 2}, 0},    // on the segment
+        {{5, 3}, {0, 0}, {10, 0}, 3},  // beside the middle
+        {{-4, 3}, {0, 0}, {10, 0}, 5}, // before the start
+        {{13, 4}, {0, 0}, {10, 0}, 5}, // past the end
+        {{3, 4}, {0, 0}, {0, 0}, 5},   // zero length measures to the start
+        {{1, 1}, {0, 0}, {2, 2}, 0},   // on the segment
     };
     for (const Case& c : cases) {
         EXPECT_NEAR(ShotGeometry::distanceToSegment(c.p, c.a, c.b), c.expected, 1e-12);
@@ -99,8 +98,11 @@ TEST(ArrowGeometry, DegenerateArrowsHaveNoOutline)
         QPointF from, to;
         double width;
     };
-    const Case cases[] = {{{5, 5}, {5, 5}, 4},   {{nan, 0}, {10, 0}, 4}, {{0, 0}, {inf, 0}, 4},
-                          {{0, 0}, {10, 0}, nan}, {{0, 0}, {1e-320, 0}, 4}};
+    const Case cases[] = {{{5, 5}, {5, 5}, 4},
+                          {{nan, 0}, {10, 0}, 4},
+                          {{0, 0}, {inf, 0}, 4},
+                          {{0, 0}, {10, 0}, nan},
+                          {{0, 0}, {1e-320, 0}, 4}};
     for (const Case& c : cases) {
         EXPECT_FALSE(ArrowGeometry::metrics(c.from, c.to, c.width).has_value());
         EXPECT_TRUE(ArrowGeometry::outline(c.from, c.to, c.width).isEmpty());
@@ -121,8 +123,8 @@ TEST(ArrowGeometry, OutlineRunsFromTailToTipWithTheHeadWidth)
     EXPECT_FALSE(outline.contains(QPointF(100, 51.5))); // beside it
     EXPECT_TRUE(outline.contains(QPointF(190, 51.9)));  // and almost 4 wide at the head
     EXPECT_FALSE(outline.contains(QPointF(20, 50.9)));  // the tail is 1 wide
-    EXPECT_TRUE(outline.contains(QPointF(195, 56)));      // in the head's base
-    EXPECT_FALSE(outline.contains(QPointF(5, 50)));       // behind the tail
+    EXPECT_TRUE(outline.contains(QPointF(195, 56)));    // in the head's base
+    EXPECT_FALSE(outline.contains(QPointF(5, 50)));     // behind the tail
 
     // Pointing the other way mirrors it around the tail.
     const QPainterPath back = ArrowGeometry::outline({10, 50}, {-190, 50}, 4);

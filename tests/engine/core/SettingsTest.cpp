@@ -1,10 +1,10 @@
 #include "core/Settings.h"
+
 #include "document/Annotation.h"
+#include "support/QtPrinters.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-
-#include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
 
@@ -44,12 +44,12 @@ TEST_F(SettingsFile, MissingOrMistypedValuesReadAsTheDefault)
         bool expected;
     };
     const BoolCase booleans[] = {
-        {"shot.closeAfter.copy", true, false},  // explicit false wins
-        {"shot.closeAfter.save", false, true},  // explicit true wins
-        {"shot.closeAfter.drag", true, true},   // not a Boolean
+        {"shot.closeAfter.copy", true, false}, // explicit false wins
+        {"shot.closeAfter.save", false, true}, // explicit true wins
+        {"shot.closeAfter.drag", true, true},  // not a Boolean
         {"shot.closeAfter.drag", false, false},
-        {"shot.recent.enabled", false, false},  // a number is not a Boolean
-        {"shot.copyRawOnCapture", true, true},  // missing
+        {"shot.recent.enabled", false, false}, // a number is not a Boolean
+        {"shot.copyRawOnCapture", true, true}, // missing
         {"shot.copyRawOnCapture", false, false},
     };
     for (const BoolCase& c : booleans) {
@@ -73,7 +73,8 @@ TEST_F(SettingsFile, EnumerationsReadForgivingly)
     ASSERT_TRUE(writable.sync());
     const ShotPreferences reread(path());
     EXPECT_EQ(reread.enumeration("shot.style.shape", ShapeVariant::rect), ShapeVariant::filledRect);
-    EXPECT_EQ(reread.enumeration(keys::recordingCodec, ShapeVariant::ellipse), ShapeVariant::ellipse);
+    EXPECT_EQ(reread.enumeration(keys::recordingCodec, ShapeVariant::ellipse),
+              ShapeVariant::ellipse);
     EXPECT_EQ(reread.string(keys::quickSaveFormat), QStringLiteral("jpeg"));
 }
 

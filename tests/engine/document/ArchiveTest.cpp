@@ -1,5 +1,6 @@
 #include "document/ShotDocumentArchive.h"
 #include "support/ArchiveFixtures.h"
+#include "support/QtPrinters.h"
 
 #include <QDir>
 #include <QFile>
@@ -7,11 +8,8 @@
 #include <QJsonDocument>
 #include <QTemporaryDir>
 
-#include "support/QtPrinters.h"
-
-#include <gtest/gtest.h>
-
 #include <functional>
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace nubo {
@@ -25,7 +23,10 @@ using Code = ArchiveError::Code;
 class Archive : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(m_dir.isValid()); }
-    QString folder(const QString& name = QStringLiteral("shot")) const { return m_dir.filePath(name); }
+    QString folder(const QString& name = QStringLiteral("shot")) const
+    {
+        return m_dir.filePath(name);
+    }
 
     QTemporaryDir m_dir;
 };
@@ -37,7 +38,10 @@ TEST_F(Archive, RoundTripsKeepEveryField)
         std::function<ShotDocument()> make;
     };
     const Case cases[] = {
-        {"one layer, no crop, no frame", [] { return ShotDocument::fromImage(patternImage(32, 20), 1); }},
+        {"one layer, no crop, no frame",
+         [] {
+             return ShotDocument::fromImage(patternImage(32, 20), 1);
+         }},
         {"crop and frame",
          [] {
              ShotDocument d = ShotDocument::fromImage(patternImage(32, 20), 2);
@@ -61,7 +65,8 @@ TEST_F(Archive, RoundTripsKeepEveryField)
              image.setPixelColor(2, 2, QColor(255, 255, 255, 255));
              return ShotDocument::fromImage(image, 1);
          }},
-        {"no layers", [] {
+        {"no layers",
+         [] {
              ShotDocument d;
              d.canvasBounds = QRectF(0, 0, 10, 10);
              return d;
@@ -111,19 +116,24 @@ TEST_F(Archive, WritesTheDocumentedLayout)
     };
     EXPECT_EQ(kind(0), (QJsonObject{{"arrow", QJsonObject{{"from", QJsonArray{1, 2}},
                                                           {"to", QJsonArray{30.5, 40.25}}}}}));
-    EXPECT_EQ(kind(2), (QJsonObject{{"shape", QJsonObject{{"_0", "filledRect"},
-                                                          {"_1", QJsonArray{QJsonArray{1, 2}, QJsonArray{3, 4}}}}}}));
+    EXPECT_EQ(kind(2),
+              (QJsonObject{
+                  {"shape", QJsonObject{{"_0", "filledRect"},
+                                        {"_1", QJsonArray{QJsonArray{1, 2}, QJsonArray{3, 4}}}}}}));
     EXPECT_EQ(kind(6), (QJsonObject{{"counter", QJsonObject{{"center", QJsonArray{12, 13}}}}}));
-    EXPECT_TRUE(kind(4).value(QStringLiteral("text")).toObject().value(QStringLiteral("_0")).isObject());
+    EXPECT_TRUE(
+        kind(4).value(QStringLiteral("text")).toObject().value(QStringLiteral("_0")).isObject());
     const QJsonObject style = annotations[0].toObject().value(QStringLiteral("style")).toObject();
-    EXPECT_EQ(style.keys(), (QStringList{"color", "fontSize", "lineWidth", "strength", "textOutline"}));
+    EXPECT_EQ(style.keys(),
+              (QStringList{"color", "fontSize", "lineWidth", "strength", "textOutline"}));
     EXPECT_EQ(style.value(QStringLiteral("textOutline")), QJsonValue(false));
 }
 
 TEST_F(Archive, ReorderingLayersChangesOnlyTheManifest)
 {
     ShotDocument document = ShotDocument::fromImage(patternImage(16, 16, 1), 1);
-    document.layers.append(ImageLayer{QUuid::createUuid(), patternImage(16, 16, 2), {0, 0, 16, 16}});
+    document.layers.append(
+        ImageLayer{QUuid::createUuid(), patternImage(16, 16, 2), {0, 0, 16, 16}});
     ShotDocumentArchive::write(document, folder(QStringLiteral("a")));
     std::swap(document.layers[0], document.layers[1]);
     ShotDocumentArchive::write(document, folder(QStringLiteral("b")));
@@ -193,7 +203,11 @@ TEST_F(Archive, RefusesDamagedArchives)
     };
     const auto layerFile = [](const QString& f, const QJsonObject& m) {
         return f + QLatin1Char('/') +
-               m.value(QStringLiteral("layers")).toArray()[0].toObject().value(QStringLiteral("filename")).toString();
+               m.value(QStringLiteral("layers"))
+                   .toArray()[0]
+                   .toObject()
+                   .value(QStringLiteral("filename"))
+                   .toString();
     };
     const auto raw = [](const QString& f, const QByteArray& text) {
         test::writeFile(f + QStringLiteral("/manifest.json"), text);
@@ -206,42 +220,76 @@ TEST_F(Archive, RefusesDamagedArchives)
         Code expected;
     };
     const Case cases[] = {
-        {"version 2", [](auto&, auto& m) { m.insert(QStringLiteral("version"), 2); }, Code::unsupportedVersion},
-        {"version 2 with an unreadable rest",
-         [](auto&, auto& m) { m = QJsonObject{{QStringLiteral("version"), 2}, {QStringLiteral("layers"), 5}}; },
+        {"version 2", [](auto&, auto& m) { m.insert(QStringLiteral("version"), 2); },
          Code::unsupportedVersion},
-        {"version as text", [](auto&, auto& m) { m.insert(QStringLiteral("version"), QStringLiteral("1")); },
+        {"version 2 with an unreadable rest",
+         [](auto&, auto& m) {
+             m = QJsonObject{{QStringLiteral("version"), 2}, {QStringLiteral("layers"), 5}};
+         },
+         Code::unsupportedVersion},
+        {"version as text",
+         [](auto&, auto& m) { m.insert(QStringLiteral("version"), QStringLiteral("1")); },
          Code::invalidManifest},
-        {"version 1.5", [](auto&, auto& m) { m.insert(QStringLiteral("version"), 1.5); }, Code::invalidManifest},
-        {"no version", [](auto&, auto& m) { m.remove(QStringLiteral("version")); }, Code::invalidManifest},
-        {"not JSON", [&](const QString& f, auto& m) { m = {}; raw(f, "{\"version\": 1,"); }, Code::invalidManifest},
-        {"JSON but an array", [&](const QString& f, auto& m) { m = {}; raw(f, "[1]"); }, Code::invalidManifest},
-        {"no manifest", [](const QString& f, auto& m) { m = {}; QFile::remove(f + "/manifest.json"); },
+        {"version 1.5", [](auto&, auto& m) { m.insert(QStringLiteral("version"), 1.5); },
+         Code::invalidManifest},
+        {"no version", [](auto&, auto& m) { m.remove(QStringLiteral("version")); },
+         Code::invalidManifest},
+        {"not JSON",
+         [&](const QString& f, auto& m) {
+             m = {};
+             raw(f, "{\"version\": 1,");
+         },
+         Code::invalidManifest},
+        {"JSON but an array",
+         [&](const QString& f, auto& m) {
+             m = {};
+             raw(f, "[1]");
+         },
+         Code::invalidManifest},
+        {"no manifest",
+         [](const QString& f, auto& m) {
+             m = {};
+             QFile::remove(f + "/manifest.json");
+         },
          Code::invalidManifest},
         {"manifest is a folder",
-         [](const QString& f, auto& m) { m = {}; QFile::remove(f + "/manifest.json"); QDir(f).mkdir("manifest.json"); },
+         [](const QString& f, auto& m) {
+             m = {};
+             QFile::remove(f + "/manifest.json");
+             QDir(f).mkdir("manifest.json");
+         },
          Code::invalidManifest},
-        {"no layers", [](auto&, auto& m) { m.remove(QStringLiteral("layers")); }, Code::invalidManifest},
-        {"no canvas", [](auto&, auto& m) { m.remove(QStringLiteral("canvasBounds")); }, Code::invalidManifest},
-        {"layers not an array", [](auto&, auto& m) { m.insert(QStringLiteral("layers"), QJsonObject()); },
+        {"no layers", [](auto&, auto& m) { m.remove(QStringLiteral("layers")); },
          Code::invalidManifest},
-        {"layer id not a UUID", [&](auto&, auto& m) { layer0(m, "id", QStringLiteral("not-a-uuid")); },
+        {"no canvas", [](auto&, auto& m) { m.remove(QStringLiteral("canvasBounds")); },
+         Code::invalidManifest},
+        {"layers not an array",
+         [](auto&, auto& m) { m.insert(QStringLiteral("layers"), QJsonObject()); },
+         Code::invalidManifest},
+        {"layer id not a UUID",
+         [&](auto&, auto& m) { layer0(m, "id", QStringLiteral("not-a-uuid")); },
          Code::invalidManifest},
         {"layer id in braces",
-         [&](auto&, auto& m) { layer0(m, "id", QUuid::createUuid().toString()); }, Code::invalidManifest},
-        {"frame as text", [&](auto&, auto& m) { layer0(m, "frame", QStringLiteral("NaN")); }, Code::invalidManifest},
+         [&](auto&, auto& m) { layer0(m, "id", QUuid::createUuid().toString()); },
+         Code::invalidManifest},
+        {"frame as text", [&](auto&, auto& m) { layer0(m, "frame", QStringLiteral("NaN")); },
+         Code::invalidManifest},
         {"frame with three numbers",
-         [&](auto&, auto& m) { layer0(m, "frame", QJsonArray{QJsonArray{0, 0, 0}, QJsonArray{1, 1}}); },
+         [&](auto&, auto& m) {
+             layer0(m, "frame", QJsonArray{QJsonArray{0, 0, 0}, QJsonArray{1, 1}});
+         },
          Code::invalidManifest},
         {"frame whose far edge overflows", [&](auto&, auto& m) { layer0(m, "frame", hugeRect); },
          Code::invalidDocument},
         {"canvas whose far edge overflows",
-         [&](auto&, auto& m) { m.insert(QStringLiteral("canvasBounds"), hugeRect); }, Code::invalidDocument},
+         [&](auto&, auto& m) { m.insert(QStringLiteral("canvasBounds"), hugeRect); },
+         Code::invalidDocument},
         {"a number too large for a double",
          [&](const QString& f, auto& m) {
              QByteArray text = QJsonDocument(m).toJson();
              m = {};
-             text.replace("\"canvasBounds\": [", "\"canvasBounds\": [[1e999, 0], [1, 1]], \"x\": [");
+             text.replace("\"canvasBounds\": [",
+                          "\"canvasBounds\": [[1e999, 0], [1, 1]], \"x\": [");
              raw(f, text);
          },
          Code::invalidManifest},
@@ -253,38 +301,60 @@ TEST_F(Archive, RefusesDamagedArchives)
          },
          Code::invalidDocument},
         {"unknown annotation kind",
-         [&](auto&, auto& m) { annotation0(m, "kind", QJsonObject{{"spiral", QJsonObject()}}); },
+         [&](auto&, auto& m) {
+             annotation0(m, "kind", QJsonObject{{"spiral", QJsonObject()}});
+         },
          Code::invalidManifest},
         {"annotation kind naming two cases",
          [&](auto&, auto& m) {
-             annotation0(m, "kind", QJsonObject{{"counter", QJsonObject{{"center", QJsonArray{1, 1}}}},
-                                                {"redact", QJsonObject{{"_0", QJsonArray{QJsonArray{0, 0}, QJsonArray{1, 1}}}}}});
+             annotation0(
+                 m, "kind",
+                 QJsonObject{{"counter", QJsonObject{{"center", QJsonArray{1, 1}}}},
+                             {"redact", QJsonObject{{"_0", QJsonArray{QJsonArray{0, 0},
+                                                                      QJsonArray{1, 1}}}}}});
          },
          Code::invalidManifest},
-        {"unknown shape", [&](auto&, auto& m) {
-             annotation0(m, "kind", QJsonObject{{"shape", QJsonObject{{"_0", "star"}, {"_1", QJsonArray{QJsonArray{0, 0}, QJsonArray{1, 1}}}}}});
+        {"unknown shape",
+         [&](auto&, auto& m) {
+             annotation0(m, "kind",
+                         QJsonObject{{"shape", QJsonObject{{"_0", "star"},
+                                                           {"_1", QJsonArray{QJsonArray{0, 0},
+                                                                             QJsonArray{1, 1}}}}}});
          },
          Code::invalidManifest},
         {"pen point as text",
-         [&](auto&, auto& m) { annotation0(m, "kind", QJsonObject{{"pen", QJsonObject{{"_0", QJsonArray{"1,2"}}}}}); },
+         [&](auto&, auto& m) {
+             annotation0(m, "kind", QJsonObject{{"pen", QJsonObject{{"_0", QJsonArray{"1,2"}}}}});
+         },
          Code::invalidManifest},
         {"style without colour",
          [&](auto&, auto& m) {
-             annotation0(m, "style", QJsonObject{{"lineWidth", 1}, {"fontSize", 1}, {"strength", 1}});
+             annotation0(m, "style",
+                         QJsonObject{{"lineWidth", 1}, {"fontSize", 1}, {"strength", 1}});
          },
          Code::invalidManifest},
         {"textOutline as text",
          [&](auto&, auto& m) {
-             annotation0(m, "style", QJsonObject{{"color", QJsonObject{{"red", 1}, {"green", 1}, {"blue", 1}, {"alpha", 1}}},
-                                                 {"lineWidth", 1}, {"fontSize", 1}, {"strength", 1}, {"textOutline", "yes"}});
+             annotation0(
+                 m, "style",
+                 QJsonObject{
+                     {"color", QJsonObject{{"red", 1}, {"green", 1}, {"blue", 1}, {"alpha", 1}}},
+                     {"lineWidth", 1},
+                     {"fontSize", 1},
+                     {"strength", 1},
+                     {"textOutline", "yes"}});
          },
          Code::invalidManifest},
-        {"file name climbing out", [&](auto&, auto& m) { layer0(m, "filename", QStringLiteral("../shot.png")); },
+        {"file name climbing out",
+         [&](auto&, auto& m) { layer0(m, "filename", QStringLiteral("../shot.png")); },
          Code::invalidManifest},
-        {"absolute file name", [&](auto&, auto& m) { layer0(m, "filename", QStringLiteral("/etc/hostname")); },
+        {"absolute file name",
+         [&](auto&, auto& m) { layer0(m, "filename", QStringLiteral("/etc/hostname")); },
          Code::invalidManifest},
-        {"file name ..", [&](auto&, auto& m) { layer0(m, "filename", QStringLiteral("..")); }, Code::invalidManifest},
-        {"empty file name", [&](auto&, auto& m) { layer0(m, "filename", QString()); }, Code::invalidManifest},
+        {"file name ..", [&](auto&, auto& m) { layer0(m, "filename", QStringLiteral("..")); },
+         Code::invalidManifest},
+        {"empty file name", [&](auto&, auto& m) { layer0(m, "filename", QString()); },
+         Code::invalidManifest},
         {"symbolic link leading out",
          [&](const QString& f, auto& m) {
              const QString outside = f + QStringLiteral("/../outside.png");
@@ -299,12 +369,16 @@ TEST_F(Archive, RefusesDamagedArchives)
              test::writeFile(outside, QJsonDocument(m).toJson());
              m = {};
              QFile::remove(f + QStringLiteral("/manifest.json"));
-             ASSERT_EQ(::symlink("../outside.json", (f + QStringLiteral("/manifest.json")).toLocal8Bit().constData()), 0);
+             ASSERT_EQ(::symlink("../outside.json",
+                                 (f + QStringLiteral("/manifest.json")).toLocal8Bit().constData()),
+                       0);
          },
          Code::invalidManifest},
-        {"missing image", [&](const QString& f, auto& m) { QFile::remove(layerFile(f, m)); }, Code::invalidImage},
+        {"missing image", [&](const QString& f, auto& m) { QFile::remove(layerFile(f, m)); },
+         Code::invalidImage},
         {"image that does not decode",
-         [&](const QString& f, auto& m) { test::writeFile(layerFile(f, m), QByteArray(500, 'x')); }, Code::invalidImage},
+         [&](const QString& f, auto& m) { test::writeFile(layerFile(f, m), QByteArray(500, 'x')); },
+         Code::invalidImage},
         {"truncated image",
          [&](const QString& f, auto& m) {
              QFile file(layerFile(f, m));
@@ -313,13 +387,19 @@ TEST_F(Archive, RefusesDamagedArchives)
          },
          Code::invalidImage},
         {"a JPEG where a PNG belongs",
-         [&](const QString& f, auto& m) { ASSERT_TRUE(patternImage(8, 8).save(layerFile(f, m), "JPEG")); },
+         [&](const QString& f, auto& m) {
+             ASSERT_TRUE(patternImage(8, 8).save(layerFile(f, m), "JPEG"));
+         },
          Code::invalidImage},
         {"image too large",
-         [&](const QString& f, auto& m) { test::writeFile(layerFile(f, m), test::pngHeaderClaiming(20000, 20000)); },
+         [&](const QString& f, auto& m) {
+             test::writeFile(layerFile(f, m), test::pngHeaderClaiming(20000, 20000));
+         },
          Code::imageTooLarge},
         {"image side too long",
-         [&](const QString& f, auto& m) { test::writeFile(layerFile(f, m), test::pngHeaderClaiming(70000, 1)); },
+         [&](const QString& f, auto& m) {
+             test::writeFile(layerFile(f, m), test::pngHeaderClaiming(70000, 1));
+         },
          Code::imageTooLarge},
         {"folder over 200,000,000 bytes, manifest never read",
          [&](const QString& f, auto& m) {
@@ -396,15 +476,23 @@ TEST_F(Archive, WritingRefusesDocumentsItCannotStore)
         Code expected;
     };
     const Case cases[] = {
-        {"non-finite crop", [](ShotDocument& d) { d.crop = QRectF(0, 0, std::nan(""), 1); }, Code::invalidDocument},
-        {"non-finite annotation",
-         [](ShotDocument& d) { d.annotations.append({QUuid::createUuid(), CounterAnnotation{{INFINITY, 0}}, {}}); },
+        {"non-finite crop", [](ShotDocument& d) { d.crop = QRectF(0, 0, std::nan(""), 1); },
          Code::invalidDocument},
-        {"non-finite frame padding", [](ShotDocument& d) { d.frame = FrameStyle{NAN}; }, Code::invalidDocument},
-        {"layer without image", [](ShotDocument& d) { d.layers[0].image = QImage(); }, Code::invalidDocument},
-        {"two layers with one id", [](ShotDocument& d) { d.layers.append(d.layers[0]); }, Code::invalidDocument},
+        {"non-finite annotation",
+         [](ShotDocument& d) {
+             d.annotations.append({QUuid::createUuid(), CounterAnnotation{{INFINITY, 0}}, {}});
+         },
+         Code::invalidDocument},
+        {"non-finite frame padding", [](ShotDocument& d) { d.frame = FrameStyle{NAN}; },
+         Code::invalidDocument},
+        {"layer without image", [](ShotDocument& d) { d.layers[0].image = QImage(); },
+         Code::invalidDocument},
+        {"two layers with one id", [](ShotDocument& d) { d.layers.append(d.layers[0]); },
+         Code::invalidDocument},
         {"image over the pixel limit",
-         [](ShotDocument& d) { d.layers[0].image = QImage(65537, 1, QImage::Format_RGBA8888_Premultiplied); },
+         [](ShotDocument& d) {
+             d.layers[0].image = QImage(65537, 1, QImage::Format_RGBA8888_Premultiplied);
+         },
          Code::imageTooLarge},
     };
     // A good archive is already there; a failed write leaves it whole.

@@ -1,5 +1,4 @@
 #include "document/ShotHistory.h"
-
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -17,8 +16,9 @@ ShotDocument withCounters(const ShotDocument& base, int n)
 {
     ShotDocument d = base;
     for (int i = 0; i < n; ++i) {
-        d.annotations.append(
-            Annotation{QUuid(quint32(i + 1), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0), CounterAnnotation{{double(i), 0}}, {}});
+        d.annotations.append(Annotation{QUuid(quint32(i + 1), 0, 0, 0, 0, 0, 0, 0, 0, 0, 0),
+                                        CounterAnnotation{{double(i), 0}},
+                                        {}});
     }
     return d;
 }
@@ -69,8 +69,8 @@ TEST(ShotHistory, KeepsAHundredStepsBack)
         int undoable;
         bool openedReachable;
     };
-    const Case cases[] = {{1, 1, true}, {99, 99, true}, {100, 100, true}, {101, 100, false},
-                          {250, 100, false}};
+    const Case cases[] = {
+        {1, 1, true}, {99, 99, true}, {100, 100, true}, {101, 100, false}, {250, 100, false}};
     const ShotDocument base = opened();
     for (const Case& c : cases) {
         ShotHistory h(base);

@@ -1,13 +1,11 @@
 #include "document/ShotDocument.h"
 #include "document/ShotStyle.h"
+#include "support/QtPrinters.h"
 
 #include <QHash>
 
-#include "support/QtPrinters.h"
-
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 #include <limits>
 
 namespace nubo {
@@ -19,7 +17,7 @@ TEST(ShotStyle, StrengthIsNormalisedOnEveryConstruction)
         double given, expected;
     };
     const double inf = std::numeric_limits<double>::infinity();
-    const Case cases[] = {{100, 40}, {2, 6}, {std::nan(""), 12}, {inf, 12}, {-inf, 12},
+    const Case cases[] = {{100, 40}, {2, 6}, {std::nan(""), 12}, {inf, 12},   {-inf, 12},
                           {-5, 6},   {6, 6}, {40, 40},           {17.5, 17.5}};
     for (const Case& c : cases) {
         EXPECT_EQ(ShotStyle({1, 0, 0, 1}, 4, 20, true, c.given).strength, c.expected) << c.given;
@@ -46,7 +44,7 @@ TEST(ShotTextEffects, FollowLuminanceSizeAndOutline)
         ShotColor color;
         double fontSize;
         bool outline;
-        double grey;  // outline colour
+        double grey; // outline colour
         double outlineWidth, blur, offsetY, padding;
     };
     const Case cases[] = {
