@@ -38,18 +38,6 @@ QString rectText(const QRectF& rect)
         .arg(number(rect.x()), number(rect.y()), number(rect.width()), number(rect.height()));
 }
 
-int failWith(const Error& error)
-{
-    if (const auto* archive = dynamic_cast<const ArchiveError*>(&error)) {
-        QString line = error.message() + QStringLiteral(" (%1").arg(toString(archive->code()));
-        if (!archive->detail().isEmpty()) {
-            line += QStringLiteral(": ") + archive->detail();
-        }
-        return fail(line + QLatin1Char(')'));
-    }
-    return fail(error.message());
-}
-
 int archiveNew(const QString& imagePath, const QString& folder)
 {
     QImageReader reader(imagePath);

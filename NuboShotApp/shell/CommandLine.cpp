@@ -1,6 +1,8 @@
 #include "shell/CommandLine.h"
 
+#include "document/ShotDocumentArchive.h"
 #include "shell/ArchiveCommands.h"
+#include "shell/ExportCommand.h"
 
 #include <QCoreApplication>
 
@@ -16,6 +18,7 @@ starts in the tray of the current desktop session (once per session).
 Commands:
   archive new IMAGE DIR   store an image as an editable shot archive in DIR
   archive check DIR       read a shot archive and print what it holds
+  export DIR -o OUT.png   render a shot archive to a PNG image [--scale 1|2]
 
 Options:
   -h, --help              show this help; "nuboshot COMMAND --help" for a command
@@ -48,6 +51,18 @@ int usage(const QString& message, const QString& helpCommand)
     return badUsage;
 }
 
+int failWith(const Error& error)
+{
+    if (const auto* archive = dynamic_cast<const ArchiveError*>(&error)) {
+        QString line = error.message() + QStringLiteral(" (%1").arg(toString(archive->code()));
+        if (!archive->detail().isEmpty()) {
+            line += QStringLiteral(": ") + archive->detail();
+        }
+        return fail(line + QLatin1Char(')'));
+    }
+    return fail(error.message());
+}
+
 bool isHeadless(const QStringList& arguments)
 {
     return !arguments.isEmpty();
@@ -68,6 +83,9 @@ int run(const QStringList& arguments)
     }
     if (command == QLatin1String("archive")) {
         return runArchiveCommand(arguments.mid(1));
+    }
+    if (command == QLatin1String("export")) {
+        return runExportCommand(arguments.mid(1));
     }
     return usage(QStringLiteral("unknown command \u201c%1\u201d").arg(command));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Error.h"
+
 #include <QStringList>
 
 #include <cstdio>
@@ -20,5 +22,7 @@ int run(const QStringList& arguments);
 void print(const QString& text, std::FILE* stream = stdout);
 int fail(const QString& message);
 int usage(const QString& message, const QString& helpCommand = {});
+// One line for an engine error; archive errors name their case and detail.
+int failWith(const Error& error);
 
 } // namespace nubo::cli

@@ -14,7 +14,9 @@ int main(int argc, char** argv)
         arguments << QString::fromLocal8Bit(argv[i]);
     }
     if (nubo::cli::isHeadless(arguments)) {
-        QCoreApplication app(argc, argv);
+        // Commands draw and encode without a screen.
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        QGuiApplication app(argc, argv);
         return nubo::cli::run(arguments);
     }
 

@@ -156,3 +156,51 @@ TEST(CommandLine, TheTrayNeedsADesktopSession)
 
 } // namespace
 } // namespace nubo
+
+namespace nubo {
+namespace {
+
+TEST(CommandLine, ExportRendersAnArchiveToPng)
+{
+    QTemporaryDir dir;
+    const QString archive = dir.filePath(QStringLiteral("shot"));
+    ShotDocument document = test::documentWithEveryKind(); // 64 × 48 points
+    document.frame = FrameStyle{10};
+    ShotDocumentArchive::write(document, archive);
+
+    struct Case {
+        QStringList arguments;
+        int exitCode;
+        QSize size;
+        const char* inErr;
+    };
+    const QString out = dir.filePath(QStringLiteral("out.png"));
+    const Case cases[] = {
+        {{"export", archive, "-o", out}, 0, {84, 68}, ""},
+        {{"export", archive, "--output", out, "--scale", "2"}, 0, {168, 136}, ""},
+        {{"export", archive, "-o", out, "--scale", "3"}, 2, {}, "--scale is 1 or 2"},
+        {{"export", archive}, 2, {}, "needs an archive and -o"},
+        {{"export", archive, "-o"}, 2, {}, "-o needs a file name"},
+        {{"export", archive, "-o", out, "--frobnicate"}, 2, {}, "unknown option"},
+        {{"export", dir.filePath("missing"), "-o", out}, 1, {}, "Could not open"},
+        {{"export", archive, "-o", dir.filePath("no/such/folder/out.png")},
+         1,
+         {},
+         "Could not write"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.arguments.join(u' ').toStdString());
+        QFile::remove(out);
+        const auto result = test::runNuboShot(c.arguments);
+        EXPECT_EQ(result.exitCode, c.exitCode) << result.err.toStdString();
+        EXPECT_TRUE(result.err.contains(QString::fromUtf8(c.inErr))) << result.err.toStdString();
+        if (c.exitCode == 0) {
+            const QImage image(out);
+            EXPECT_EQ(image.size(), c.size);
+            EXPECT_TRUE(result.out.startsWith(QStringLiteral("Exported ")));
+        }
+    }
+}
+
+} // namespace
+} // namespace nubo
