@@ -128,31 +128,95 @@ void FrameRenderer::blurAlpha(QImage& alpha, double sigma)
     }
 }
 
+namespace {
+
+// The layer's alpha averaged over factor × factor cells (outside the layer
+// counts as transparent).
+QImage alphaMask(const QImage& layer, int factor)
+{
+    Q_ASSERT(layer.format() == QImage::Format_ARGB32_Premultiplied);
+    const int width = (layer.width() + factor - 1) / factor;
+    const int height = (layer.height() + factor - 1) / factor;
+    QImage mask(width, height, QImage::Format_Alpha8);
+    if (factor == 1) {
+        for (int y = 0; y < height; ++y) {
+            const auto* in = reinterpret_cast<const QRgb*>(layer.constScanLine(y));
+            uchar* out = mask.scanLine(y);
+            for (int x = 0; x < width; ++x) {
+                out[x] = uchar(in[x] >> 24);
+            }
+        }
+        return mask;
+    }
+    const int layerWidth = layer.width();
+    std::vector<uint32_t> sums(static_cast<size_t>(width));
+    const uint32_t cell = uint32_t(factor * factor);
+    for (int y = 0; y < height; ++y) {
+        std::fill(sums.begin(), sums.end(), 0);
+        const int lastRow = std::min((y + 1) * factor, layer.height());
+        for (int row = y * factor; row < lastRow; ++row) {
+            const auto* in = reinterpret_cast<const QRgb*>(layer.constScanLine(row));
+            int x = 0;
+            for (int cellX = 0; cellX < width; ++cellX) {
+                const int end = std::min(x + factor, layerWidth);
+                uint32_t sum = 0;
+                for (; x < end; ++x) {
+                    sum += in[x] >> 24;
+                }
+                sums[size_t(cellX)] += sum;
+            }
+        }
+        uchar* out = mask.scanLine(y);
+        for (int x = 0; x < width; ++x) {
+            out[x] = uchar((sums[size_t(x)] + cell / 2) / cell);
+        }
+    }
+    return mask;
+}
+
+// The mask in the shadow's colour, premultiplied.
+QImage tinted(const QImage& mask, const QColor& color)
+{
+    const QColor c = color.toRgb();
+    std::array<QRgb, 256> table{};
+    for (uint32_t a = 0; a < 256; ++a) {
+        const uint32_t alpha = (a * uint32_t(c.alpha()) + 127) / 255;
+        table[a] = qRgba(int((uint32_t(c.red()) * alpha + 127) / 255),
+                         int((uint32_t(c.green()) * alpha + 127) / 255),
+                         int((uint32_t(c.blue()) * alpha + 127) / 255), int(alpha));
+    }
+    QImage out(mask.size(), QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < mask.height(); ++y) {
+        const uchar* in = mask.constScanLine(y);
+        auto* row = reinterpret_cast<QRgb*>(out.scanLine(y));
+        for (int x = 0; x < mask.width(); ++x) {
+            row[x] = table[in[x]];
+        }
+    }
+    return out;
+}
+
+} // namespace
+
 void FrameRenderer::compositeWithShadow(QImage& target, const QImage& layer,
                                         const ShotShadow& shadow)
 {
     Q_ASSERT(target.size() == layer.size());
-    QImage alpha = layer.convertToFormat(QImage::Format_Alpha8);
-    blurAlpha(alpha, shadow.blur / 2);
-
-    // Tint the mask with the shadow colour, premultiplied.
-    const QColor c = shadow.color.toRgb();
-    QImage tinted(alpha.size(), QImage::Format_ARGB32_Premultiplied);
-    const uint32_t ca = uint32_t(c.alpha()), cr = uint32_t(c.red()), cg = uint32_t(c.green()),
-                   cb = uint32_t(c.blue());
-    for (int y = 0; y < alpha.height(); ++y) {
-        const uchar* in = alpha.constScanLine(y);
-        auto* out = reinterpret_cast<QRgb*>(tinted.scanLine(y));
-        for (int x = 0; x < alpha.width(); ++x) {
-            const uint32_t a = (in[x] * ca + 127) / 255;
-            out[x] = qRgba(int((cr * a + 127) / 255), int((cg * a + 127) / 255),
-                           int((cb * a + 127) / 255), int(a));
-        }
-    }
+    const QImage source = layer.format() == QImage::Format_ARGB32_Premultiplied
+                              ? layer
+                              : layer.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    // A wide blur is smooth: it is computed on a smaller mask and drawn
+    // scaled up, which looks the same and costs a fraction.
+    const double sigma = shadow.blur / 2;
+    const int factor = std::clamp(int(sigma / 3), 1, 8);
+    QImage mask = alphaMask(source, factor);
+    blurAlpha(mask, sigma / factor);
 
     QPainter painter(&target);
-    painter.drawImage(shadow.offset, tinted);
-    painter.drawImage(QPointF(0, 0), layer);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, factor > 1);
+    painter.drawImage(QRectF(shadow.offset, QSizeF(mask.width() * factor, mask.height() * factor)),
+                      tinted(mask, shadow.color));
+    painter.drawImage(QPointF(0, 0), source);
 }
 
 void FrameRenderer::drawWithShadow(QImage& target, const QTransform& transform,
