@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 namespace nubo {
 namespace {
 
@@ -201,6 +203,29 @@ TEST(ShotRenderer, DrawsEachKindWhereItBelongs)
             EXPECT_EQ(color != QColor(Qt::white), probe.inked)
                 << c.name << " at " << probe.pixel.x() << "," << probe.pixel.y();
         }
+    }
+}
+
+TEST(ShotRenderer, RendersTheSameOnSeveralThreadsAtOnce)
+{
+    ShotRenderer renderer;
+    const ShotDocument document = test::markedUpShot();
+    const QImage expected = renderer.render(document, 1);
+    std::vector<QImage> results(4);
+    std::vector<std::thread> threads;
+    for (size_t i = 0; i < results.size(); ++i) {
+        threads.emplace_back([&, i] {
+            ShotDocument copy = document;
+            for (int round = 0; round < 3; ++round) {
+                results[i] = renderer.render(copy, 1);
+            }
+        });
+    }
+    for (std::thread& thread : threads) {
+        thread.join();
+    }
+    for (const QImage& result : results) {
+        EXPECT_EQ(test::compareImages(result, expected, 0).pixelsOver, 0);
     }
 }
 
