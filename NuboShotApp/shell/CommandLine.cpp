@@ -18,7 +18,8 @@ starts in the tray of the current desktop session (once per session).
 Commands:
   archive new IMAGE DIR   store an image as an editable shot archive in DIR
   archive check DIR       read a shot archive and print what it holds
-  export DIR -o OUT.png   render a shot archive to a PNG image [--scale 1|2]
+  export DIR -o FILE      render a shot archive to PNG, JPEG, HEIC or WebP
+  export DIR --quick      ... into the quick-save folder under a dated name
 
 Options:
   -h, --help              show this help; "nuboshot COMMAND --help" for a command

@@ -160,45 +160,90 @@ TEST(CommandLine, TheTrayNeedsADesktopSession)
 namespace nubo {
 namespace {
 
-TEST(CommandLine, ExportRendersAnArchiveToPng)
+TEST(CommandLine, ExportWritesEveryFormatAndRefusesBadOptions)
 {
     QTemporaryDir dir;
     const QString archive = dir.filePath(QStringLiteral("shot"));
-    ShotDocument document = test::documentWithEveryKind(); // 64 × 48 points
+    ShotDocument document = test::documentWithEveryKind(); // 64 × 48 points at 1 pixel per point
     document.frame = FrameStyle{10};
     ShotDocumentArchive::write(document, archive);
+    const QString downloads = QStringLiteral(NUBOSHOT_TEST_HOME "/Downloads");
+    QDir(downloads).removeRecursively();
 
     struct Case {
         QStringList arguments;
         int exitCode;
+        const char* written; // a file name the output ends with
         QSize size;
         const char* inErr;
     };
-    const QString out = dir.filePath(QStringLiteral("out.png"));
+    const QString png = dir.filePath(QStringLiteral("out.png"));
     const Case cases[] = {
-        {{"export", archive, "-o", out}, 0, {84, 68}, ""},
-        {{"export", archive, "--output", out, "--scale", "2"}, 0, {168, 136}, ""},
-        {{"export", archive, "-o", out, "--scale", "3"}, 2, {}, "--scale is 1 or 2"},
-        {{"export", archive}, 2, {}, "needs an archive and -o"},
-        {{"export", archive, "-o"}, 2, {}, "-o needs a file name"},
-        {{"export", archive, "-o", out, "--frobnicate"}, 2, {}, "unknown option"},
-        {{"export", dir.filePath("missing"), "-o", out}, 1, {}, "Could not open"},
+        {{"export", archive, "-o", png}, 0, "out.png", {84, 68}, ""},
+        {{"export", archive, "--output", png, "--scale", "2"}, 0, "out.png", {168, 136}, ""},
+        {{"export", archive, "-o", dir.filePath("out.JPG")}, 0, "out.JPG", {84, 68}, ""},
+        {{"export", archive, "-o", dir.filePath("out.bin"), "--format", "webp"},
+         0,
+         "out.bin",
+         {},
+         ""},
+        {{"export", archive, "-o", dir.filePath("out.heic"), "--quality", "1"},
+         0,
+         "out.heic",
+         {},
+         ""},
+        {{"export", archive, "--quick"}, 0, ".png", {84, 68}, ""},
+        {{"export", archive, "--quick", "--format", "jpeg"}, 0, ".jpg", {84, 68}, ""},
+        {{"export", archive, "-o", png, "--scale", "3"},
+         1,
+         "",
+         {},
+         "Invalid screenshot export options."},
+        {{"export", archive, "-o", png, "--quality", "1.5"},
+         1,
+         "",
+         {},
+         "Invalid screenshot export options."},
+        {{"export", archive, "-o", png, "--quality", "high"},
+         2,
+         "",
+         {},
+         "--quality needs a number"},
+        {{"export", archive, "-o", dir.filePath("out.gif")}, 2, "", {}, "cannot tell the format"},
+        {{"export", archive, "-o", png, "--format", "bmp"},
+         2,
+         "",
+         {},
+         "--format is png, jpeg, heic or webp"},
+        {{"export", archive}, 2, "", {}, "either -o FILE or --quick"},
+        {{"export", archive, "-o", png, "--quick"}, 2, "", {}, "either -o FILE or --quick"},
+        {{"export", archive, "-o"}, 2, "", {}, "-o needs a file name"},
+        {{"export", dir.filePath("missing"), "-o", png}, 1, "", {}, "Could not open"},
         {{"export", archive, "-o", dir.filePath("no/such/folder/out.png")},
          1,
+         "",
          {},
-         "Could not write"},
+         "Could not write \u201cout.png\u201d"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.arguments.join(u' ').toStdString());
-        QFile::remove(out);
         const auto result = test::runNuboShot(c.arguments);
         EXPECT_EQ(result.exitCode, c.exitCode) << result.err.toStdString();
         EXPECT_TRUE(result.err.contains(QString::fromUtf8(c.inErr))) << result.err.toStdString();
         if (c.exitCode == 0) {
-            const QImage image(out);
-            EXPECT_EQ(image.size(), c.size);
-            EXPECT_TRUE(result.out.startsWith(QStringLiteral("Exported ")));
+            const QString written = result.out.trimmed();
+            EXPECT_TRUE(written.endsWith(QString::fromUtf8(c.written))) << written.toStdString();
+            EXPECT_TRUE(QFileInfo(written).isFile());
+            if (c.size.isValid()) {
+                EXPECT_EQ(QImage(written).size(), c.size);
+            }
         }
+    }
+    // Quick saves land in Downloads under dated names.
+    const QStringList saved = QDir(downloads).entryList(QDir::Files);
+    EXPECT_EQ(saved.size(), 2);
+    for (const QString& name : saved) {
+        EXPECT_TRUE(name.startsWith(QStringLiteral("Nubo Shot "))) << name.toStdString();
     }
 }
 

@@ -9,6 +9,7 @@
 // data: their homes are under the build folder.
 int main(int argc, char** argv)
 {
+    qputenv("HOME", NUBOSHOT_TEST_HOME);
     qputenv("XDG_CONFIG_HOME", NUBOSHOT_TEST_HOME "/config");
     qputenv("XDG_DATA_HOME", NUBOSHOT_TEST_HOME "/data");
     qputenv("XDG_CACHE_HOME", NUBOSHOT_TEST_HOME "/cache");

@@ -1,0 +1,206 @@
+#include "export/ImageWriter.h"
+
+#include "export/PngEncoder.h"
+
+#include <QFileInfo>
+#include <QPainter>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <libheif/heif.h>
+#include <memory>
+#include <turbojpeg.h>
+#include <webp/encode.h>
+
+namespace nubo {
+
+ImageWriterError::ImageWriterError(const QString& fileName, const QString& reason)
+    : Error(QStringLiteral("Could not write \u201c%1\u201d: %2.").arg(fileName, reason)),
+      m_fileName(fileName)
+{}
+
+namespace {
+
+QImage straightRgba(const QImage& image)
+{
+    return image.format() == QImage::Format_RGBA8888
+               ? image
+               : image.convertToFormat(QImage::Format_RGBA8888);
+}
+
+} // namespace
+
+QByteArray ImageWriter::encodeJpeg(const QImage& image, double quality, const QString& fileName)
+{
+    // JPEG has no alpha: translucent pixels are flattened over white, the
+    // colour of the page they are most often pasted onto.
+    QImage rgbx;
+    if (PngEncoder::isOpaque(image)) {
+        rgbx = image.format() == QImage::Format_RGBA8888_Premultiplied ||
+                       image.format() == QImage::Format_RGBA8888
+                   ? image
+                   : image.convertToFormat(QImage::Format_RGBA8888);
+    } else {
+        rgbx = QImage(image.size(), QImage::Format_RGBA8888);
+        rgbx.fill(Qt::white);
+        QPainter painter(&rgbx);
+        painter.drawImage(0, 0, image);
+    }
+    const auto handle = std::unique_ptr<void, int (*)(tjhandle)>(tjInitCompress(), tjDestroy);
+    if (!handle) {
+        throw ImageWriterError(fileName, QStringLiteral("the JPEG encoder could not start"));
+    }
+    // Text stays crisp without chroma subsampling at the usual high qualities.
+    const int jpegQuality = std::clamp(int(std::lround(quality * 100)), 1, 100);
+    const int subsampling = quality >= 0.9 ? TJSAMP_444 : TJSAMP_420;
+    unsigned char* jpeg = nullptr;
+    unsigned long size = 0;
+    if (tjCompress2(handle.get(), rgbx.constBits(), rgbx.width(), int(rgbx.bytesPerLine()),
+                    rgbx.height(), TJPF_RGBX, &jpeg, &size, subsampling, jpegQuality,
+                    TJFLAG_ACCURATEDCT) != 0) {
+        const QString reason = QString::fromLocal8Bit(tjGetErrorStr2(handle.get()));
+        tjFree(jpeg);
+        throw ImageWriterError(fileName, reason);
+    }
+    QByteArray out(reinterpret_cast<const char*>(jpeg), qsizetype(size));
+    tjFree(jpeg);
+    return out;
+}
+
+int ImageWriter::heicEncoderQuality(double quality)
+{
+    const double q = std::min(quality, maximumHeicQuality);
+    return std::clamp(int(std::lround(q * 100)), 0, 99);
+}
+
+QByteArray ImageWriter::encodeHeic(const QImage& image, double quality, const QString& fileName)
+{
+    const auto fail = [&](const heif_error& error) {
+        throw ImageWriterError(fileName, QString::fromUtf8(error.message));
+    };
+    const auto context = std::unique_ptr<heif_context, void (*)(heif_context*)>(
+        heif_context_alloc(), heif_context_free);
+    heif_encoder* rawEncoder = nullptr;
+    if (const heif_error e =
+            heif_context_get_encoder_for_format(context.get(), heif_compression_HEVC, &rawEncoder);
+        e.code != heif_error_Ok) {
+        fail(e);
+    }
+    const auto encoder =
+        std::unique_ptr<heif_encoder, void (*)(heif_encoder*)>(rawEncoder, heif_encoder_release);
+    heif_encoder_set_lossy_quality(encoder.get(), heicEncoderQuality(quality));
+
+    const bool opaque = PngEncoder::isOpaque(image);
+    const QImage rgba = straightRgba(image);
+    heif_image* rawImage = nullptr;
+    if (const heif_error e = heif_image_create(
+            rgba.width(), rgba.height(), heif_colorspace_RGB,
+            opaque ? heif_chroma_interleaved_RGB : heif_chroma_interleaved_RGBA, &rawImage);
+        e.code != heif_error_Ok) {
+        fail(e);
+    }
+    const auto heifImage =
+        std::unique_ptr<heif_image, void (*)(const heif_image*)>(rawImage, heif_image_release);
+    if (const heif_error e = heif_image_add_plane(heifImage.get(), heif_channel_interleaved,
+                                                  rgba.width(), rgba.height(), 8);
+        e.code != heif_error_Ok) {
+        fail(e);
+    }
+    int stride = 0;
+    uint8_t* plane = heif_image_get_plane(heifImage.get(), heif_channel_interleaved, &stride);
+    const int bpp = opaque ? 3 : 4;
+    for (int y = 0; y < rgba.height(); ++y) {
+        const uchar* in = rgba.constScanLine(y);
+        uint8_t* out = plane + qsizetype(y) * stride;
+        if (opaque) {
+            for (int x = 0; x < rgba.width(); ++x) {
+                std::memcpy(out + bpp * x, in + 4 * x, 3);
+            }
+        } else {
+            std::memcpy(out, in, size_t(rgba.width()) * 4);
+        }
+    }
+    if (const heif_error e = heif_context_encode_image(context.get(), heifImage.get(),
+                                                       encoder.get(), nullptr, nullptr);
+        e.code != heif_error_Ok) {
+        fail(e);
+    }
+    QByteArray out;
+    heif_writer writer{};
+    writer.writer_api_version = 1;
+    writer.write = [](heif_context*, const void* data, size_t size, void* userdata) {
+        static_cast<QByteArray*>(userdata)->append(static_cast<const char*>(data), qsizetype(size));
+        return heif_error{heif_error_Ok, heif_suberror_Unspecified, "Success"};
+    };
+    if (const heif_error e = heif_context_write(context.get(), &writer, &out);
+        e.code != heif_error_Ok) {
+        fail(e);
+    }
+    return out;
+}
+
+QByteArray ImageWriter::encodeWebp(const QImage& image, double quality, const QString& fileName)
+{
+    if (image.width() >= webpSideLimit || image.height() >= webpSideLimit) {
+        throw ImageWriterError(
+            fileName, QStringLiteral("WebP images must be smaller than %1 pixels on each side")
+                          .arg(webpSideLimit));
+    }
+    // libwebp takes straight alpha; premultiplied pixels would darken
+    // translucent edges.
+    const QImage rgba = straightRgba(image);
+    uint8_t* output = nullptr;
+    const size_t size = WebPEncodeRGBA(rgba.constBits(), rgba.width(), rgba.height(),
+                                       int(rgba.bytesPerLine()), float(quality * 100), &output);
+    if (size == 0) {
+        WebPFree(output);
+        throw ImageWriterError(fileName, QStringLiteral("the WebP encoder failed"));
+    }
+    QByteArray out(reinterpret_cast<const char*>(output), qsizetype(size));
+    WebPFree(output);
+    return out;
+}
+
+QByteArray ImageWriter::encode(const QImage& image, ImageWriterFormat format, double quality,
+                               double pixelsPerPoint, const QString& fileName)
+{
+    switch (format) {
+    case ImageWriterFormat::png: {
+        QByteArray png = PngEncoder::encode(image, {PngEncoder::defaultLevel, pixelsPerPoint});
+        if (png.isEmpty()) {
+            throw ImageWriterError(fileName,
+                                   QStringLiteral("there is not enough memory to encode it"));
+        }
+        return png;
+    }
+    case ImageWriterFormat::jpg:
+        return encodeJpeg(image, quality, fileName);
+    case ImageWriterFormat::heic:
+        return encodeHeic(image, quality, fileName);
+    case ImageWriterFormat::webp:
+        return encodeWebp(image, quality, fileName);
+    default:
+        throw ImageWriterError(
+            fileName, QStringLiteral("%1 is not a format for shots").arg(toString(format)));
+    }
+}
+
+void ImageWriter::write(const QImage& image, ImageWriterFormat format, double quality,
+                        double pixelsPerPoint, const QString& path)
+{
+    const QString fileName = QFileInfo(path).fileName();
+    const QByteArray data = encode(image, format, quality, pixelsPerPoint, fileName);
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        throw ImageWriterError(fileName, file.errorString());
+    }
+    if (file.write(data) != data.size() || !file.commit()) {
+        const QString reason = file.errorString();
+        file.cancelWriting();
+        throw ImageWriterError(fileName, reason);
+    }
+}
+
+} // namespace nubo

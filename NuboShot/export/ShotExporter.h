@@ -1,0 +1,49 @@
+#pragma once
+
+#include "core/Error.h"
+#include "document/ShotDocument.h"
+#include "export/ShotFormat.h"
+
+#include <QString>
+
+namespace nubo {
+
+class ShotExportError : public Error {
+public:
+    enum class Code { invalidOptions };
+    explicit ShotExportError(Code code = Code::invalidOptions);
+    Code code() const noexcept { return m_code; }
+
+private:
+    Code m_code;
+};
+
+class ShotRenderer;
+
+// Validates export options, renders the shot and writes one image file.
+class ShotExporter {
+public:
+    static constexpr double maximumSide = 65536;
+    static constexpr double maximumPixels = 268435456; // 2^28
+
+    // The size in points that an export covers: the crop (else the canvas),
+    // standardised, plus twice the frame's padding.
+    static QSizeF exportSize(const ShotDocument& document);
+
+    // Throws ShotExportError when an option is out of range, before
+    // anything is rendered or written.
+    static void validate(const ShotDocument& document, double quality, double scale);
+
+    // Writes the shot to `path` (its extension is neither checked nor
+    // changed). Throws ShotExportError or ImageWriterError.
+    static void exportShot(const ShotDocument& document, ShotFormat format, const QString& path,
+                           double quality, double scale);
+    static void exportShot(ShotRenderer& renderer, const ShotDocument& document, ShotFormat format,
+                           const QString& path, double quality, double scale);
+
+    // The scale a shot exports at by default: 2 for a capture taken at two
+    // pixels per point (or more), else 1.
+    static double defaultScale(const ShotDocument& document);
+};
+
+} // namespace nubo

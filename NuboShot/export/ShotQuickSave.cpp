@@ -1,0 +1,114 @@
+#include "export/ShotQuickSave.h"
+
+#include "core/Logging.h"
+#include "core/Settings.h"
+#include "export/ImageWriter.h"
+#include "export/ShotExporter.h"
+#include "export/ShotFileName.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QUuid>
+
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace nubo {
+
+QString ShotQuickSave::folder(const ShotPreferences& preferences)
+{
+    if (const auto chosen = preferences.string(keys::quickSaveFolder)) {
+        const QFileInfo info(*chosen);
+        if (info.isAbsolute() && info.isDir() && info.isWritable()) {
+            return info.absoluteFilePath();
+        }
+        qCInfo(lcExport) << "The quick-save folder" << *chosen
+                         << "is gone or not writable; saving to Downloads";
+    }
+    QString downloads = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+    if (downloads.isEmpty()) {
+        downloads = QDir::homePath() + QStringLiteral("/Downloads");
+    }
+    if (!QDir().mkpath(downloads)) {
+        throw FileError(QStringLiteral("create the folder"), downloads, errno ? errno : EACCES);
+    }
+    return downloads;
+}
+
+ShotFormat ShotQuickSave::format(const ShotPreferences& preferences)
+{
+    return preferences.enumeration(keys::quickSaveFormat, ShotFormat::png);
+}
+
+QString ShotQuickSave::save(const ShotDocument& document, double scale,
+                            const ShotPreferences& preferences, const QDateTime& now)
+{
+    return saveInto(folder(preferences), format(preferences), document, scale, now);
+}
+
+QString ShotQuickSave::saveInto(const QString& folder, ShotFormat format,
+                                const ShotDocument& document, double scale, const QDateTime& now,
+                                double quality)
+{
+    // Nothing is claimed for options that cannot be exported.
+    ShotExporter::validate(document, quality, scale);
+    const QString name = ShotFileName::make(now, format, now.timeZone());
+    QString path;
+    for (int n = 1;; ++n) {
+        path = QDir(folder).filePath(n == 1 ? name : ShotFileName::numbered(name, n));
+        const int fd = ::open(QFile::encodeName(path).constData(),
+                              O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        if (fd >= 0) {
+            ::close(fd);
+            break;
+        }
+        if (errno != EEXIST || n > 10000) {
+            throw ImageWriterError(QFileInfo(path).fileName(),
+                                   QString::fromLocal8Bit(std::strerror(errno)));
+        }
+    }
+    try {
+        ShotExporter::exportShot(document, format, path, quality, scale);
+    } catch (...) {
+        QFile::remove(path); // the empty placeholder that claimed the name
+        throw;
+    }
+    qCDebug(lcExport) << "Saved" << path;
+    return path;
+}
+
+QString ShotQuickSave::temporaryBase()
+{
+    QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (runtime.isEmpty() || !QFileInfo(runtime).isDir()) {
+        runtime = QDir::tempPath();
+    }
+    return runtime + QStringLiteral("/NuboShot");
+}
+
+QString ShotQuickSave::temporaryExport(const ShotDocument& document, double scale,
+                                       const QDateTime& now)
+{
+    const QString folder =
+        temporaryBase() + QLatin1Char('/') + QUuid::createUuid().toString(QUuid::WithoutBraces);
+    if (!QDir().mkpath(folder)) {
+        throw FileError(QStringLiteral("create the folder"), folder, errno ? errno : EACCES);
+    }
+    const QString path =
+        folder + QLatin1Char('/') + ShotFileName::make(now, ShotFormat::png, now.timeZone());
+    try {
+        ShotExporter::exportShot(document, ShotFormat::png, path, quality, scale);
+    } catch (...) {
+        if (!QDir(folder).removeRecursively()) {
+            throw FileError(QStringLiteral("remove the folder"), folder,
+                            QStringLiteral("it could not be removed"));
+        }
+        throw;
+    }
+    return path;
+}
+
+} // namespace nubo
