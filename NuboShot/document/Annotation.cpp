@@ -2,6 +2,7 @@
 
 #include "core/ArrowGeometry.h"
 #include "core/Geometry.h"
+#include "core/Overloaded.h"
 
 #include <QPainterPath>
 #include <QPainterPathStroker>
@@ -12,10 +13,6 @@
 namespace nubo {
 
 namespace {
-
-template <class... F> struct Overloaded : F... {
-    using F::operator()...;
-};
 
 // Lines and arrows measure half their width, with a floor for hairlines.
 double halfLineWidth(const ShotStyle& style)

@@ -51,6 +51,14 @@ QString ArchiveError::messageFor(Code code, qint64 foundVersion)
     return {};
 }
 
+void ShotDocumentArchive::allowLargeImages()
+{
+    constexpr int megabytes = int(maximumImagePixels * 4 / (1 << 20)) + 64;
+    if (QImageReader::allocationLimit() < megabytes) {
+        QImageReader::setAllocationLimit(megabytes);
+    }
+}
+
 QString ShotDocumentArchive::layerFileName(const QUuid& id)
 {
     return coding::encodeUuid(id) + QStringLiteral(".png");
@@ -297,12 +305,7 @@ struct StoredLayer {
 
 QImage readLayerImage(const QString& path, const QString& name)
 {
-    // Large layers need more than Qt's default allocation ceiling.
-    constexpr int neededMegabytes =
-        int(ShotDocumentArchive::maximumImagePixels * 4 / (1 << 20)) + 64;
-    if (QImageReader::allocationLimit() < neededMegabytes) {
-        QImageReader::setAllocationLimit(neededMegabytes);
-    }
+    ShotDocumentArchive::allowLargeImages();
     QImageReader reader(path, "png");
     reader.setDecideFormatFromContent(false);
     const QSize size = reader.size();

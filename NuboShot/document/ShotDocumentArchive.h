@@ -63,6 +63,10 @@ public:
     static ShotDocument read(const QString& folder);
 
     static QString layerFileName(const QUuid& id);
+
+    // Lets Qt's image readers allocate an image as large as a layer may be
+    // (Qt's own ceiling is 256 MB).
+    static void allowLargeImages();
 };
 
 } // namespace nubo

@@ -1,14 +1,12 @@
 #include "document/ShotDocumentCoding.h"
 
+#include "core/Overloaded.h"
+
 #include <cmath>
 
 namespace nubo::coding {
 
 namespace {
-
-template <class... F> struct Overloaded : F... {
-    using F::operator()...;
-};
 
 [[noreturn]] void fail(QString reason)
 {

@@ -1,6 +1,7 @@
 #include "render/ShotRenderer.h"
 
 #include "core/ArrowGeometry.h"
+#include "core/Overloaded.h"
 #include "render/FrameRenderer.h"
 #include "render/ShotFonts.h"
 
@@ -17,10 +18,6 @@
 namespace nubo {
 
 namespace {
-
-template <class... F> struct Overloaded : F... {
-    using F::operator()...;
-};
 
 constexpr qsizetype maximumTextLayouts = 1024;
 

@@ -54,10 +54,7 @@ int archiveNew(const QString& imagePath, const QString& folder)
                         .arg(size.height())
                         .arg(ShotDocumentArchive::maximumImagePixels));
     }
-    constexpr int megabytes = int(ShotDocumentArchive::maximumImagePixels * 4 / (1 << 20)) + 64;
-    if (QImageReader::allocationLimit() < megabytes) {
-        QImageReader::setAllocationLimit(megabytes);
-    }
+    ShotDocumentArchive::allowLargeImages();
     const QImage image = reader.read();
     if (image.isNull()) {
         return fail(QStringLiteral("Could not read the image \u201c%1\u201d: %2.")
