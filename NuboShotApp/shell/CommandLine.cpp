@@ -2,6 +2,7 @@
 
 #include "document/ShotDocumentArchive.h"
 #include "shell/ArchiveCommands.h"
+#include "shell/CaptureCommands.h"
 #include "shell/ExportCommand.h"
 
 #include <QCoreApplication>
@@ -16,6 +17,10 @@ Nubo Shot captures, annotates and records the screen. Without a command it
 starts in the tray of the current desktop session (once per session).
 
 Commands:
+  displays [--json]       list the displays
+  windows [--json]        list the windows that can be captured, front-most first
+  grab fullscreen|window ID|region X,Y,W,H -o FILE
+                          capture the screen into an image file
   archive new IMAGE DIR   store an image as an editable shot archive in DIR
   archive check DIR       read a shot archive and print what it holds
   export DIR -o FILE      render a shot archive to PNG, JPEG, HEIC or WebP
@@ -87,6 +92,15 @@ int run(const QStringList& arguments)
     }
     if (command == QLatin1String("export")) {
         return runExportCommand(arguments.mid(1));
+    }
+    if (command == QLatin1String("displays")) {
+        return runDisplaysCommand(arguments.mid(1));
+    }
+    if (command == QLatin1String("windows")) {
+        return runWindowsCommand(arguments.mid(1));
+    }
+    if (command == QLatin1String("grab")) {
+        return runGrabCommand(arguments.mid(1));
     }
     return usage(QStringLiteral("unknown command \u201c%1\u201d").arg(command));
 }

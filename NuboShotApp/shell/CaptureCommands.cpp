@@ -1,0 +1,271 @@
+#include "shell/CaptureCommands.h"
+
+#include "capture/xcb/XcbScreenCapturer.h"
+#include "export/ShotExporter.h"
+#include "shell/CommandLine.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QPainter>
+
+namespace nubo::cli {
+
+namespace {
+
+const char* const grabHelp = R"(Usage: nuboshot grab fullscreen [--display ID] -o FILE
+       nuboshot grab window ID -o FILE
+       nuboshot grab region X,Y,WIDTH,HEIGHT -o FILE
+
+Captures the screen into an image file; the format follows the file's
+extension (png, jpg, heic, webp). Nubo Shot's own windows never show.
+
+  fullscreen   every display (or the one given by its id, see "nuboshot displays")
+  window ID    one window with its frame, also where other windows cover it
+               (ids as "nuboshot windows" lists them, decimal or 0x…)
+  region       a rectangle in desktop pixels, on the display holding its corner
+  --quality Q  lossy quality from 0 to 1 (default 0.9)
+)";
+
+QJsonArray rectJson(const QRectF& r)
+{
+    return {r.x(), r.y(), r.width(), r.height()};
+}
+
+QString rectText(const QRectF& r)
+{
+    return QStringLiteral("%1,%2 %3\u00d7%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+}
+
+bool wantsJson(const QStringList& arguments, int& status, const char* command)
+{
+    status = success;
+    for (const QString& argument : arguments) {
+        if (argument != QLatin1String("--json")) {
+            status = usage(QStringLiteral("unknown argument \u201c%1\u201d").arg(argument),
+                           QString::fromLatin1(command));
+            return false;
+        }
+    }
+    return !arguments.isEmpty();
+}
+
+std::optional<quint32> parseID(const QString& text)
+{
+    bool ok = false;
+    const quint32 id =
+        text.startsWith(QLatin1String("0x")) ? text.mid(2).toUInt(&ok, 16) : text.toUInt(&ok);
+    return ok ? std::optional(id) : std::nullopt;
+}
+
+// Several displays become one image of the desktop's bounding box.
+QImage combined(const QList<DisplayCapture>& captures)
+{
+    if (captures.size() == 1) {
+        return captures.first().image;
+    }
+    QRect bounds;
+    for (const DisplayCapture& capture : captures) {
+        bounds |= capture.space.captureFrame.toRect();
+    }
+    QImage desktop(bounds.size(), QImage::Format_RGBA8888_Premultiplied);
+    desktop.fill(Qt::transparent);
+    QPainter painter(&desktop);
+    for (const DisplayCapture& capture : captures) {
+        painter.drawImage(capture.space.captureFrame.topLeft() - bounds.topLeft(), capture.image);
+    }
+    return desktop;
+}
+
+} // namespace
+
+int runDisplaysCommand(const QStringList& arguments)
+{
+    int status = success;
+    const bool json = wantsJson(arguments, status, "displays");
+    if (status != success) {
+        return status;
+    }
+    try {
+        XcbScreenCapturer capturer;
+        QJsonArray list;
+        QStringList lines;
+        for (const auto& m : capturer.monitors()) {
+            list.append(QJsonObject{{"id", qint64(m.id)},
+                                    {"name", m.name},
+                                    {"pixels", rectJson(m.geometry)},
+                                    {"frame", rectJson(m.space.globalFrame)},
+                                    {"scale", m.space.scale},
+                                    {"primary", m.primary}});
+            lines << QStringLiteral("%1\t%2\t%3\tscale %4%5")
+                         .arg(m.id)
+                         .arg(m.name, rectText(m.geometry))
+                         .arg(m.space.scale)
+                         .arg(m.primary ? QStringLiteral("\tprimary") : QString());
+        }
+        print(json
+                  ? QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Indented)).trimmed()
+                  : lines.join(QLatin1Char('\n')));
+    } catch (const Error& error) {
+        return failWith(error);
+    }
+    return success;
+}
+
+int runWindowsCommand(const QStringList& arguments)
+{
+    int status = success;
+    const bool json = wantsJson(arguments, status, "windows");
+    if (status != success) {
+        return status;
+    }
+    try {
+        XcbScreenCapturer capturer;
+        QJsonArray list;
+        QStringList lines;
+        for (const CapturableWindow& w : capturer.listWindows(false).windows) {
+            list.append(QJsonObject{{"id", qint64(w.id)},
+                                    {"title", w.title},
+                                    {"application", w.applicationName},
+                                    {"frame", rectJson(w.frame)},
+                                    {"layer", w.layer}});
+            lines << QStringLiteral("0x%1\t%2\t%3\t%4\tlayer %5")
+                         .arg(w.id, 8, 16, QLatin1Char('0'))
+                         .arg(rectText(w.frame), w.applicationName, w.title)
+                         .arg(w.layer);
+        }
+        print(json
+                  ? QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Indented)).trimmed()
+                  : lines.join(QLatin1Char('\n')));
+    } catch (const Error& error) {
+        return failWith(error);
+    }
+    return success;
+}
+
+int runGrabCommand(const QStringList& arguments)
+{
+    const QString help = QStringLiteral("grab");
+    if (arguments.contains(QLatin1String("-h")) || arguments.contains(QLatin1String("--help"))) {
+        std::fputs(grabHelp, stdout);
+        return success;
+    }
+    if (arguments.isEmpty()) {
+        return usage(QStringLiteral("grab needs fullscreen, window ID or region X,Y,W,H"), help);
+    }
+    const QString mode = arguments.first();
+    QStringList rest = arguments.mid(1);
+    QString target;
+    QString output;
+    std::optional<quint32> display;
+    double quality = 0.9;
+    for (qsizetype i = 0; i < rest.size(); ++i) {
+        const QString& argument = rest[i];
+        const bool hasValue = i + 1 < rest.size();
+        if (argument == QLatin1String("-o") || argument == QLatin1String("--output")) {
+            if (!hasValue) {
+                return usage(QStringLiteral("%1 needs a file name").arg(argument), help);
+            }
+            output = rest[++i];
+        } else if (argument == QLatin1String("--display")) {
+            display = hasValue ? parseID(rest[++i]) : std::nullopt;
+            if (!display) {
+                return usage(QStringLiteral("--display needs a display id"), help);
+            }
+        } else if (argument == QLatin1String("--quality")) {
+            bool ok = false;
+            quality = hasValue ? rest[++i].toDouble(&ok) : 0;
+            if (!ok) {
+                return usage(QStringLiteral("--quality needs a number"), help);
+            }
+        } else if (argument.startsWith(QLatin1Char('-'))) {
+            return usage(QStringLiteral("unknown option \u201c%1\u201d").arg(argument), help);
+        } else if (target.isEmpty()) {
+            target = argument;
+        } else {
+            return usage(QStringLiteral("unexpected \u201c%1\u201d").arg(argument), help);
+        }
+    }
+    if (output.isEmpty()) {
+        return usage(QStringLiteral("grab needs -o FILE"), help);
+    }
+    const auto format = formatForFileName(output);
+    if (!format) {
+        return usage(QStringLiteral("cannot tell the format of \u201c%1\u201d from its extension")
+                         .arg(output),
+                     help);
+    }
+    const bool needsTarget = mode == QLatin1String("window") || mode == QLatin1String("region");
+    if (mode != QLatin1String("fullscreen") && !needsTarget) {
+        return usage(QStringLiteral("unknown grab \u201c%1\u201d").arg(mode), help);
+    }
+    if (needsTarget == target.isEmpty()) {
+        return usage(needsTarget ? QStringLiteral("grab %1 needs its target").arg(mode)
+                                 : QStringLiteral("unexpected \u201c%1\u201d").arg(target),
+                     help);
+    }
+
+    try {
+        XcbScreenCapturer capturer;
+        QImage image;
+        double density = 1;
+        if (mode == QLatin1String("fullscreen")) {
+            const QList<DisplayCapture> captures = capturer.captureDisplays(display);
+            image = combined(captures);
+            density = captures.first().space.scale;
+        } else if (mode == QLatin1String("window")) {
+            const auto id = parseID(target);
+            if (!id) {
+                return usage(QStringLiteral("\u201c%1\u201d is not a window id").arg(target), help);
+            }
+            const WindowCapture capture = capturer.captureWindow(*id);
+            image = capture.image;
+            density = capture.scale;
+        } else {
+            const QStringList parts = target.split(QLatin1Char(','));
+            QList<double> numbers;
+            for (const QString& part : parts) {
+                bool ok = false;
+                numbers.append(part.toDouble(&ok));
+                if (!ok) {
+                    numbers.clear();
+                    break;
+                }
+            }
+            if (numbers.size() != 4 || numbers[2] <= 0 || numbers[3] <= 0) {
+                return usage(QStringLiteral("a region is X,Y,WIDTH,HEIGHT"), help);
+            }
+            const QRectF wanted(numbers[0], numbers[1], numbers[2], numbers[3]);
+            std::optional<XcbScreenCapturer::Monitor> on;
+            for (const auto& m : capturer.monitors()) {
+                if (!on && m.space.globalFrame.contains(wanted.topLeft())) {
+                    on = m;
+                }
+            }
+            if (!on) {
+                throw CaptureError(CaptureError::Code::noContent,
+                                   QStringLiteral("no display holds that region"));
+            }
+            ScreenCaptureRegion region;
+            region.sourceRect =
+                wanted.translated(-on->space.globalFrame.topLeft())
+                    .intersected(QRectF(QPointF(0, 0), on->space.globalFrame.size()));
+            region.globalRect = region.sourceRect.translated(on->space.globalFrame.topLeft());
+            region.pixelRect =
+                QRect(QPoint(0, 0),
+                      WindowCaptureFraming::pixelSize(region.sourceRect.size(), on->space.scale));
+            image = capturer.captureRegion(on->id, region);
+            density = on->space.scale;
+        }
+        const ShotDocument document = ShotDocument::fromImage(image, density);
+        ShotExporter::exportShot(document, *format, output, quality,
+                                 ShotExporter::defaultScale(document));
+        print(QFileInfo(output).absoluteFilePath());
+    } catch (const Error& error) {
+        return failWith(error);
+    }
+    return success;
+}
+
+} // namespace nubo::cli
