@@ -4,7 +4,7 @@
 //
 //   test-window --geometry 200x100+10+20 --color ff0000 [--title T] [--class C]
 //               [--type dock|normal|...] [--state above|hidden|...] [--opacity 0..1]
-//               [--override]
+//               [--override] [--undecorated]
 
 #include <csignal>
 #include <cstdio>
@@ -44,11 +44,19 @@ int main(int argc, char** argv)
     std::string title = "Test Window", wmClass = "testwindow", type, state;
     double opacity = -1;
     bool overrideRedirect = false;
-    for (int i = 1; i + 1 < argc || (i < argc && std::strcmp(argv[i], "--override") == 0); ++i) {
+    bool undecorated = false;
+    for (int i = 1; i < argc; ++i) {
         const std::string option = argv[i];
         if (option == "--override") {
             overrideRedirect = true;
             continue;
+        }
+        if (option == "--undecorated") {
+            undecorated = true;
+            continue;
+        }
+        if (i + 1 >= argc) {
+            break;
         }
         const char* value = argv[++i];
         if (option == "--geometry") {
@@ -95,6 +103,11 @@ int main(int argc, char** argv)
     const uint32_t hints[18] = {1 | 2 | 4 | 8, uint32_t(x), uint32_t(y), width, height};
     xcb_change_property(c, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_NORMAL_HINTS,
                         XCB_ATOM_WM_SIZE_HINTS, 32, 18, hints);
+    if (undecorated) {
+        const uint32_t motif[5] = {2, 0, 0, 0, 0}; // decorations: none
+        const xcb_atom_t hints = atom(c, "_MOTIF_WM_HINTS");
+        xcb_change_property(c, XCB_PROP_MODE_REPLACE, window, hints, hints, 32, 5, motif);
+    }
     if (!type.empty()) {
         const xcb_atom_t t = atom(c, "_NET_WM_WINDOW_TYPE_" + upper(type));
         xcb_change_property(c, XCB_PROP_MODE_REPLACE, window, atom(c, "_NET_WM_WINDOW_TYPE"),

@@ -1,0 +1,343 @@
+#include "capture/xcb/XcbScreenCapturer.h"
+#include "support/Process.h"
+#include "support/QtPrinters.h"
+#include "support/RenderFixtures.h"
+
+#include <QDeadlineTimer>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QProcess>
+#include <QRasterWindow>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace nubo {
+namespace {
+
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 5000)
+{
+    const QDeadlineTimer deadline(timeoutMs);
+    while (!condition()) {
+        if (deadline.hasExpired()) {
+            return false;
+        }
+        QCoreApplication::processEvents();
+        QThread::msleep(20);
+    }
+    return true;
+}
+
+// One real X client showing one window, closed when the test is done.
+class TestWindow {
+public:
+    explicit TestWindow(const QStringList& arguments)
+    {
+        m_process.start(QStringLiteral(NUBOSHOT_TEST_WINDOW), arguments);
+        if (m_process.waitForReadyRead(5000)) {
+            id = m_process.readLine().trimmed().toUInt();
+        }
+    }
+    ~TestWindow() { close(); }
+    void close()
+    {
+        m_process.terminate();
+        m_process.waitForFinished(3000);
+    }
+
+    quint32 id = 0;
+
+private:
+    QProcess m_process;
+};
+
+bool isListed(XcbScreenCapturer& capturer, quint32 id)
+{
+    for (const auto& d : capturer.windowDescriptors()) {
+        if (d.window.id == id && d.isOnScreen) {
+            return true;
+        }
+    }
+    return false;
+}
+
+QList<quint32> pickable(XcbScreenCapturer& capturer)
+{
+    QList<quint32> ids;
+    for (const CapturableWindow& w : capturer.listWindows(false).windows) {
+        ids << w.id;
+    }
+    return ids;
+}
+
+// Whether every pixel of the image (or of a part of it) has one colour.
+bool allOf(const QImage& image, QColor color, QRect part = {})
+{
+    const QRect area = part.isNull() ? image.rect() : part;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (image.pixelColor(x, y) != color) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+class Capture : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (qEnvironmentVariableIsEmpty("DISPLAY")) {
+            GTEST_SKIP() << "needs the private desktop session of scripts/test";
+        }
+    }
+    XcbScreenCapturer capturer;
+};
+
+TEST_F(Capture, OffersOnlyWindowsAUserWouldPick)
+{
+    TestWindow normal({"--geometry", "120x90+300+300", "--color", "ff0000", "--undecorated",
+                       "--title", "Normal"});
+    TestWindow dock(
+        {"--geometry", "300x40+300+0", "--color", "0000ff", "--type", "dock", "--title", "Dock"});
+    TestWindow hidden({"--geometry", "120x90+500+300", "--color", "00ff00", "--state", "hidden",
+                       "--title", "Min"});
+    TestWindow seven(
+        {"--geometry", "7x7+700+300", "--color", "00ff00", "--undecorated", "--title", "Seven"});
+    TestWindow eight(
+        {"--geometry", "8x8+720+300", "--color", "00ff00", "--undecorated", "--title", "Eight"});
+    TestWindow transparent(
+        {"--geometry", "50x50+760+300", "--color", "00ff00", "--opacity", "0", "--title", "Clear"});
+    ASSERT_TRUE(
+        waitUntil([&] { return isListed(capturer, normal.id) && isListed(capturer, eight.id); }));
+
+    const QList<quint32> ids = pickable(capturer);
+    EXPECT_TRUE(ids.contains(normal.id));
+    EXPECT_TRUE(ids.contains(eight.id));
+    EXPECT_FALSE(ids.contains(dock.id));
+    EXPECT_FALSE(ids.contains(hidden.id));
+    EXPECT_FALSE(ids.contains(seven.id));
+    EXPECT_FALSE(ids.contains(transparent.id));
+    for (const CapturableWindow& w : capturer.listWindows(false).windows) {
+        EXPECT_NE(w.applicationName, QStringLiteral("Tint2")) << "the panel is never offered";
+    }
+    // The newest window is in front.
+    TestWindow front(
+        {"--geometry", "60x60+310+310", "--color", "ffff00", "--undecorated", "--title", "Front"});
+    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, front.id); }));
+    const QList<quint32> order = pickable(capturer);
+    EXPECT_LT(order.indexOf(front.id), order.indexOf(normal.id));
+    // A window's frame is where it is on screen.
+    for (const CapturableWindow& w : capturer.listWindows(false).windows) {
+        if (w.id == normal.id) {
+            EXPECT_EQ(w.frame, QRectF(300, 300, 120, 90));
+            EXPECT_EQ(w.title, QStringLiteral("Normal"));
+            EXPECT_EQ(w.applicationName, QStringLiteral("testwindow"));
+        }
+    }
+}
+
+TEST_F(Capture, CoveredWindowsShowTheirOwnPixels)
+{
+    TestWindow below({"--geometry", "200x150+100+500", "--color", "ff0000", "--undecorated"});
+    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, below.id); }));
+    TestWindow above({"--geometry", "200x150+150+550", "--color", "00ff00", "--undecorated"});
+    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, above.id); }));
+    QThread::msleep(100);
+
+    const WindowCapture capture = capturer.captureWindow(below.id);
+    EXPECT_EQ(capture.image.size(), QSize(200, 150));
+    EXPECT_EQ(capture.scale, 1.0f);
+    EXPECT_TRUE(allOf(capture.image, QColor(255, 0, 0)));
+    // The display shows the green window over it.
+    const QImage screen = capturer.captureDisplays().first().image;
+    EXPECT_EQ(screen.pixelColor(250, 600), QColor(0, 255, 0));
+    EXPECT_EQ(screen.pixelColor(120, 520), QColor(255, 0, 0));
+    test::saveArtifact(screen, QStringLiteral("capture-display.png"));
+}
+
+TEST_F(Capture, AWindowThatIsGoneHasNoContent)
+{
+    auto window = std::make_unique<TestWindow>(
+        QStringList{"--geometry", "100x100+600+600", "--color", "0000ff"});
+    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, window->id); }));
+    const quint32 id = window->id;
+    window.reset();
+    ASSERT_TRUE(waitUntil([&] { return !isListed(capturer, id); }));
+    try {
+        capturer.captureWindow(id);
+        ADD_FAILURE() << "captured a closed window";
+    } catch (const CaptureError& error) {
+        EXPECT_EQ(error.code(), CaptureError::Code::noContent);
+    }
+}
+
+TEST_F(Capture, OurOwnWindowsNeverShow)
+{
+    TestWindow under({"--geometry", "300x200+900+300", "--color", "ff0000", "--undecorated"});
+    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, under.id); }));
+
+    // A window of this process, plainly visible over the red one.
+    class Magenta : public QRasterWindow {
+    protected:
+        void paintEvent(QPaintEvent*) override
+        {
+            QPainter(this).fillRect(QRect(QPoint(0, 0), size()), QColor(255, 0, 255));
+        }
+    } ours;
+    ours.setFlags(Qt::FramelessWindowHint);
+    ours.setGeometry(950, 350, 150, 100);
+    ours.show();
+    QScreen* screen = QGuiApplication::primaryScreen();
+    ASSERT_TRUE(waitUntil([&] {
+        return screen->grabWindow(0, 1000, 400, 1, 1).toImage().pixelColor(0, 0) ==
+               QColor(255, 0, 255);
+    })) << "our window never showed";
+
+    const QImage display = capturer.captureDisplays().first().image;
+    test::saveArtifact(display, QStringLiteral("capture-without-own-window.png"));
+    EXPECT_TRUE(allOf(display, QColor(255, 0, 0), QRect(950, 350, 150, 100)));
+    ScreenCaptureRegion region{QRect(0, 0, 100, 100), QRectF(975, 375, 100, 100),
+                               QRectF(975, 375, 100, 100)};
+    EXPECT_TRUE(
+        allOf(capturer.captureRegion(capturer.monitors().first().id, region), QColor(255, 0, 0)));
+    // The user still sees it.
+    EXPECT_EQ(screen->grabWindow(0, 1000, 400, 1, 1).toImage().pixelColor(0, 0),
+              QColor(255, 0, 255));
+    // It is not offered, and capturing it by id is refused.
+    EXPECT_FALSE(pickable(capturer).contains(quint32(ours.winId())));
+    EXPECT_THROW(capturer.captureWindow(quint32(ours.winId())), CaptureError);
+}
+
+TEST_F(Capture, MonitorsAreDisplaysAndSpanningWindowsAreFree)
+{
+    const auto xrandr = [](const QStringList& arguments) {
+        QProcess process;
+        process.start(QStringLiteral("xrandr"), arguments);
+        process.waitForFinished(5000);
+        return process.exitCode() == 0;
+    };
+    const auto original = capturer.monitors();
+    ASSERT_TRUE(xrandr({"--setmonitor", "nubo-left", "960/254x1080/286+0+0", "none"}));
+    ASSERT_TRUE(xrandr({"--setmonitor", "nubo-right", "960/254x1080/286+960+0", "none"}));
+    struct Restore {
+        std::function<void()> undo;
+        ~Restore() { undo(); }
+    } restore{[&] {
+        xrandr({"--delmonitor", "nubo-left"});
+        xrandr({"--delmonitor", "nubo-right"});
+    }};
+    QList<QRect> geometries;
+    for (const auto& m : capturer.monitors()) {
+        geometries << m.geometry;
+    }
+    EXPECT_TRUE(geometries.contains(QRect(0, 0, 960, 1080)));
+    EXPECT_TRUE(geometries.contains(QRect(960, 0, 960, 1080)));
+
+    // A window across both is captured whole, by itself.
+    TestWindow across({"--geometry", "200x100+860+700", "--color", "00ffff", "--undecorated"});
+    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, across.id); }));
+    QList<std::pair<quint32, QRectF>> bounds;
+    for (const auto& m : capturer.monitors()) {
+        if (m.geometry.width() == 960) {
+            bounds.append({m.id, QRectF(m.geometry)});
+        }
+    }
+    EXPECT_EQ(WindowCaptureFraming::forWindow({860, 700, 200, 100}, bounds),
+              WindowCaptureFraming{WindowCaptureFraming::Free{}});
+    const WindowCapture capture = capturer.captureWindow(across.id);
+    EXPECT_EQ(capture.image.size(), QSize(200, 100));
+    EXPECT_TRUE(allOf(capture.image, QColor(0, 255, 255)));
+    // Each display captures its own half.
+    for (const DisplayCapture& display : capturer.captureDisplays()) {
+        if (display.space.captureFrame.width() == 960) {
+            EXPECT_EQ(display.image.size(), QSize(960, 1080));
+        }
+    }
+    (void)original;
+}
+
+TEST_F(Capture, RegionStreamsDeliverFramesUntilStopped)
+{
+    TestWindow window({"--geometry", "200x100+40+700", "--color", "ff8000", "--undecorated"});
+    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, window.id); }));
+    const quint32 display = capturer.monitors().first().id;
+    const ScreenCaptureRegion region{QRect(0, 0, 100, 50), QRectF(60, 720, 100, 50),
+                                     QRectF(60, 720, 100, 50)};
+    auto stream = capturer.streamRegion(display, region);
+    for (int i = 0; i < 5; ++i) {
+        const auto frame = stream->next();
+        ASSERT_TRUE(frame.has_value());
+        EXPECT_EQ(frame->image.size(), QSize(100, 50));
+        EXPECT_TRUE(allOf(frame->image, QColor(255, 128, 0)));
+    }
+    QElapsedTimer stopping;
+    stopping.start();
+    stream->stopCapture();
+    EXPECT_EQ(stream->next(), std::nullopt);
+    stream.reset();
+    EXPECT_LT(stopping.elapsed(), 500);
+    const ScreenCaptureRegion outside{QRect(0, 0, 10, 10), QRectF(5000, 5000, 10, 10), QRectF()};
+    EXPECT_THROW(capturer.streamRegion(display, outside), CaptureError);
+}
+
+TEST_F(Capture, GrabCommandsWriteWhatIsOnScreen)
+{
+    TestWindow window({"--geometry", "160x120+1200+600", "--color", "8000ff", "--undecorated"});
+    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, window.id); }));
+    QTemporaryDir dir;
+    struct Case {
+        QStringList arguments;
+        int exitCode;
+        QSize size;
+        QPoint probe;
+        QColor color;
+    };
+    const QString png = dir.filePath(QStringLiteral("grab.png"));
+    const Case cases[] = {
+        {{"grab", "window", QString::number(window.id), "-o", png},
+         0,
+         {160, 120},
+         {80, 60},
+         QColor(128, 0, 255)},
+        {{"grab", "window", QStringLiteral("0x%1").arg(window.id, 0, 16), "-o", png},
+         0,
+         {160, 120},
+         {0, 0},
+         QColor(128, 0, 255)},
+        {{"grab", "region", "1190,590,40,30", "-o", png},
+         0,
+         {40, 30},
+         {20, 20},
+         QColor(128, 0, 255)},
+        {{"grab", "fullscreen", "-o", png}, 0, {1920, 1080}, {1250, 650}, QColor(128, 0, 255)},
+        {{"grab", "window", "0x1", "-o", png}, 1, {}, {}, {}},
+        {{"grab", "window", "-o", png}, 2, {}, {}, {}},
+        {{"grab", "fullscreen", "-o", dir.filePath("x.gif")}, 2, {}, {}, {}},
+        {{"grab", "fullscreen", "--display", "999999", "-o", png}, 1, {}, {}, {}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.arguments.join(u' ').toStdString());
+        QFile::remove(png);
+        const auto result = test::runNuboShot(c.arguments);
+        EXPECT_EQ(result.exitCode, c.exitCode) << result.err.toStdString();
+        if (c.exitCode == 0) {
+            const QImage image(png);
+            EXPECT_EQ(image.size(), c.size);
+            EXPECT_EQ(image.pixelColor(c.probe), c.color);
+        }
+    }
+    const auto listed = test::runNuboShot({"windows"});
+    EXPECT_TRUE(
+        listed.out.contains(QStringLiteral("0x%1").arg(window.id, 8, 16, QLatin1Char('0'))));
+    const auto displays = test::runNuboShot({"displays", "--json"});
+    EXPECT_TRUE(displays.out.contains(QStringLiteral("\"pixels\"")));
+}
+
+} // namespace
+} // namespace nubo
