@@ -44,12 +44,26 @@ void ShotExporter::exportShot(ShotRenderer& renderer, const ShotDocument& docume
                               ShotFormat format, const QString& path, double quality, double scale)
 {
     validate(document, quality, scale);
-    const QImage image = renderer.render(document, scale);
+    // A bare capture at its own density is its image: nothing to draw.
+    const QImage image = isBareCapture(document, scale) ? document.layers.first().image
+                                                        : renderer.render(document, scale);
     if (image.isNull()) {
         throw ImageWriterError(QFileInfo(path).fileName(),
                                QStringLiteral("there is not enough memory to draw it"));
     }
     ImageWriter::write(image, writerFormat(format), quality, scale, path);
+}
+
+bool ShotExporter::isBareCapture(const ShotDocument& document, double scale)
+{
+    if (document.layers.size() != 1 || !document.annotations.isEmpty() || document.frame) {
+        return false;
+    }
+    const ImageLayer& layer = document.layers.first();
+    const QRectF visible = (document.crop ? *document.crop : document.canvasBounds).normalized();
+    return visible == layer.frame && layer.frame.topLeft() == QPointF(0, 0) &&
+           QSizeF(layer.image.size()) == layer.frame.size() * scale &&
+           layer.image.format() == QImage::Format_RGBA8888_Premultiplied;
 }
 
 double ShotExporter::defaultScale(const ShotDocument& document)

@@ -41,6 +41,10 @@ public:
     static void exportShot(ShotRenderer& renderer, const ShotDocument& document, ShotFormat format,
                            const QString& path, double quality, double scale);
 
+    // A single image with nothing on it, exported at its own density: its
+    // pixels are the export.
+    static bool isBareCapture(const ShotDocument& document, double scale);
+
     // The scale a shot exports at by default: 2 for a capture taken at two
     // pixels per point (or more), else 1.
     static double defaultScale(const ShotDocument& document);

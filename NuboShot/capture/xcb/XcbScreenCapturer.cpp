@@ -1,5 +1,6 @@
 #include "capture/xcb/XcbScreenCapturer.h"
 
+#include "capture/xcb/PixelConversion.h"
 #include "core/Logging.h"
 
 #include <QElapsedTimer>
@@ -279,22 +280,60 @@ struct XcbScreenCapturer::Connection {
         }
         const xcb_window_t* list = xcb_query_tree_children(tree.get());
         const int count = xcb_query_tree_children_length(tree.get());
+        // Every request is sent before any reply is read: a handful of round
+        // trips for the whole desktop instead of several per window.
+        std::vector<xcb_get_window_attributes_cookie_t> attributes(static_cast<size_t>(count));
         for (int i = 0; i < count; ++i) {
+            attributes[size_t(i)] = xcb_get_window_attributes(c, list[i]);
+        }
+        std::vector<xcb_window_t> viewable;
+        for (int i = 0; i < count; ++i) {
+            auto a = reply(xcb_get_window_attributes_reply(c, attributes[size_t(i)], nullptr));
+            if (a && a->map_state == XCB_MAP_STATE_VIEWABLE) {
+                viewable.push_back(list[i]);
+            }
+        }
+        std::vector<xcb_get_geometry_cookie_t> geometries;
+        std::vector<xcb_get_property_cookie_t> pids;
+        std::vector<xcb_query_tree_cookie_t> trees;
+        for (const xcb_window_t window : viewable) {
+            geometries.push_back(xcb_get_geometry(c, window));
+            pids.push_back(xcb_get_property(c, 0, window, atoms[wmPid], XCB_ATOM_CARDINAL, 0, 1));
+            trees.push_back(xcb_query_tree(c, window));
+        }
+        std::vector<std::vector<xcb_get_property_cookie_t>> clientPids(viewable.size());
+        for (size_t i = 0; i < viewable.size(); ++i) {
             RootChild child;
-            child.window = list[i];
-            auto attributes = reply(
-                xcb_get_window_attributes_reply(c, xcb_get_window_attributes(c, list[i]), nullptr));
-            child.viewable = attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
-            if (!child.viewable) {
-                continue;
+            child.window = viewable[i];
+            child.viewable = true;
+            if (auto g = reply(xcb_get_geometry_reply(c, geometries[i], nullptr))) {
+                const int bw = g->border_width;
+                child.rect = QRect(g->x, g->y, g->width + 2 * bw, g->height + 2 * bw);
             }
-            if (auto g = geometry(list[i])) {
-                child.rect = g->first;
+            child.own = pidOf(pids[i]) == quint32(ownProcessID);
+            if (auto t = reply(xcb_query_tree_reply(c, trees[i], nullptr))) {
+                const xcb_window_t* inner = xcb_query_tree_children(t.get());
+                for (int k = 0; k < xcb_query_tree_children_length(t.get()); ++k) {
+                    clientPids[i].push_back(xcb_get_property(c, 0, inner[k], atoms[wmPid], XCB_ATOM_CARDINAL, 0, 1));
+                }
             }
-            child.own = belongsTo(list[i], ownProcessID);
             children.append(child);
         }
+        for (size_t i = 0; i < viewable.size(); ++i) {
+            for (const auto cookie : clientPids[i]) {
+                children[qsizetype(i)].own = pidOf(cookie) == quint32(ownProcessID) || children[qsizetype(i)].own;
+            }
+        }
         return children;
+    }
+
+    std::optional<quint32> pidOf(xcb_get_property_cookie_t cookie)
+    {
+        auto r = reply(xcb_get_property_reply(c, cookie, nullptr));
+        if (!r || r->type != XCB_ATOM_CARDINAL || xcb_get_property_value_length(r.get()) < 4) {
+            return std::nullopt;
+        }
+        return *static_cast<const quint32*>(xcb_get_property_value(r.get()));
     }
 
     // Whether a top-level window (or the client window in it) is ours.
@@ -362,12 +401,7 @@ namespace {
 // whatever the server left in the padding byte.
 QImage toEngineFormat(const QImage& pixels)
 {
-    if (pixels.format() == QImage::Format_RGB32) {
-        QImage rgbx = pixels.convertToFormat(QImage::Format_RGBX8888);
-        rgbx.reinterpretAsFormat(QImage::Format_RGBA8888_Premultiplied);
-        return rgbx;
-    }
-    return pixels.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    return xPixelsToRgba(pixels, pixels.format() == QImage::Format_ARGB32_Premultiplied);
 }
 
 qint32 ownProcessID()
