@@ -1,5 +1,7 @@
 #include "export/PngEncoder.h"
 
+#include "export/DeflateSplice.h"
+
 #include <QtEndian>
 
 #include <libdeflate.h>
@@ -198,6 +200,56 @@ void filterRow(const uint8_t* row, const uint8_t* prior, size_t size, size_t bpp
     }
 }
 
+std::vector<uint8_t> rawDeflate(const uint8_t* data, size_t size, int level)
+{
+    std::unique_ptr<libdeflate_compressor, CompressorDeleter> compressor(
+        libdeflate_alloc_compressor(level));
+    if (!compressor) {
+        return {};
+    }
+    std::vector<uint8_t> out(libdeflate_deflate_compress_bound(compressor.get(), size));
+    out.resize(libdeflate_deflate_compress(compressor.get(), data, size, out.data(), out.size()));
+    return out;
+}
+
+// A zlib stream of the data. Large inputs are compressed in two halves on two
+// threads and the halves joined into one stream, as pigz does.
+std::vector<uint8_t> zlibCompress(const uint8_t* data, size_t size, int level)
+{
+    std::vector<uint8_t> deflated;
+    try {
+        if (size >= (size_t(4) << 20)) {
+            std::vector<std::vector<uint8_t>> halves(2);
+            const size_t middle = size / 2;
+            std::thread second(
+                [&] { halves[1] = rawDeflate(data + middle, size - middle, level); });
+            halves[0] = rawDeflate(data, middle, level);
+            second.join();
+            if (!halves[0].empty() && !halves[1].empty()) {
+                deflated = spliceDeflateStreams(halves);
+            }
+        }
+        if (deflated.empty()) {
+            deflated = rawDeflate(data, size, level);
+        }
+    } catch (const std::bad_alloc&) {
+        return {};
+    }
+    if (deflated.empty()) {
+        return {};
+    }
+    std::vector<uint8_t> out;
+    out.reserve(deflated.size() + 6);
+    out.push_back(0x78); // deflate, 32 KiB window
+    out.push_back(0x9C); // default level; header check
+    out.insert(out.end(), deflated.begin(), deflated.end());
+    const uint32_t adler = libdeflate_adler32(1, data, size);
+    for (int shift = 24; shift >= 0; shift -= 8) {
+        out.push_back(uint8_t(adler >> shift));
+    }
+    return out;
+}
+
 } // namespace
 
 bool PngEncoder::isOpaque(const QImage& image)
@@ -293,22 +345,13 @@ QByteArray PngEncoder::encode(const QImage& image, const Options& options)
         filterRows(0, height);
     }
 
-    std::unique_ptr<libdeflate_compressor, CompressorDeleter> compressor(
-        libdeflate_alloc_compressor(options.level));
-    if (!compressor) {
-        return {};
-    }
-    const size_t bound = libdeflate_zlib_compress_bound(compressor.get(), filteredSize);
-    std::unique_ptr<uint8_t[]> compressed(new (std::nothrow) uint8_t[bound]);
-    if (!compressed) {
-        return {};
-    }
-    const size_t compressedSize = libdeflate_zlib_compress(compressor.get(), filteredRows.get(),
-                                                           filteredSize, compressed.get(), bound);
-    if (compressedSize == 0) {
-        return {};
-    }
+    const std::vector<uint8_t> compressed =
+        zlibCompress(filteredRows.get(), filteredSize, options.level);
     filteredRows.reset();
+    if (compressed.empty()) {
+        return {};
+    }
+    const size_t compressedSize = compressed.size();
 
     QByteArray out;
     out.reserve(qsizetype(compressedSize) + 128);
@@ -335,7 +378,7 @@ QByteArray PngEncoder::encode(const QImage& image, const Options& options)
     // One IDAT chunk holds at most 2^31 - 1 bytes.
     constexpr size_t maximumChunk = 0x7FFFFFFF;
     for (size_t at = 0; at < compressedSize; at += maximumChunk) {
-        appendChunk(out, "IDAT", compressed.get() + at,
+        appendChunk(out, "IDAT", compressed.data() + at,
                     std::min(maximumChunk, compressedSize - at));
     }
     appendChunk(out, "IEND", nullptr, 0);

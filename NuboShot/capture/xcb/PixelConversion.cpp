@@ -6,7 +6,8 @@ namespace nubo {
 
 namespace {
 
-void convertRows(const QImage& in, QImage& out, int first, int last, uint32_t alphaMask, uint32_t alphaFill)
+void convertRows(const QImage& in, QImage& out, int first, int last, uint32_t alphaMask,
+                 uint32_t alphaFill)
 {
     const int width = in.width();
     for (int y = first; y < last; ++y) {
@@ -14,7 +15,8 @@ void convertRows(const QImage& in, QImage& out, int first, int last, uint32_t al
         auto* __restrict target = reinterpret_cast<uint32_t*>(out.scanLine(y));
         for (int x = 0; x < width; ++x) {
             const uint32_t p = source[x]; // 0xAARRGGBB
-            target[x] = (p & alphaMask) | alphaFill | ((p & 0xFFu) << 16) | (p & 0xFF00u) | ((p >> 16) & 0xFFu);
+            target[x] = (p & alphaMask) | alphaFill | ((p & 0xFFu) << 16) | (p & 0xFF00u) |
+                        ((p >> 16) & 0xFFu);
         }
     }
 }

@@ -314,14 +314,16 @@ struct XcbScreenCapturer::Connection {
             if (auto t = reply(xcb_query_tree_reply(c, trees[i], nullptr))) {
                 const xcb_window_t* inner = xcb_query_tree_children(t.get());
                 for (int k = 0; k < xcb_query_tree_children_length(t.get()); ++k) {
-                    clientPids[i].push_back(xcb_get_property(c, 0, inner[k], atoms[wmPid], XCB_ATOM_CARDINAL, 0, 1));
+                    clientPids[i].push_back(
+                        xcb_get_property(c, 0, inner[k], atoms[wmPid], XCB_ATOM_CARDINAL, 0, 1));
                 }
             }
             children.append(child);
         }
         for (size_t i = 0; i < viewable.size(); ++i) {
             for (const auto cookie : clientPids[i]) {
-                children[qsizetype(i)].own = pidOf(cookie) == quint32(ownProcessID) || children[qsizetype(i)].own;
+                children[qsizetype(i)].own =
+                    pidOf(cookie) == quint32(ownProcessID) || children[qsizetype(i)].own;
             }
         }
         return children;
