@@ -1,9 +1,11 @@
 #include "shell/CaptureCommands.h"
 
 #include "capture/xcb/XcbScreenCapturer.h"
+#include "core/Logging.h"
 #include "export/ShotExporter.h"
 #include "shell/CommandLine.h"
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -207,6 +209,8 @@ int runGrabCommand(const QStringList& arguments)
     }
 
     try {
+        QElapsedTimer clock;
+        clock.start();
         XcbScreenCapturer capturer;
         QImage image;
         double density = 1;
@@ -258,9 +262,12 @@ int runGrabCommand(const QStringList& arguments)
             image = capturer.captureRegion(on->id, region);
             density = on->space.scale;
         }
+        const qint64 captured = clock.elapsed();
         const ShotDocument document = ShotDocument::fromImage(image, density);
         ShotExporter::exportShot(document, *format, output, quality,
                                  ShotExporter::defaultScale(document));
+        qCDebug(lcCapture) << "Grab: captured in" << captured << "ms, written in"
+                           << clock.elapsed() - captured << "ms";
         print(QFileInfo(output).absoluteFilePath());
     } catch (const Error& error) {
         return failWith(error);

@@ -137,17 +137,28 @@ struct XcbScreenCapturer::Connection {
         if (compositeData && compositeData->present) {
             auto version = reply(xcb_composite_query_version_reply(
                 c, xcb_composite_query_version(c, 0, 4), nullptr));
-            // Keep every top-level window's pixels while we are connected.
-            composite =
-                version && (version->major_version > 0 || version->minor_version >= 2) &&
-                !reply(xcb_request_check(c, xcb_composite_redirect_subwindows_checked(
-                                                c, root, XCB_COMPOSITE_REDIRECT_AUTOMATIC)));
-            redirected.start();
+            composite = version && (version->major_version > 0 || version->minor_version >= 2);
         }
         if (!composite) {
             qCWarning(lcCapture)
                 << "The X server has no Composite extension: covered windows cannot be captured";
         }
+    }
+
+    // Has the server keep every top-level window's pixels while we are
+    // connected. Asked for only when needed: redirecting costs the server a
+    // copy of every window.
+    void redirect()
+    {
+        if (!composite || redirected.isValid()) {
+            return;
+        }
+        if (reply(xcb_request_check(c, xcb_composite_redirect_subwindows_checked(
+                                           c, root, XCB_COMPOSITE_REDIRECT_AUTOMATIC)))) {
+            composite = false;
+            return;
+        }
+        redirected.start();
     }
 
     ~Connection()
@@ -593,7 +604,11 @@ QImage XcbScreenCapturer::grabRoot(const QRect& pixels)
             own += child.rect.intersected(pixels);
         }
     }
-    if (own.isEmpty() || !x.composite) {
+    if (own.isEmpty()) {
+        return image;
+    }
+    x.redirect();
+    if (!x.composite) {
         return image;
     }
     QPainter painter(&image);
@@ -686,6 +701,7 @@ WindowCapture XcbScreenCapturer::captureWindow(quint32 windowID)
     }
 
     QImage image;
+    x.redirect();
     if (x.composite) {
         // Windows redirected only just now may still be repainting.
         if (x.redirected.isValid() && x.redirected.elapsed() < 150) {
@@ -762,6 +778,12 @@ QImage XcbScreenCapturer::captureRegion(quint32 display, const ScreenCaptureRegi
     }
     throw CaptureError(CaptureError::Code::noContent,
                        QStringLiteral("there is no display %1").arg(display));
+}
+
+void XcbScreenCapturer::keepWindowPixels()
+{
+    const std::lock_guard lock(m_lock);
+    connection().redirect();
 }
 
 void XcbScreenCapturer::probe()

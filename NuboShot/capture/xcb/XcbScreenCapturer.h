@@ -15,8 +15,8 @@ namespace nubo {
 //
 // The program's own windows never show in a capture: where one of them lies
 // over the captured area, that area is painted again from the pixels of the
-// windows under it (all top-level windows are redirected, so their pixels are
-// kept), and the user sees nothing happen.
+// windows under it (top-level windows are redirected, so the server keeps
+// their pixels), and the user sees nothing happen.
 class XcbScreenCapturer : public ScreenCapturing, public ScreenRegionStreaming {
 public:
     // Pixels per point of the monitor with this pixel geometry (the app
@@ -46,6 +46,12 @@ public:
     QImage captureRegion(quint32 display, const ScreenCaptureRegion& region) override;
     std::unique_ptr<ScreenRegionStream> streamRegion(quint32 display,
                                                      const ScreenCaptureRegion& region) override;
+
+    // From now on the server keeps the pixels of every window, also where
+    // they are covered; the tray application asks for this at start so that
+    // window captures and the painting-away of its own windows are exact.
+    // (Without it, windows are redirected on the first capture that needs it.)
+    void keepWindowPixels();
 
     // A 1 × 1 capture of the root window; throws when it fails.
     void probe();
