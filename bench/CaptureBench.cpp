@@ -35,14 +35,16 @@ void BM_RegionStream1080p(benchmark::State& state)
 {
     XcbScreenCapturer capturer;
     const quint32 display = capturer.monitors().first().id;
-    const ScreenCaptureRegion region{QRect(0, 0, 1920, 1080), QRectF(0, 0, 1920, 1080), QRectF(0, 0, 1920, 1080)};
+    const ScreenCaptureRegion region{QRect(0, 0, 1920, 1080), QRectF(0, 0, 1920, 1080),
+                                     QRectF(0, 0, 1920, 1080)};
     auto stream = capturer.streamRegion(display, region);
     for (auto _ : state) {
         auto frame = stream->next();
         benchmark::DoNotOptimize(frame);
     }
     stream->stopCapture();
-    state.counters["frames_per_s"] = benchmark::Counter(double(state.iterations()), benchmark::Counter::kIsRate);
+    state.counters["frames_per_s"] =
+        benchmark::Counter(double(state.iterations()), benchmark::Counter::kIsRate);
 }
 BENCHMARK(BM_RegionStream1080p)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(3);
 

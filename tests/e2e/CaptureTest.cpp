@@ -132,6 +132,11 @@ TEST_F(Capture, OffersOnlyWindowsAUserWouldPick)
     ASSERT_TRUE(waitUntil([&] { return isListed(capturer, front.id); }));
     const QList<quint32> order = pickable(capturer);
     EXPECT_LT(order.indexOf(front.id), order.indexOf(normal.id));
+    // Previews for picking show the window itself.
+    const WindowCaptureSnapshot snapshot = capturer.listWindows(true);
+    ASSERT_TRUE(snapshot.previews.contains(normal.id));
+    EXPECT_EQ(snapshot.previews.value(normal.id).size(), QSize(120, 90));
+    EXPECT_EQ(snapshot.previews.value(normal.id).pixelColor(60, 45), QColor(255, 0, 0));
     // A window's frame is where it is on screen.
     for (const CapturableWindow& w : capturer.listWindows(false).windows) {
         if (w.id == normal.id) {
