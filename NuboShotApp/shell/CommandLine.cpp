@@ -74,6 +74,11 @@ bool isHeadless(const QStringList& arguments)
     return !arguments.isEmpty();
 }
 
+bool needsFonts(const QStringList& arguments)
+{
+    return !arguments.isEmpty() && arguments.first() == QLatin1String("export");
+}
+
 int run(const QStringList& arguments)
 {
     Q_ASSERT(!arguments.isEmpty());

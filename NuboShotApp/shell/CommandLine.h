@@ -15,6 +15,9 @@ enum Exit { success = 0, failure = 1, badUsage = 2 };
 // application (help, version and the headless subcommands).
 bool isHeadless(const QStringList& arguments);
 
+// Whether a headless command may draw text (and so needs fonts).
+bool needsFonts(const QStringList& arguments);
+
 // Runs a headless command; arguments exclude the program name.
 int run(const QStringList& arguments);
 

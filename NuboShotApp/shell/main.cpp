@@ -14,9 +14,14 @@ int main(int argc, char** argv)
         arguments << QString::fromLocal8Bit(argv[i]);
     }
     if (nubo::cli::isHeadless(arguments)) {
-        // Commands draw and encode without a screen.
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        QGuiApplication app(argc, argv);
+        // Commands draw and encode without a screen; only drawing text needs
+        // the (slower to start) GUI application with its fonts.
+        if (nubo::cli::needsFonts(arguments)) {
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+            QGuiApplication app(argc, argv);
+            return nubo::cli::run(arguments);
+        }
+        QCoreApplication app(argc, argv);
         return nubo::cli::run(arguments);
     }
 

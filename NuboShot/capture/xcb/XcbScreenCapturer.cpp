@@ -11,6 +11,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <cstdlib>
+#include <cstring>
 #include <sys/ipc.h>
 #include <sys/shm.h>
 #include <thread>
@@ -200,6 +201,12 @@ struct XcbScreenCapturer::Connection {
             shm = false;
             return false;
         }
+        // Touch the new segment on two threads, so that the server finds its
+        // pages already there instead of faulting them in one by one.
+        const size_t half = size / 2 / 4096 * 4096;
+        std::thread second([this, half, size] { std::memset(shmData + half, 0, size - half); });
+        std::memset(shmData, 0, half);
+        second.join();
         shmSeg = xcb_generate_id(c);
         if (reply(xcb_request_check(c, xcb_shm_attach_checked(c, shmSeg, uint32_t(shmId), 0)))) {
             shmdt(shmData);
