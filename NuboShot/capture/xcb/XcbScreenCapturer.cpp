@@ -729,9 +729,15 @@ WindowCapture XcbScreenCapturer::captureWindow(quint32 windowID)
         }
         xcb_free_pixmap(x.c, pixmap);
     } else {
-        image =
-            toEngineFormat(x.grab(x.root, rect.intersected(displays.first().geometry.united(rect)),
-                                  x.screen->root_depth));
+        // Without Composite only what is on screen can be had: the window's
+        // rectangle of the root, as far as it lies on the screen.
+        const QRect visible =
+            rect.intersected(QRect(0, 0, x.screen->width_in_pixels, x.screen->height_in_pixels));
+        if (visible.isEmpty()) {
+            throw CaptureError(CaptureError::Code::noContent,
+                               QStringLiteral("window %1 is off screen").arg(windowID));
+        }
+        image = toEngineFormat(x.grab(x.root, visible, x.screen->root_depth));
     }
 
     // Outside its shape a window is transparent.
