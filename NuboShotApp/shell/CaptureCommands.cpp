@@ -12,6 +12,9 @@
 #include <QJsonObject>
 #include <QPainter>
 
+#include <cstring>
+#include <functional>
+
 namespace nubo::cli {
 
 namespace {
@@ -82,32 +85,34 @@ QImage combined(const QList<DisplayCapture>& captures)
 
 } // namespace
 
-int runDisplaysCommand(const QStringList& arguments)
+namespace {
+
+// A listing command: plain lines, or the same rows as JSON with --json.
+int runListing(const QStringList& arguments, const char* command,
+               const std::function<void(XcbScreenCapturer&, QJsonArray&, QStringList&)>& list)
 {
+    if (arguments.contains(QLatin1String("-h")) || arguments.contains(QLatin1String("--help"))) {
+        print(QStringLiteral("Usage: nuboshot %1 [--json]\n\n%2")
+                  .arg(QLatin1String(command),
+                       std::strcmp(command, "displays") == 0
+                           ? QStringLiteral("Lists the displays: id, name, pixels, scale.")
+                           : QStringLiteral(
+                                 "Lists the windows that can be captured, front-most first: "
+                                 "id, frame, application, title, layer.")));
+        return success;
+    }
     int status = success;
-    const bool json = wantsJson(arguments, status, "displays");
+    const bool json = wantsJson(arguments, status, command);
     if (status != success) {
         return status;
     }
     try {
         XcbScreenCapturer capturer;
-        QJsonArray list;
+        QJsonArray rows;
         QStringList lines;
-        for (const auto& m : capturer.monitors()) {
-            list.append(QJsonObject{{"id", qint64(m.id)},
-                                    {"name", m.name},
-                                    {"pixels", rectJson(m.geometry)},
-                                    {"frame", rectJson(m.space.globalFrame)},
-                                    {"scale", m.space.scale},
-                                    {"primary", m.primary}});
-            lines << QStringLiteral("%1\t%2\t%3\tscale %4%5")
-                         .arg(m.id)
-                         .arg(m.name, rectText(m.geometry))
-                         .arg(m.space.scale)
-                         .arg(m.primary ? QStringLiteral("\tprimary") : QString());
-        }
+        list(capturer, rows, lines);
         print(json
-                  ? QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Indented)).trimmed()
+                  ? QString::fromUtf8(QJsonDocument(rows).toJson(QJsonDocument::Indented)).trimmed()
                   : lines.join(QLatin1Char('\n')));
     } catch (const Error& error) {
         return failWith(error);
@@ -115,35 +120,45 @@ int runDisplaysCommand(const QStringList& arguments)
     return success;
 }
 
+} // namespace
+
+int runDisplaysCommand(const QStringList& arguments)
+{
+    return runListing(arguments, "displays",
+                      [](XcbScreenCapturer& capturer, QJsonArray& rows, QStringList& lines) {
+                          for (const auto& m : capturer.monitors()) {
+                              rows.append(QJsonObject{{"id", qint64(m.id)},
+                                                      {"name", m.name},
+                                                      {"pixels", rectJson(m.geometry)},
+                                                      {"frame", rectJson(m.space.globalFrame)},
+                                                      {"scale", m.space.scale},
+                                                      {"primary", m.primary}});
+                              lines
+                                  << QStringLiteral("%1\t%2\t%3\tscale %4%5")
+                                         .arg(m.id)
+                                         .arg(m.name, rectText(m.geometry))
+                                         .arg(m.space.scale)
+                                         .arg(m.primary ? QStringLiteral("\tprimary") : QString());
+                          }
+                      });
+}
+
 int runWindowsCommand(const QStringList& arguments)
 {
-    int status = success;
-    const bool json = wantsJson(arguments, status, "windows");
-    if (status != success) {
-        return status;
-    }
-    try {
-        XcbScreenCapturer capturer;
-        QJsonArray list;
-        QStringList lines;
-        for (const CapturableWindow& w : capturer.listWindows(false).windows) {
-            list.append(QJsonObject{{"id", qint64(w.id)},
-                                    {"title", w.title},
-                                    {"application", w.applicationName},
-                                    {"frame", rectJson(w.frame)},
-                                    {"layer", w.layer}});
-            lines << QStringLiteral("0x%1\t%2\t%3\t%4\tlayer %5")
-                         .arg(w.id, 8, 16, QLatin1Char('0'))
-                         .arg(rectText(w.frame), w.applicationName, w.title)
-                         .arg(w.layer);
-        }
-        print(json
-                  ? QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Indented)).trimmed()
-                  : lines.join(QLatin1Char('\n')));
-    } catch (const Error& error) {
-        return failWith(error);
-    }
-    return success;
+    return runListing(arguments, "windows",
+                      [](XcbScreenCapturer& capturer, QJsonArray& rows, QStringList& lines) {
+                          for (const CapturableWindow& w : capturer.listWindows(false).windows) {
+                              rows.append(QJsonObject{{"id", qint64(w.id)},
+                                                      {"title", w.title},
+                                                      {"application", w.applicationName},
+                                                      {"frame", rectJson(w.frame)},
+                                                      {"layer", w.layer}});
+                              lines << QStringLiteral("0x%1\t%2\t%3\t%4\tlayer %5")
+                                           .arg(w.id, 8, 16, QLatin1Char('0'))
+                                           .arg(rectText(w.frame), w.applicationName, w.title)
+                                           .arg(w.layer);
+                          }
+                      });
 }
 
 int runGrabCommand(const QStringList& arguments)
