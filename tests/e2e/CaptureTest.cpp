@@ -15,6 +15,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <xcb/xcb.h>
 
 namespace nubo {
 namespace {
@@ -220,6 +221,38 @@ TEST_F(Capture, OurOwnWindowsNeverShow)
     // It is not offered, and capturing it by id is refused.
     EXPECT_FALSE(pickable(capturer).contains(quint32(ours.winId())));
     EXPECT_THROW(capturer.captureWindow(quint32(ours.winId())), CaptureError);
+}
+
+TEST_F(Capture, OurWindowEmbeddedInAnotherDoesNotMakeItOurs)
+{
+    // Like our tray icon inside the panel: a window of ours inside another
+    // client's window. The other window must stay in captures.
+    capturer.keepWindowPixels();
+    // An unframed host, as a panel may be: our window is its direct child.
+    TestWindow host({"--geometry", "200x100+1300+200", "--color", "00ff00", "--override"});
+    QThread::msleep(100); // override-redirect windows are never listed: just wait
+    xcb_connection_t* c = xcb_connect(nullptr, nullptr);
+    ASSERT_FALSE(xcb_connection_has_error(c));
+    const xcb_window_t icon = xcb_generate_id(c);
+    const uint32_t magenta = 0xff00ff;
+    xcb_create_window(c, XCB_COPY_FROM_PARENT, icon, host.id, 10, 10, 22, 22, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_BACK_PIXEL,
+                      &magenta);
+    xcb_intern_atom_reply_t* pidAtom =
+        xcb_intern_atom_reply(c, xcb_intern_atom(c, 0, 11, "_NET_WM_PID"), nullptr);
+    const uint32_t pid = uint32_t(QCoreApplication::applicationPid());
+    xcb_change_property(c, XCB_PROP_MODE_REPLACE, icon, pidAtom->atom, XCB_ATOM_CARDINAL, 32, 1,
+                        &pid);
+    std::free(pidAtom);
+    xcb_map_window(c, icon);
+    xcb_flush(c);
+    QThread::msleep(100);
+
+    const QImage display = capturer.captureDisplays().first().image;
+    EXPECT_EQ(display.pixelColor(1400, 280), QColor(0, 255, 0))
+        << "the host window was painted away";
+    EXPECT_NO_THROW(capturer.captureWindow(host.id));
+    xcb_disconnect(c);
 }
 
 TEST_F(Capture, MonitorsAreDisplaysAndSpanningWindowsAreFree)

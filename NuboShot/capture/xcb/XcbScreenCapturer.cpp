@@ -319,7 +319,14 @@ struct XcbScreenCapturer::Connection {
             pids.push_back(xcb_get_property(c, 0, window, atoms[wmPid], XCB_ATOM_CARDINAL, 0, 1));
             trees.push_back(xcb_query_tree(c, window));
         }
-        std::vector<std::vector<xcb_get_property_cookie_t>> clientPids(viewable.size());
+        // A window manager's frame is ours when the client in it (the child
+        // that carries WM_STATE) is; windows embedded deeper, like a tray
+        // icon inside a panel, do not make the panel ours.
+        struct ClientCookies {
+            xcb_get_property_cookie_t state;
+            xcb_get_property_cookie_t pid;
+        };
+        std::vector<std::vector<ClientCookies>> clients(viewable.size());
         for (size_t i = 0; i < viewable.size(); ++i) {
             RootChild child;
             child.window = viewable[i];
@@ -332,19 +339,29 @@ struct XcbScreenCapturer::Connection {
             if (auto t = reply(xcb_query_tree_reply(c, trees[i], nullptr))) {
                 const xcb_window_t* inner = xcb_query_tree_children(t.get());
                 for (int k = 0; k < xcb_query_tree_children_length(t.get()); ++k) {
-                    clientPids[i].push_back(
-                        xcb_get_property(c, 0, inner[k], atoms[wmPid], XCB_ATOM_CARDINAL, 0, 1));
+                    clients[i].push_back(
+                        {xcb_get_property(c, 0, inner[k], atoms[icccmState], XCB_ATOM_ANY, 0, 0),
+                         xcb_get_property(c, 0, inner[k], atoms[wmPid], XCB_ATOM_CARDINAL, 0, 1)});
                 }
             }
             children.append(child);
         }
         for (size_t i = 0; i < viewable.size(); ++i) {
-            for (const auto cookie : clientPids[i]) {
-                children[qsizetype(i)].own =
-                    pidOf(cookie) == quint32(ownProcessID) || children[qsizetype(i)].own;
+            for (const ClientCookies& cookies : clients[i]) {
+                const bool client = isClient(cookies.state);
+                const auto pid = pidOf(cookies.pid);
+                if (client && pid == quint32(ownProcessID)) {
+                    children[qsizetype(i)].own = true;
+                }
             }
         }
         return children;
+    }
+
+    bool isClient(xcb_get_property_cookie_t wmState)
+    {
+        auto r = reply(xcb_get_property_reply(c, wmState, nullptr));
+        return r && r->type != XCB_ATOM_NONE;
     }
 
     std::optional<quint32> pidOf(xcb_get_property_cookie_t cookie)
@@ -356,7 +373,8 @@ struct XcbScreenCapturer::Connection {
         return *static_cast<const quint32*>(xcb_get_property_value(r.get()));
     }
 
-    // Whether a top-level window (or the client window in it) is ours.
+    // Whether a top-level window, or the client its window manager frame
+    // holds, is ours.
     bool belongsTo(xcb_window_t topLevelWindow, qint32 processID)
     {
         if (cardinal(topLevelWindow, atoms[wmPid]) == quint32(processID)) {
@@ -368,7 +386,9 @@ struct XcbScreenCapturer::Connection {
         }
         const xcb_window_t* list = xcb_query_tree_children(tree.get());
         for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
-            if (cardinal(list[i], atoms[wmPid]) == quint32(processID)) {
+            const bool client =
+                isClient(xcb_get_property(c, 0, list[i], atoms[icccmState], XCB_ATOM_ANY, 0, 0));
+            if (client && cardinal(list[i], atoms[wmPid]) == quint32(processID)) {
                 return true;
             }
         }
