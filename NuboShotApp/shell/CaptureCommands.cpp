@@ -4,6 +4,7 @@
 #include "core/Logging.h"
 #include "export/ShotExporter.h"
 #include "shell/CommandLine.h"
+#include "shell/GrabRequest.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -62,25 +63,6 @@ std::optional<quint32> parseID(const QString& text)
     const quint32 id =
         text.startsWith(QLatin1String("0x")) ? text.mid(2).toUInt(&ok, 16) : text.toUInt(&ok);
     return ok ? std::optional(id) : std::nullopt;
-}
-
-// Several displays become one image of the desktop's bounding box.
-QImage combined(const QList<DisplayCapture>& captures)
-{
-    if (captures.size() == 1) {
-        return captures.first().image;
-    }
-    QRect bounds;
-    for (const DisplayCapture& capture : captures) {
-        bounds |= capture.space.captureFrame.toRect();
-    }
-    QImage desktop(bounds.size(), QImage::Format_RGBA8888_Premultiplied);
-    desktop.fill(Qt::transparent);
-    QPainter painter(&desktop);
-    for (const DisplayCapture& capture : captures) {
-        painter.drawImage(capture.space.captureFrame.topLeft() - bounds.topLeft(), capture.image);
-    }
-    return desktop;
 }
 
 } // namespace
@@ -223,67 +205,44 @@ int runGrabCommand(const QStringList& arguments)
                      help);
     }
 
-    try {
-        QElapsedTimer clock;
-        clock.start();
-        XcbScreenCapturer capturer;
-        QImage image;
-        double density = 1;
-        if (mode == QLatin1String("fullscreen")) {
-            const QList<DisplayCapture> captures = capturer.captureDisplays(display);
-            image = combined(captures);
-            density = captures.first().space.scale;
-        } else if (mode == QLatin1String("window")) {
-            const auto id = parseID(target);
-            if (!id) {
-                return usage(QStringLiteral("\u201c%1\u201d is not a window id").arg(target), help);
-            }
-            const WindowCapture capture = capturer.captureWindow(*id);
-            image = capture.image;
-            density = capture.scale;
-        } else {
-            const QStringList parts = target.split(QLatin1Char(','));
-            QList<double> numbers;
-            for (const QString& part : parts) {
-                bool ok = false;
-                numbers.append(part.toDouble(&ok));
-                if (!ok) {
-                    numbers.clear();
-                    break;
-                }
-            }
-            if (numbers.size() != 4 || numbers[2] <= 0 || numbers[3] <= 0) {
-                return usage(QStringLiteral("a region is X,Y,WIDTH,HEIGHT"), help);
-            }
-            const QRectF wanted(numbers[0], numbers[1], numbers[2], numbers[3]);
-            std::optional<XcbScreenCapturer::Monitor> on;
-            for (const auto& m : capturer.monitors()) {
-                if (!on && m.space.globalFrame.contains(wanted.topLeft())) {
-                    on = m;
-                }
-            }
-            if (!on) {
-                throw CaptureError(CaptureError::Code::noContent,
-                                   QStringLiteral("no display holds that region"));
-            }
-            ScreenCaptureRegion region;
-            region.sourceRect =
-                wanted.translated(-on->space.globalFrame.topLeft())
-                    .intersected(QRectF(QPointF(0, 0), on->space.globalFrame.size()));
-            region.globalRect = region.sourceRect.translated(on->space.globalFrame.topLeft());
-            region.pixelRect =
-                QRect(QPoint(0, 0),
-                      WindowCaptureFraming::pixelSize(region.sourceRect.size(), on->space.scale));
-            image = capturer.captureRegion(on->id, region);
-            density = on->space.scale;
+    GrabRequest request;
+    request.display = display;
+    request.quality = quality;
+    request.output = QFileInfo(output).absoluteFilePath();
+    if (mode == QLatin1String("window")) {
+        const auto id = parseID(target);
+        if (!id) {
+            return usage(QStringLiteral("\u201c%1\u201d is not a window id").arg(target), help);
         }
-        const qint64 captured = clock.elapsed();
-        const ShotDocument document = ShotDocument::fromImage(image, density);
-        ShotExporter::exportShot(document, *format, output, quality,
-                                 ShotExporter::defaultScale(document));
-        qCDebug(lcCapture) << "Grab: captured in" << captured << "ms, written in"
-                           << clock.elapsed() - captured << "ms";
-        print(QFileInfo(output).absoluteFilePath());
+        request.mode = GrabRequest::Mode::window;
+        request.window = *id;
+    } else if (mode == QLatin1String("region")) {
+        QList<double> numbers;
+        for (const QString& part : target.split(QLatin1Char(','))) {
+            bool ok = false;
+            numbers.append(part.toDouble(&ok));
+            if (!ok) {
+                numbers.clear();
+                break;
+            }
+        }
+        if (numbers.size() != 4 || numbers[2] <= 0 || numbers[3] <= 0) {
+            return usage(QStringLiteral("a region is X,Y,WIDTH,HEIGHT"), help);
+        }
+        request.mode = GrabRequest::Mode::region;
+        request.region = QRectF(numbers[0], numbers[1], numbers[2], numbers[3]);
+    }
+
+    try {
+        // The running instance has the connection, memory and threads ready.
+        std::optional<QString> written = GrabOverBus::ask(request);
+        if (written) {
+            qCDebug(lcCapture) << "Grabbed by the running instance";
+        } else {
+            XcbScreenCapturer capturer;
+            written = request.perform(capturer);
+        }
+        print(*written);
     } catch (const Error& error) {
         return failWith(error);
     }

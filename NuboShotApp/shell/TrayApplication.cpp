@@ -1,10 +1,14 @@
 #include "shell/TrayApplication.h"
 
+#include "capture/xcb/XcbScreenCapturer.h"
 #include "core/Logging.h"
+#include "shell/GrabRequest.h"
+#include "shell/ShotBusService.h"
 
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QScreen>
 
 // The icon lives in the application library's resources, which a static
 // library has to register by hand.
@@ -44,6 +48,34 @@ TrayApplication::Start TrayApplication::start()
     } else {
         qCWarning(lcApp) << "No session bus; a second instance will not be noticed:"
                          << bus.lastError().message();
+    }
+
+    // The screens' densities as they are now, for captures on worker threads.
+    QList<std::pair<QRect, double>> densities;
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        const double ratio = screen->devicePixelRatio();
+        const QRect logical = screen->geometry();
+        densities.append({QRect(logical.topLeft() * ratio, logical.size() * ratio), ratio});
+    }
+    m_capturer = std::make_shared<XcbScreenCapturer>([densities](const QRect& pixels) {
+        for (const auto& [geometry, ratio] : densities) {
+            if (geometry.contains(pixels.center())) {
+                return ratio;
+            }
+        }
+        return 1.0;
+    });
+    try {
+        // Windows' own pixels are kept from now on: exact window captures,
+        // and our own windows can be painted away from captures.
+        m_capturer->keepWindowPixels();
+    } catch (const Error& error) {
+        qCWarning(lcApp) << "Screen capture is not available:" << error.message();
+    }
+    m_service = std::make_unique<ShotBusService>(m_capturer);
+    if (bus.isConnected() && !bus.registerObject(QLatin1String(GrabOverBus::path), m_service.get(),
+                                                 QDBusConnection::ExportAllSlots)) {
+        qCWarning(lcApp) << "Could not offer the capture service on the session bus";
     }
 
     if (!QSystemTrayIcon::isSystemTrayAvailable()) {

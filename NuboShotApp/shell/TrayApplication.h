@@ -4,7 +4,12 @@
 #include <QObject>
 #include <QSystemTrayIcon>
 
+#include <memory>
+
 namespace nubo {
+
+class ShotBusService;
+class XcbScreenCapturer;
 
 // The program as it lives in the tray: one instance per session, found by
 // its name on the session bus.
@@ -24,6 +29,8 @@ public:
 private:
     QMenu m_menu;
     QSystemTrayIcon m_tray;
+    std::shared_ptr<XcbScreenCapturer> m_capturer;
+    std::unique_ptr<ShotBusService> m_service;
 };
 
 } // namespace nubo

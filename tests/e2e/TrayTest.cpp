@@ -10,6 +10,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QThread>
 
 #include <functional>
@@ -142,6 +143,54 @@ TEST_F(Tray, StartsOnceShowsItsIconAndQuitsFromItsMenu)
     EXPECT_EQ(m_app.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(m_app.exitCode(), 0);
     EXPECT_TRUE(waitUntil([] { return !isRunning(); })) << "the bus name outlived the program";
+}
+
+TEST_F(Tray, GrabsAskTheRunningInstance)
+{
+    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    ASSERT_TRUE(m_app.waitForStarted());
+    ASSERT_TRUE(waitUntil(isRunning));
+    QProcess window;
+    window.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
+                 {"--geometry", "160x120+600+400", "--color", "ff8000", "--undecorated"});
+    ASSERT_TRUE(window.waitForReadyRead(5000));
+    const QString id = QString::fromLatin1(window.readLine().trimmed());
+    QThread::msleep(300);
+
+    QTemporaryDir dir;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("QT_LOGGING_RULES"),
+                       QStringLiteral("com.corvane.lab.nuboshot.capture.debug=true"));
+    const QString png = dir.filePath(QStringLiteral("window.png"));
+    const auto grabbed = test::runNuboShot({"grab", "window", id, "-o", png}, 30000, environment);
+    EXPECT_EQ(grabbed.exitCode, 0) << grabbed.err.toStdString();
+    EXPECT_TRUE(grabbed.err.contains(QStringLiteral("Grabbed by the running instance")))
+        << grabbed.err.toStdString();
+    EXPECT_EQ(QImage(png).size(), QSize(160, 120));
+    EXPECT_EQ(QImage(png).pixelColor(80, 60), QColor(255, 128, 0));
+
+    // The instance's failures come back as the command's.
+    const auto refused =
+        test::runNuboShot({"grab", "window", "0x1", "-o", png}, 30000, environment);
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.err.contains(QStringLiteral("No screen content is available.")))
+        << refused.err.toStdString();
+
+    // Our tray icon lives inside the panel; the panel still shows in captures.
+    const QString full = dir.filePath(QStringLiteral("full.png"));
+    ASSERT_EQ(test::runNuboShot({"grab", "fullscreen", "-o", full}, 30000, environment).exitCode,
+              0);
+    const QImage screen(full);
+    QScreen* primary = QGuiApplication::primaryScreen();
+    const QImage truth = primary->grabWindow(0).toImage();
+    const QRect panel(0, screen.height() - 30, 300, 30);
+    int same = 0;
+    for (int x = panel.left(); x < panel.right(); x += 3) {
+        same += screen.pixelColor(x, panel.center().y()) == truth.pixelColor(x, panel.center().y());
+    }
+    EXPECT_GT(same, 90) << "the panel was painted away";
+    window.terminate();
+    window.waitForFinished();
 }
 
 } // namespace

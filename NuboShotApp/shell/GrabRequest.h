@@ -1,0 +1,42 @@
+#pragma once
+
+#include "capture/xcb/XcbScreenCapturer.h"
+
+#include <QRectF>
+#include <QString>
+
+#include <optional>
+
+namespace nubo {
+
+// One "grab" of the command line: what to capture and where to write it.
+// Runs in the command's own process, or in the running tray instance, which
+// has everything warm already.
+struct GrabRequest {
+    enum class Mode { fullscreen, window, region };
+    Mode mode = Mode::fullscreen;
+    std::optional<quint32> display; // fullscreen: one display
+    quint32 window = 0;             // window: its id
+    QRectF region;                  // region: desktop pixels
+    QString output;                 // absolute path; the format follows its extension
+    double quality = 0.9;
+
+    // Captures and writes; returns the path written. Throws Error.
+    QString perform(XcbScreenCapturer& capturer) const;
+};
+
+// The running instance's side of a grab over the session bus, and the
+// command line's: ask the instance, nothing when there is none (or it is on
+// another display), its error when it failed.
+class GrabOverBus {
+public:
+    static constexpr char path[] = "/com/corvane/lab/nuboshot";
+    static constexpr char interface[] = "com.corvane.lab.nuboshot";
+    static constexpr char errorName[] = "com.corvane.lab.nuboshot.Error";
+
+    static std::optional<QString> ask(const GrabRequest& request);
+    static QVariantList arguments(const GrabRequest& request);
+    static GrabRequest fromArguments(const QVariantList& arguments);
+};
+
+} // namespace nubo
