@@ -69,8 +69,8 @@ bool ShotExporter::isBareCapture(const ShotDocument& document, double scale)
 double ShotExporter::defaultScale(const ShotDocument& document)
 {
     for (const ImageLayer& layer : document.layers) {
-        if (layer.frame.width() > 0 && !layer.image.isNull()) {
-            return layer.image.width() / layer.frame.width() >= 1.5 ? 2.0 : 1.0;
+        if (layer.frame.width() > 0 && layer.image.width() / layer.frame.width() >= 1.5) {
+            return 2.0;
         }
     }
     return 1.0;

@@ -45,8 +45,8 @@ public:
     // pixels are the export.
     static bool isBareCapture(const ShotDocument& document, double scale);
 
-    // The scale a shot exports at by default: 2 for a capture taken at two
-    // pixels per point (or more), else 1.
+    // The scale a shot exports at by default: 2 when an image layer has at
+    // least 1.5 pixels per point, else 1.
     static double defaultScale(const ShotDocument& document);
 };
 

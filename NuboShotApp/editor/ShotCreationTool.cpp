@@ -1,0 +1,77 @@
+#include "editor/ShotCreationTool.h"
+
+#include "core/Geometry.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace nubo {
+
+QRectF ShotCreationTool::dragRect(const ShotGesture& g)
+{
+    QPointF d = g.current - g.start;
+    if (g.shift) {
+        const double side = std::max(std::abs(d.x()), std::max(std::abs(d.y()), 0.0));
+        d = QPointF(std::copysign(side, d.x()), std::copysign(side, d.y()));
+    }
+    if (g.alt) {
+        const QPointF half(std::abs(d.x()), std::abs(d.y()));
+        return QRectF(g.start - half, QSizeF(2 * half.x(), 2 * half.y()));
+    }
+    return QRectF(g.start, g.start + d).normalized();
+}
+
+QPointF ShotCreationTool::lineEnd(const ShotGesture& g)
+{
+    return g.shift ? ShotGeometry::snapAngle(g.start, g.current) : g.current;
+}
+
+QRectF ShotCreationTool::textBox(const ShotGesture& g, double fontSize)
+{
+    const double minimumHeight = fontSize * 1.5;
+    if (!g.moved) {
+        return {g.start, QSizeF(std::max(fontSize * 6, 160.0), minimumHeight)};
+    }
+    QRectF box = dragRect(g);
+    box.setWidth(std::max(box.width(), 24.0));
+    box.setHeight(std::max(box.height(), minimumHeight));
+    return box;
+}
+
+QRectF ShotCreationTool::emojiRect(QPointF point, double fontSize)
+{
+    const double side = std::max(fontSize, 1.0);
+    return {point.x() - side / 2, point.y() - side / 2, side, side};
+}
+
+std::optional<AnnotationKind> ShotCreationTool::create(ShotToolKind tool, const ShotGesture& g,
+                                                       double fontSize, const QString& emoji)
+{
+    switch (tool) {
+    case ShotToolKind::rect:
+        return ShapeAnnotation{ShapeVariant::rect, dragRect(g)};
+    case ShotToolKind::filledRect:
+        return ShapeAnnotation{ShapeVariant::filledRect, dragRect(g)};
+    case ShotToolKind::ellipse:
+        return ShapeAnnotation{ShapeVariant::ellipse, dragRect(g)};
+    case ShotToolKind::line:
+        return LineAnnotation{g.start, lineEnd(g)};
+    case ShotToolKind::arrow:
+        return ArrowAnnotation{g.start, lineEnd(g)};
+    case ShotToolKind::blur:
+        return RedactAnnotation{dragRect(g)};
+    case ShotToolKind::number:
+        return CounterAnnotation{g.start};
+    case ShotToolKind::draw:
+        return PenAnnotation{g.moved ? QList<QPointF>{g.start, g.current}
+                                     : QList<QPointF>{g.start}};
+    case ShotToolKind::emoji:
+        return EmojiAnnotation{emoji, emojiRect(g.start, fontSize)};
+    case ShotToolKind::text:
+        return TextAnnotation{{QString(), textBox(g, fontSize)}};
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace nubo

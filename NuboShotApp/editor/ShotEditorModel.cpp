@@ -1,0 +1,421 @@
+#include "editor/ShotEditorModel.h"
+
+#include "core/Settings.h"
+#include "document/ShotDocumentCoding.h"
+#include "export/ShotExporter.h"
+
+#include <QCoreApplication>
+#include <QJsonDocument>
+#include <QThread>
+
+namespace nubo {
+
+ShotEditorModel::ShotEditorModel(ShotDocument document, ShotPreferences& preferences,
+                                 QObject* parent)
+    : QObject(parent), m_preferences(preferences), m_document(document),
+      m_history(std::move(document))
+{
+    if (!m_document.layers.isEmpty()) {
+        m_rootLayerID = m_document.layers.first().id;
+    }
+    m_nudgeTimer.setSingleShot(true);
+    m_nudgeTimer.setInterval(nudgePauseMs);
+    connect(&m_nudgeTimer, &QTimer::timeout, this, &ShotEditorModel::endNudging);
+}
+
+void ShotEditorModel::assertMainThread() const
+{
+    Q_ASSERT_X(QThread::currentThread() == QCoreApplication::instance()->thread(),
+               "ShotEditorModel", "used off the main thread");
+}
+
+void ShotEditorModel::recordSelection(const SelectionEntry& before)
+{
+    m_undoSelections.append(before);
+    // Keep the selection stacks as long as the history's lists.
+    while (m_undoSelections.size() > m_history.past.size()) {
+        m_undoSelections.removeFirst();
+    }
+    m_redoSelections.clear();
+}
+
+void ShotEditorModel::apply(const ShotDocument& document)
+{
+    assertMainThread();
+    if (m_editing) {
+        m_document = document;
+        emit changed();
+        return;
+    }
+    const ShotDocument before = m_history.current;
+    const SelectionEntry selection = currentSelection();
+    m_history.record(document);
+    m_document = m_history.current;
+    if (!(before == m_history.current)) {
+        recordSelection(selection);
+    }
+    emit changed();
+}
+
+bool ShotEditorModel::beginEdit()
+{
+    assertMainThread();
+    if (m_editing) {
+        return false;
+    }
+    m_editing = true;
+    m_editSnapshot = m_document;
+    m_editSelection = currentSelection();
+    return true;
+}
+
+void ShotEditorModel::commitEdit()
+{
+    assertMainThread();
+    if (!m_editing) {
+        return;
+    }
+    m_editing = false;
+    const ShotDocument final = m_document;
+    const ShotDocument before = m_history.current;
+    m_history.record(final);
+    if (!(before == m_history.current)) {
+        recordSelection(m_editSelection);
+    }
+    m_editSnapshot.reset();
+    emit changed();
+}
+
+void ShotEditorModel::abandonEdit()
+{
+    assertMainThread();
+    if (!m_editing) {
+        return;
+    }
+    m_editing = false;
+    m_document = *m_editSnapshot;
+    m_selection = m_editSelection.ids;
+    m_selectionIsExplicit = m_editSelection.isExplicit;
+    m_editSnapshot.reset();
+    emit changed();
+}
+
+bool ShotEditorModel::canUndo() const
+{
+    return m_history.canUndo() && !m_cropSession && !m_editingText && !m_pointerGestureActive &&
+           !m_editing;
+}
+
+bool ShotEditorModel::canRedo() const
+{
+    return m_history.canRedo() && !m_cropSession && !m_editingText && !m_pointerGestureActive &&
+           !m_editing;
+}
+
+void ShotEditorModel::undo()
+{
+    assertMainThread();
+    if (!canUndo()) {
+        return;
+    }
+    if (const auto document = m_history.undo()) {
+        m_redoSelections.append(currentSelection());
+        const SelectionEntry restored =
+            m_undoSelections.isEmpty() ? SelectionEntry{} : m_undoSelections.takeLast();
+        m_selection = restored.ids;
+        m_selectionIsExplicit = restored.isExplicit;
+        m_document = *document;
+        emit changed();
+    }
+}
+
+void ShotEditorModel::redo()
+{
+    assertMainThread();
+    if (!canRedo()) {
+        return;
+    }
+    if (const auto document = m_history.redo()) {
+        m_undoSelections.append(currentSelection());
+        const SelectionEntry restored =
+            m_redoSelections.isEmpty() ? SelectionEntry{} : m_redoSelections.takeLast();
+        m_selection = restored.ids;
+        m_selectionIsExplicit = restored.isExplicit;
+        m_document = *document;
+        emit changed();
+    }
+}
+
+void ShotEditorModel::select(const QSet<QUuid>& ids, bool isExplicit)
+{
+    assertMainThread();
+    m_selection = ids;
+    m_selectionIsExplicit = isExplicit;
+    emit changed();
+}
+
+void ShotEditorModel::selectAll()
+{
+    QSet<QUuid> all;
+    for (const Annotation& a : m_document.annotations) {
+        all.insert(a.id);
+    }
+    select(all, true);
+}
+
+void ShotEditorModel::deleteSelection()
+{
+    assertMainThread();
+    if (m_selection.isEmpty() || m_editing) {
+        return;
+    }
+    ShotDocument next = m_document;
+    next.annotations.removeIf([&](const Annotation& a) { return m_selection.contains(a.id); });
+    apply(next);
+    m_selection.clear();
+    m_selectionIsExplicit = false;
+    emit changed();
+}
+
+namespace {
+
+void move(AnnotationKind& kind, QPointF by)
+{
+    std::visit(
+        [&](auto& k) {
+            using K = std::decay_t<decltype(k)>;
+            if constexpr (std::is_same_v<K, ArrowAnnotation> || std::is_same_v<K, LineAnnotation>) {
+                k.from += by;
+                k.to += by;
+            } else if constexpr (std::is_same_v<K, ShapeAnnotation> ||
+                                 std::is_same_v<K, EmojiAnnotation> ||
+                                 std::is_same_v<K, RedactAnnotation>) {
+                k.rect.translate(by);
+            } else if constexpr (std::is_same_v<K, TextAnnotation>) {
+                k.content.rect.translate(by);
+            } else if constexpr (std::is_same_v<K, CounterAnnotation>) {
+                k.center += by;
+            } else if constexpr (std::is_same_v<K, PenAnnotation>) {
+                for (QPointF& p : k.points) {
+                    p += by;
+                }
+            }
+        },
+        kind);
+}
+
+} // namespace
+
+void ShotEditorModel::nudge(QPointF by)
+{
+    assertMainThread();
+    if (m_selection.isEmpty() || m_cropSession) {
+        return;
+    }
+    if (!m_nudging) {
+        if (!beginEdit()) {
+            return;
+        }
+        m_nudging = true;
+    }
+    ShotDocument next = m_document;
+    for (Annotation& a : next.annotations) {
+        if (m_selection.contains(a.id)) {
+            move(a.kind, by);
+        }
+    }
+    apply(next);
+    m_nudgeTimer.start();
+}
+
+void ShotEditorModel::endNudging()
+{
+    if (!m_nudging) {
+        return;
+    }
+    m_nudgeTimer.stop();
+    m_nudging = false;
+    commitEdit();
+}
+
+void ShotEditorModel::setActiveTool(ShotToolKind tool)
+{
+    assertMainThread();
+    if (tool == m_activeTool) {
+        return;
+    }
+    if (m_cropSession && tool != ShotToolKind::crop) {
+        commitCrop(false);
+    }
+    m_activeTool = tool;
+    if (tool == ShotToolKind::crop) {
+        beginCrop();
+    }
+    emit changed();
+}
+
+ShotStyle ShotEditorModel::style(ShotToolKind tool) const
+{
+    const auto stored = m_preferences.string(QStringLiteral("shot.style.") + toString(tool));
+    if (stored) {
+        try {
+            return coding::decodeStyle(QJsonDocument::fromJson(stored->toUtf8()).object());
+        } catch (const coding::DecodingFailure&) {
+            // A damaged value reads as the default style.
+        }
+    }
+    ShotStyle style;
+    if (tool == ShotToolKind::text) {
+        style.fontSize = 20;
+    }
+    return style;
+}
+
+void ShotEditorModel::setStyle(ShotToolKind tool, const ShotStyle& style)
+{
+    m_preferences.setValue(
+        QStringLiteral("shot.style.") + toString(tool),
+        QString::fromUtf8(
+            QJsonDocument(coding::encodeStyle(style)).toJson(QJsonDocument::Compact)));
+    m_preferences.setValue(
+        keys::styleColor,
+        QString::fromUtf8(
+            QJsonDocument(coding::encodeColor(style.color)).toJson(QJsonDocument::Compact)));
+}
+
+void ShotEditorModel::beginCreation(const ShotGesture& gesture)
+{
+    assertMainThread();
+    if (!createsAnnotations(m_activeTool) || m_pointerGestureActive || !beginEdit()) {
+        return;
+    }
+    m_pointerGestureActive = true;
+    const ShotStyle toolStyle = style(m_activeTool);
+    const auto kind =
+        ShotCreationTool::create(m_activeTool, gesture, toolStyle.fontSize, m_selectedEmoji);
+    if (!kind) {
+        return;
+    }
+    m_creating = QUuid::createUuid();
+    ShotDocument next = m_document;
+    next.annotations.append(Annotation{m_creating, *kind, toolStyle});
+    m_selection = {m_creating};
+    m_selectionIsExplicit = false;
+    apply(next);
+}
+
+void ShotEditorModel::updateCreation(const ShotGesture& gesture)
+{
+    assertMainThread();
+    if (!m_pointerGestureActive || m_creating.isNull()) {
+        return;
+    }
+    ShotDocument next = m_document;
+    for (Annotation& a : next.annotations) {
+        if (a.id != m_creating) {
+            continue;
+        }
+        if (auto* pen = std::get_if<PenAnnotation>(&a.kind)) {
+            pen->points.append(gesture.current); // a stroke grows with every drag
+        } else if (const auto kind = ShotCreationTool::create(m_activeTool, gesture,
+                                                              a.style.fontSize, m_selectedEmoji)) {
+            a.kind = *kind;
+        }
+    }
+    apply(next);
+}
+
+void ShotEditorModel::endCreation(const ShotGesture& gesture)
+{
+    assertMainThread();
+    if (!m_pointerGestureActive) {
+        return;
+    }
+    updateCreation(gesture);
+    m_pointerGestureActive = false;
+    m_creating = QUuid();
+    commitEdit();
+    const bool stays = m_activeTool == ShotToolKind::draw || m_activeTool == ShotToolKind::number;
+    if (!stays && m_preferences.boolean(keys::returnToSelect, false)) {
+        setActiveTool(ShotToolKind::select);
+    }
+}
+
+void ShotEditorModel::beginCrop()
+{
+    assertMainThread();
+    if (m_cropSession) {
+        return;
+    }
+    const QRectF canvas = m_document.canvasBounds.normalized();
+    ShotCropSession session{m_document.crop ? m_document.crop->normalized() : canvas,
+                            CropAspect::free, canvas};
+    session.setRect(session.rect);
+    m_cropSession = session;
+    emit changed();
+}
+
+void ShotEditorModel::setCropRect(const QRectF& rect)
+{
+    if (m_cropSession) {
+        m_cropSession->setRect(rect);
+        emit changed();
+    }
+}
+
+void ShotEditorModel::setCropSize(double width, double height)
+{
+    if (m_cropSession) {
+        m_cropSession->setSize(width, height);
+        emit changed();
+    }
+}
+
+void ShotEditorModel::setCropAspect(CropAspect aspect)
+{
+    if (m_cropSession) {
+        m_cropSession->aspect = aspect;
+        m_cropSession->setSize(m_cropSession->rect.width(), m_cropSession->rect.height());
+        emit changed();
+    }
+}
+
+std::optional<QSizeF> ShotEditorModel::cropSizeInPixels() const
+{
+    if (!m_cropSession) {
+        return std::nullopt;
+    }
+    return m_cropSession->rect.size() * exportScale();
+}
+
+void ShotEditorModel::commitCrop(bool returnToSelect)
+{
+    assertMainThread();
+    if (!m_cropSession) {
+        return;
+    }
+    const QRectF rect = m_cropSession->rect;
+    m_cropSession.reset();
+    if (rect.width() >= 1 && rect.height() >= 1) {
+        ShotDocument next = m_document;
+        next.crop = rect;
+        apply(next);
+    }
+    if (returnToSelect) {
+        m_activeTool = ShotToolKind::select;
+    }
+    emit changed();
+}
+
+void ShotEditorModel::abandonCrop()
+{
+    m_cropSession.reset();
+    emit changed();
+}
+
+double ShotEditorModel::exportScale() const
+{
+    return ShotExporter::defaultScale(m_document);
+}
+
+} // namespace nubo

@@ -1,0 +1,320 @@
+#include "core/Settings.h"
+#include "editor/ShotEditorModel.h"
+#include "support/ArchiveFixtures.h"
+#include "support/QtPrinters.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+TEST(ShotCreationTool, GestureArithmetic)
+{
+    struct Case {
+        const char* name;
+        ShotGesture gesture;
+        QRectF expected;
+    };
+    const Case rects[] = {
+        {"plain drag, standardised", {{30, 40}, {10, 10}, false, false, true}, {10, 10, 20, 30}},
+        {"Shift squares keeping signs", {{0, 0}, {30, -10}, true, false, true}, {0, -30, 30, 30}},
+        {"Shift with a vertical drag", {{0, 0}, {0, 25}, true, false, true}, {0, 0, 25, 25}},
+        {"Alt grows from the centre", {{50, 50}, {60, 70}, false, true, true}, {40, 30, 20, 40}},
+        {"Shift and Alt", {{50, 50}, {60, 70}, true, true, true}, {30, 30, 40, 40}},
+    };
+    for (const Case& c : rects) {
+        EXPECT_EQ(ShotCreationTool::dragRect(c.gesture), c.expected) << c.name;
+    }
+    // Lines and arrows snap to 45° with Shift.
+    const QPointF snapped =
+        ShotCreationTool::lineEnd({{0, 0}, {100, 58}, true, false, true}); // about 30°
+    EXPECT_NEAR(snapped.x(), snapped.y(), 1e-9);
+    EXPECT_EQ(ShotCreationTool::lineEnd({{0, 0}, {100, 58}, false, false, true}), QPointF(100, 58));
+
+    struct TextCase {
+        ShotGesture gesture;
+        double size;
+        QRectF expected;
+    };
+    const TextCase texts[] = {
+        {{{10, 10}, {10, 10}, false, false, false}, 20, {10, 10, 160, 30}},
+        {{{10, 10}, {10, 10}, false, false, false}, 40, {10, 10, 240, 60}},
+        {{{10, 10}, {15, 12}, false, false, true}, 20, {10, 10, 24, 30}},
+        {{{10, 10}, {210, 110}, false, false, true}, 20, {10, 10, 200, 100}},
+    };
+    for (const TextCase& c : texts) {
+        EXPECT_EQ(ShotCreationTool::textBox(c.gesture, c.size), c.expected);
+    }
+    EXPECT_EQ(ShotCreationTool::emojiRect({50, 50}, 30), QRectF(35, 35, 30, 30));
+    EXPECT_EQ(ShotCreationTool::emojiRect({50, 50}, 0), QRectF(49.5, 49.5, 1, 1));
+}
+
+TEST(ShotToolKind, RawValuesTitlesAndShortcuts)
+{
+    QStringList raw, titles;
+    QSet<QChar> shortcuts;
+    for (const ShotToolKind tool : allCases<ShotToolKind>()) {
+        raw << toString(tool);
+        titles << toolTitle(tool);
+        shortcuts.insert(toolShortcut(tool));
+    }
+    EXPECT_EQ(raw.join(u','),
+              QStringLiteral("crop,addImage,select,rect,filledRect,ellipse,line,arrow,text,blur,"
+                             "number,draw,emoji,colorPicker"));
+    EXPECT_EQ(titles.join(u','),
+              QStringLiteral("Crop,Add image,Select,Rectangle,Filled rectangle,Ellipse,Line,"
+                             "Arrow,Text,Blur / Censor,Number,Draw,Emoji,Pick color"));
+    EXPECT_EQ(shortcuts.size(), qsizetype(enumCount<ShotToolKind>())) << "one letter each";
+}
+
+class EditorModel : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(m_dir.isValid());
+        m_preferences =
+            std::make_unique<ShotPreferences>(m_dir.filePath(QStringLiteral("prefs.ini")));
+        m_model = std::make_unique<ShotEditorModel>(
+            ShotDocument::fromImage(test::patternImage(1000, 800), 1), *m_preferences);
+    }
+    // A press, one drag and a release with the active tool.
+    void drag(QPointF from, QPointF to, bool shift = false)
+    {
+        m_model->beginCreation({from, from, shift, false, false});
+        m_model->updateCreation({from, (from + to) / 2, shift, false, true});
+        m_model->endCreation({from, to, shift, false, true});
+    }
+
+    QTemporaryDir m_dir;
+    std::unique_ptr<ShotPreferences> m_preferences;
+    std::unique_ptr<ShotEditorModel> m_model;
+};
+
+TEST_F(EditorModel, ADragIsOneStepAndSelectsTheNewAnnotation)
+{
+    m_model->setActiveTool(ShotToolKind::arrow);
+    drag({10, 10}, {100, 50});
+    ASSERT_EQ(m_model->document().annotations.size(), 1);
+    EXPECT_EQ(m_model->history().past.size(), 1);
+    const Annotation& arrow = m_model->document().annotations.first();
+    EXPECT_EQ(std::get<ArrowAnnotation>(arrow.kind).to, QPointF(100, 50));
+    EXPECT_EQ(m_model->selection(), QSet<QUuid>{arrow.id});
+    EXPECT_FALSE(m_model->selectionIsExplicit());
+    // A pen stroke grows with every drag event.
+    m_model->setActiveTool(ShotToolKind::draw);
+    drag({0, 0}, {20, 20});
+    EXPECT_EQ(std::get<PenAnnotation>(m_model->document().annotations.last().kind).points.size(),
+              3);
+    EXPECT_EQ(m_model->history().past.size(), 2);
+}
+
+TEST_F(EditorModel, ReturnToSelectExceptForDrawAndNumber)
+{
+    struct Case {
+        ShotToolKind tool;
+        bool setting;
+        ShotToolKind after;
+    };
+    const Case cases[] = {{ShotToolKind::arrow, true, ShotToolKind::select},
+                          {ShotToolKind::rect, true, ShotToolKind::select},
+                          {ShotToolKind::draw, true, ShotToolKind::draw},
+                          {ShotToolKind::number, true, ShotToolKind::number},
+                          {ShotToolKind::arrow, false, ShotToolKind::arrow}};
+    for (const Case& c : cases) {
+        m_preferences->setValue(keys::returnToSelect, c.setting);
+        m_model->setActiveTool(c.tool);
+        drag({10, 10}, {60, 60});
+        EXPECT_EQ(m_model->activeTool(), c.after) << toString(c.tool).toStdString();
+    }
+}
+
+TEST_F(EditorModel, UndoIsIgnoredWhileSomethingIsUnderWay)
+{
+    m_model->setActiveTool(ShotToolKind::rect);
+    drag({10, 10}, {50, 50});
+    ASSERT_TRUE(m_model->canUndo());
+    struct Case {
+        const char* name;
+        std::function<void()> enter, leave;
+    };
+    const Case cases[] = {
+        {"during a drag",
+         [&] {
+             m_model->beginCreation({{5, 5}, {5, 5}, false, false, false});
+         },
+         [&] {
+             m_model->endCreation({{5, 5}, {9, 9}, false, false, true});
+         }},
+        {"while editing text", [&] { m_model->setEditingText(true); },
+         [&] {
+             m_model->setEditingText(false);
+         }},
+        {"during a crop session", [&] { m_model->setActiveTool(ShotToolKind::crop); },
+         [&] {
+             m_model->abandonCrop();
+         }},
+        {"inside a transaction", [&] { m_model->beginEdit(); },
+         [&] {
+             m_model->abandonEdit();
+         }},
+    };
+    for (const Case& c : cases) {
+        c.enter();
+        const ShotDocument before = m_model->document();
+        m_model->undo();
+        m_model->redo();
+        EXPECT_EQ(m_model->document(), before) << c.name;
+        c.leave();
+    }
+    const qsizetype steps = m_model->history().past.size();
+    m_model->undo();
+    EXPECT_EQ(m_model->history().past.size(), steps - 1);
+}
+
+TEST_F(EditorModel, TransactionsRecordOnceOrReturnToTheSnapshot)
+{
+    const ShotDocument opened = m_model->document();
+    EXPECT_TRUE(m_model->beginEdit());
+    EXPECT_FALSE(m_model->beginEdit()) << "one transaction at a time";
+    ShotDocument changed = opened;
+    changed.crop = QRectF(0, 0, 10, 10);
+    m_model->apply(changed);
+    changed.crop = QRectF(0, 0, 20, 20);
+    m_model->apply(changed);
+    EXPECT_EQ(m_model->history().past.size(), 0);
+    m_model->commitEdit();
+    EXPECT_EQ(m_model->history().past.size(), 1);
+    EXPECT_EQ(m_model->document().crop, QRectF(0, 0, 20, 20));
+
+    EXPECT_TRUE(m_model->beginEdit());
+    changed.crop = QRectF(5, 5, 5, 5);
+    m_model->apply(changed);
+    m_model->abandonEdit();
+    EXPECT_EQ(m_model->document().crop, QRectF(0, 0, 20, 20));
+    EXPECT_EQ(m_model->history().past.size(), 1);
+
+    // A gesture that ends where it began records nothing.
+    EXPECT_TRUE(m_model->beginEdit());
+    m_model->commitEdit();
+    EXPECT_EQ(m_model->history().past.size(), 1);
+}
+
+TEST_F(EditorModel, NudgesAreCoalescedIntoOneStep)
+{
+    m_model->setActiveTool(ShotToolKind::rect);
+    drag({10, 10}, {50, 50});
+    m_model->select(m_model->selection(), true);
+    const qsizetype steps = m_model->history().past.size();
+    for (int i = 0; i < 5; ++i) {
+        m_model->nudge({1, 0});
+    }
+    EXPECT_TRUE(m_model->isNudging());
+    // The run ends by itself after a pause.
+    QElapsedTimer waited;
+    waited.start();
+    while (m_model->isNudging() && waited.elapsed() < 3000) {
+        QCoreApplication::processEvents();
+        QThread::msleep(10);
+    }
+    EXPECT_FALSE(m_model->isNudging());
+    EXPECT_EQ(m_model->history().past.size(), steps + 1);
+    EXPECT_EQ(std::get<ShapeAnnotation>(m_model->document().annotations.first().kind).rect,
+              QRectF(15, 10, 40, 40));
+    m_model->undo();
+    EXPECT_EQ(std::get<ShapeAnnotation>(m_model->document().annotations.first().kind).rect,
+              QRectF(10, 10, 40, 40));
+}
+
+TEST_F(EditorModel, UndoAndRedoRestoreTheSelectionOfEachStep)
+{
+    m_model->setActiveTool(ShotToolKind::rect);
+    drag({10, 10}, {50, 50});
+    const QUuid first = m_model->document().annotations.first().id;
+    m_model->setActiveTool(ShotToolKind::ellipse);
+    drag({100, 100}, {150, 150});
+    m_model->select({first}, true);
+    m_model->deleteSelection();
+    EXPECT_TRUE(m_model->selection().isEmpty());
+    EXPECT_EQ(m_model->document().annotations.size(), 1);
+
+    m_model->undo();
+    EXPECT_EQ(m_model->selection(), QSet<QUuid>{first});
+    EXPECT_TRUE(m_model->selectionIsExplicit());
+    EXPECT_EQ(m_model->document().annotations.size(), 2);
+    m_model->redo();
+    EXPECT_TRUE(m_model->selection().isEmpty());
+    EXPECT_EQ(m_model->document().annotations.size(), 1);
+    EXPECT_EQ(m_model->undoSelections().size(), m_model->history().past.size());
+}
+
+TEST_F(EditorModel, CropSizesFollowTheAspectAndTheCanvas)
+{
+    struct Case {
+        const char* name;
+        CropAspect aspect;
+        double width, height;
+        QSizeF expected;
+    };
+    const double nan = std::nan("");
+    const Case cases[] = {
+        {"16:9, height typed", CropAspect::sixteenNine, 1000, 300, {1600.0 / 3, 300}},
+        {"square, width too wide", CropAspect::square, 2000, 800, {800, 800}},
+        {"free is capped by the canvas", CropAspect::free, 5000, 100, {1000, 100}},
+        {"zero is ignored", CropAspect::free, 0, 100, {1000, 800}},
+        {"not a number is ignored", CropAspect::free, nan, 100, {1000, 800}},
+    };
+    for (const Case& c : cases) {
+        ShotCropSession session{{0, 0, 1000, 800}, c.aspect, {0, 0, 1000, 800}};
+        session.setSize(c.width, c.height);
+        EXPECT_NEAR(session.rect.width(), c.expected.width(), 1e-9) << c.name;
+        EXPECT_NEAR(session.rect.height(), c.expected.height(), 1e-9) << c.name;
+        EXPECT_TRUE(session.bounds.contains(session.rect)) << c.name;
+    }
+    EXPECT_EQ(ShotCropSession::fitted({-50, -50, 2000, 400}, {0, 0, 1000, 800}),
+              QRectF(0, 0, 1000, 200));
+}
+
+TEST_F(EditorModel, CommittingACropIsOneStep)
+{
+    m_model->setActiveTool(ShotToolKind::crop);
+    ASSERT_TRUE(m_model->cropSession().has_value());
+    EXPECT_EQ(m_model->cropSession()->rect, QRectF(0, 0, 1000, 800));
+    m_model->setCropRect({100, 100, 300, 200});
+    EXPECT_EQ(m_model->cropSizeInPixels(), QSizeF(300, 200));
+    m_model->commitCrop();
+    EXPECT_EQ(m_model->document().crop, QRectF(100, 100, 300, 200));
+    EXPECT_EQ(m_model->activeTool(), ShotToolKind::select);
+    EXPECT_EQ(m_model->history().past.size(), 1);
+    m_model->undo();
+    EXPECT_FALSE(m_model->document().crop.has_value());
+
+    // Less than a point wide leaves the document uncropped.
+    m_model->setActiveTool(ShotToolKind::crop);
+    m_model->setCropRect({10, 10, 0.5, 300});
+    EXPECT_EQ(m_model->cropSession()->rect.width(), 1) << "each side at least 1 point";
+}
+
+TEST_F(EditorModel, ExportScaleAndStylesPersist)
+{
+    EXPECT_EQ(m_model->exportScale(), 1);
+    ShotEditorModel retina(ShotDocument::fromImage(test::patternImage(200, 100), 2),
+                           *m_preferences);
+    EXPECT_EQ(retina.exportScale(), 2);
+
+    ShotStyle thick({0, 0.5, 1, 1}, 9, 33, false, 20);
+    m_model->setStyle(ShotToolKind::text, thick);
+    ShotEditorModel reopened(ShotDocument::fromImage(test::patternImage(10, 10), 1),
+                             *m_preferences);
+    EXPECT_EQ(reopened.style(ShotToolKind::text), thick);
+    EXPECT_EQ(reopened.style(ShotToolKind::arrow), ShotStyle());
+    m_preferences->setValue("shot.style.arrow", QStringLiteral("{broken"));
+    EXPECT_EQ(reopened.style(ShotToolKind::arrow), ShotStyle());
+}
+
+} // namespace
+} // namespace nubo
