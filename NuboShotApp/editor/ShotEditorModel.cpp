@@ -218,6 +218,13 @@ void ShotEditorModel::nudge(QPointF by)
         }
         m_nudging = true;
     }
+    moveSelection(by);
+    m_nudgeTimer.start();
+}
+
+void ShotEditorModel::moveSelection(QPointF by)
+{
+    assertMainThread();
     ShotDocument next = m_document;
     for (Annotation& a : next.annotations) {
         if (m_selection.contains(a.id)) {
@@ -225,7 +232,6 @@ void ShotEditorModel::nudge(QPointF by)
         }
     }
     apply(next);
-    m_nudgeTimer.start();
 }
 
 void ShotEditorModel::endNudging()

@@ -65,6 +65,8 @@ public:
     void selectAll();
     // One step; counters above a deleted one renumber by themselves.
     void deleteSelection();
+    // Moves the selected annotations (one step, or part of an open transaction).
+    void moveSelection(QPointF by);
     // Moves the selection; a run of nudges is one step.
     void nudge(QPointF by);
     void endNudging();

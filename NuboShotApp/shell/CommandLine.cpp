@@ -17,6 +17,8 @@ Nubo Shot captures, annotates and records the screen. Without a command it
 starts in the tray of the current desktop session (once per session).
 
 Commands:
+  annotate FILE...        open images (or shot archives) in the editor
+  open FILE...            the same
   displays [--json]       list the displays
   windows [--json]        list the windows that can be captured, front-most first
   grab fullscreen|window ID|region X,Y,W,H -o FILE

@@ -1,4 +1,5 @@
 #include "shell/CommandLine.h"
+#include "shell/EditorCommands.h"
 #include "shell/TrayApplication.h"
 
 #include <QApplication>
@@ -12,6 +13,9 @@ int main(int argc, char** argv)
     QStringList arguments;
     for (int i = 1; i < argc; ++i) {
         arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    if (nubo::cli::isEditorCommand(arguments)) {
+        return nubo::cli::runEditorCommand(argc, argv, arguments);
     }
     if (nubo::cli::isHeadless(arguments)) {
         // Commands draw and encode without a screen; only drawing text needs

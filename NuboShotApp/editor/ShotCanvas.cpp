@@ -1,0 +1,288 @@
+#include "editor/ShotCanvas.h"
+
+#include "render/ShotRenderer.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <cmath>
+
+namespace nubo {
+
+namespace {
+constexpr double handleTolerance = 4; // screen pixels
+}
+
+ShotCanvas::ShotCanvas(ShotEditorModel& model, ShotRenderer& renderer, QWidget* parent)
+    : QWidget(parent), m_model(model), m_renderer(renderer), m_painted(model.document())
+{
+    setMouseTracking(false);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::StrongFocus);
+    connect(&m_model, &ShotEditorModel::changed, this, &ShotCanvas::documentChanged);
+}
+
+QSize ShotCanvas::sizeHint() const
+{
+    const QSizeF size = visibleRect().size() * m_zoom;
+    return size.toSize().expandedTo(QSize(200, 150));
+}
+
+QRectF ShotCanvas::visibleRect() const
+{
+    const ShotDocument& d = m_model.document();
+    return (d.crop && !m_model.cropSession() ? *d.crop : d.canvasBounds).normalized();
+}
+
+void ShotCanvas::setZoom(double zoom)
+{
+    m_fitsWindow = false;
+    m_zoom = std::clamp(zoom, 0.05, 16.0);
+    updateGeometry();
+    update();
+}
+
+void ShotCanvas::setFitsWindow(bool fits)
+{
+    m_fitsWindow = fits;
+    updateFit();
+}
+
+void ShotCanvas::updateFit()
+{
+    if (!m_fitsWindow) {
+        return;
+    }
+    const QRectF visible = visibleRect();
+    if (visible.isEmpty() || width() <= 0 || height() <= 0) {
+        return;
+    }
+    m_zoom = std::min({width() / visible.width(), height() / visible.height(), 1.0});
+    update();
+}
+
+void ShotCanvas::resizeEvent(QResizeEvent*)
+{
+    updateFit();
+}
+
+QPointF ShotCanvas::toDocument(QPointF p) const
+{
+    return p / m_zoom + visibleRect().topLeft();
+}
+
+QRectF ShotCanvas::toWidget(const QRectF& r) const
+{
+    const QPointF origin = visibleRect().topLeft();
+    return QRectF((r.topLeft() - origin) * m_zoom, r.size() * m_zoom);
+}
+
+void ShotCanvas::paintDocument(QPainter& painter, const QRectF& area) const
+{
+    const ShotDocument& d = m_model.document();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_zoom < 1);
+    for (const ImageLayer& layer : d.layers) {
+        const QRectF part = layer.frame.intersected(area);
+        if (part.isEmpty() || layer.image.isNull()) {
+            continue;
+        }
+        // Only the exposed part of the image is drawn.
+        const double sx = layer.image.width() / layer.frame.width();
+        const double sy = layer.image.height() / layer.frame.height();
+        const QRectF source((part.x() - layer.frame.x()) * sx, (part.y() - layer.frame.y()) * sy,
+                            part.width() * sx, part.height() * sy);
+        painter.drawImage(part, layer.image, source);
+    }
+    const QRectF visible = d.canvasBounds.normalized();
+    for (const Annotation& a : d.annotations) {
+        if (std::holds_alternative<RedactAnnotation>(a.kind) &&
+            annotationBounds(a).intersects(area)) {
+            m_renderer.drawRedaction(painter, d, a, visible);
+        }
+    }
+    int counter = 0;
+    for (const Annotation& a : d.annotations) {
+        if (std::holds_alternative<RedactAnnotation>(a.kind)) {
+            continue;
+        }
+        counter += std::holds_alternative<CounterAnnotation>(a.kind);
+        if (annotationBounds(a).intersects(area)) {
+            m_renderer.drawAnnotation(painter, a, counter);
+        }
+    }
+}
+
+void ShotCanvas::paintEvent(QPaintEvent* event)
+{
+    QPainter painter(this);
+    painter.fillRect(event->rect(), palette().window());
+    painter.setClipRect(event->rect());
+    painter.scale(m_zoom, m_zoom);
+    painter.translate(-visibleRect().topLeft());
+    paintDocument(painter, QRectF(toDocument(event->rect().topLeft()),
+                                  QSizeF(event->rect().size()) / m_zoom));
+
+    // The selection and the crop rectangle on top.
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    QPen dashed(QColor(40, 120, 255), 1 / m_zoom, Qt::DashLine);
+    dashed.setCosmetic(true);
+    painter.setPen(dashed);
+    painter.setBrush(Qt::NoBrush);
+    for (const Annotation& a : m_model.document().annotations) {
+        if (m_model.selection().contains(a.id)) {
+            painter.drawRect(annotationBounds(a));
+        }
+    }
+    if (const auto& crop = m_model.cropSession()) {
+        QPainterPath outside;
+        outside.addRect(crop->bounds);
+        outside.addRect(crop->rect);
+        outside.setFillRule(Qt::OddEvenFill);
+        painter.fillPath(outside, QColor(0, 0, 0, 120));
+        painter.drawRect(crop->rect);
+    }
+}
+
+QRectF ShotCanvas::annotationsBounds(const ShotDocument& document, const QSet<QUuid>& ids) const
+{
+    QRectF box;
+    for (const Annotation& a : document.annotations) {
+        if (ids.isEmpty() || ids.contains(a.id)) {
+            box = box.united(annotationBounds(a));
+        }
+    }
+    return box;
+}
+
+void ShotCanvas::documentChanged()
+{
+    const ShotDocument& now = m_model.document();
+    const bool sameFrame = now.layers == m_painted.layers && now.crop == m_painted.crop &&
+                           now.canvasBounds == m_painted.canvasBounds && !m_model.cropSession();
+    if (!sameFrame) {
+        updateFit();
+        updateGeometry();
+        update();
+    } else {
+        // Only what changed: the old and new places of annotations that
+        // differ, and the selection marks.
+        QHash<QUuid, QRectF> before;
+        for (const Annotation& a : m_painted.annotations) {
+            before.insert(a.id, annotationBounds(a));
+        }
+        QRectF dirty;
+        QHash<QUuid, const Annotation*> old;
+        for (const Annotation& a : m_painted.annotations) {
+            old.insert(a.id, &a);
+        }
+        for (const Annotation& a : now.annotations) {
+            const Annotation* previous = old.value(a.id);
+            if (!previous || !(*previous == a) || m_model.selection().contains(a.id)) {
+                dirty = dirty.united(annotationBounds(a));
+                if (previous) {
+                    dirty = dirty.united(annotationBounds(*previous));
+                }
+            }
+            old.remove(a.id);
+        }
+        for (const Annotation* removed : std::as_const(old)) {
+            dirty = dirty.united(annotationBounds(*removed));
+        }
+        // Counters renumber and redactions may change what lies under others.
+        dirty = dirty.united(annotationsBounds(m_painted, m_model.selection()));
+        if (!dirty.isEmpty()) {
+            update(toWidget(dirty).adjusted(-3, -3, 3, 3).toAlignedRect());
+        }
+        if (now.annotations.size() != m_painted.annotations.size()) {
+            update(); // numbers of counters may all have changed
+        }
+    }
+    m_painted = now;
+}
+
+ShotGesture ShotCanvas::gesture(const QMouseEvent* event) const
+{
+    const QPointF current = toDocument(event->position());
+    const QPointF distance = (current - m_press) * m_zoom;
+    return {m_press, current, bool(event->modifiers() & Qt::ShiftModifier),
+            bool(event->modifiers() & Qt::AltModifier),
+            std::hypot(distance.x(), distance.y()) >= 3};
+}
+
+std::optional<QUuid> ShotCanvas::annotationAt(QPointF point) const
+{
+    const auto& list = m_model.document().annotations;
+    for (auto it = list.crbegin(); it != list.crend(); ++it) {
+        if (annotationHitTest(*it, point, handleTolerance / m_zoom)) {
+            return it->id;
+        }
+    }
+    return std::nullopt;
+}
+
+void ShotCanvas::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    m_press = toDocument(event->position());
+    m_pressed = true;
+    const ShotToolKind tool = m_model.activeTool();
+    if (tool == ShotToolKind::select) {
+        const auto hit = annotationAt(m_press);
+        if (!hit) {
+            m_model.select({}, true);
+            return;
+        }
+        QSet<QUuid> selection = m_model.selection();
+        if (event->modifiers() & Qt::ShiftModifier) {
+            if (!selection.remove(*hit)) {
+                selection.insert(*hit);
+            }
+        } else if (!selection.contains(*hit)) {
+            selection = {*hit};
+        }
+        m_model.select(selection, true);
+        m_moving = m_model.beginEdit();
+        m_lastMove = m_press;
+    } else if (tool == ShotToolKind::crop) {
+        m_model.setCropRect(QRectF(m_press, QSizeF(1, 1)));
+    } else if (createsAnnotations(tool)) {
+        m_model.beginCreation(gesture(event));
+    }
+}
+
+void ShotCanvas::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_pressed) {
+        return;
+    }
+    const ShotGesture g = gesture(event);
+    if (m_moving) {
+        // Moving the selection inside one transaction: one step when released.
+        m_model.moveSelection(g.current - m_lastMove);
+        m_lastMove = g.current;
+    } else if (m_model.activeTool() == ShotToolKind::crop) {
+        m_model.setCropRect(QRectF(g.start, g.current));
+    } else {
+        m_model.updateCreation(g);
+    }
+}
+
+void ShotCanvas::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!m_pressed || event->button() != Qt::LeftButton) {
+        return;
+    }
+    m_pressed = false;
+    if (m_moving) {
+        m_moving = false;
+        m_model.commitEdit();
+    } else if (createsAnnotations(m_model.activeTool())) {
+        m_model.endCreation(gesture(event));
+    }
+}
+
+} // namespace nubo

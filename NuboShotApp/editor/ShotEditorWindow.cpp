@@ -1,0 +1,122 @@
+#include "editor/ShotEditorWindow.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QKeyEvent>
+#include <QToolBar>
+
+namespace nubo {
+
+ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& preferences,
+                                   ShotRenderer& renderer, QWidget* parent)
+    : QMainWindow(parent),
+      m_model(std::make_unique<ShotEditorModel>(std::move(document), preferences))
+{
+    m_canvas = new ShotCanvas(*m_model, renderer, this);
+    setCentralWidget(m_canvas);
+
+    QToolBar* toolbar = addToolBar(QStringLiteral("Tools"));
+    toolbar->setMovable(false);
+    toolbar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    m_tools = new QActionGroup(this);
+    for (const ShotToolKind tool : allCases<ShotToolKind>()) {
+        if (tool == ShotToolKind::addImage) {
+            continue; // comes with adding layers
+        }
+        QAction* action = toolbar->addAction(toolTitle(tool));
+        action->setCheckable(true);
+        action->setData(int(tool));
+        action->setShortcut(QKeySequence(QString(toolShortcut(tool))));
+        action->setToolTip(QStringLiteral("%1 (%2)").arg(toolTitle(tool)).arg(toolShortcut(tool)));
+        m_tools->addAction(action);
+        connect(action, &QAction::triggered, this, [this, tool] { m_model->setActiveTool(tool); });
+    }
+
+    const auto add = [this](const QString& title, QKeySequence keys, auto slot) {
+        QAction* action = new QAction(title, this);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, this, slot);
+        addAction(action);
+        return action;
+    };
+    add(QStringLiteral("Undo"), QKeySequence::Undo, [this] { m_model->undo(); });
+    add(QStringLiteral("Redo"), QKeySequence::Redo, [this] { m_model->redo(); });
+    add(QStringLiteral("Select All"), QKeySequence::SelectAll, [this] { m_model->selectAll(); });
+    add(QStringLiteral("Delete"), QKeySequence::Delete, [this] { m_model->deleteSelection(); });
+    add(QStringLiteral("Zoom In"), QKeySequence::ZoomIn,
+        [this] { m_canvas->setZoom(m_canvas->zoom() * 1.25); });
+    add(QStringLiteral("Zoom Out"), QKeySequence::ZoomOut,
+        [this] { m_canvas->setZoom(m_canvas->zoom() / 1.25); });
+    add(QStringLiteral("Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0),
+        [this] { m_canvas->setZoom(1); });
+    add(QStringLiteral("Fit in Window"), QKeySequence(Qt::CTRL | Qt::Key_9),
+        [this] { m_canvas->setFitsWindow(true); });
+
+    connect(m_model.get(), &ShotEditorModel::changed, this, [this] {
+        syncTools();
+        updateTitle();
+    });
+    syncTools();
+    updateTitle();
+    const QSize hint = m_canvas->sizeHint();
+    resize(std::min(hint.width(), 1400), std::min(hint.height() + 60, 900));
+}
+
+void ShotEditorWindow::syncTools()
+{
+    for (QAction* action : m_tools->actions()) {
+        action->setChecked(action->data().toInt() == int(m_model->activeTool()));
+    }
+}
+
+void ShotEditorWindow::updateTitle()
+{
+    const QSizeF size =
+        (m_model->document().crop ? *m_model->document().crop : m_model->document().canvasBounds)
+            .normalized()
+            .size() *
+        m_model->exportScale();
+    setWindowTitle(
+        QStringLiteral("%1 \u00d7 %2").arg(qRound(size.width())).arg(qRound(size.height())));
+}
+
+void ShotEditorWindow::keyPressEvent(QKeyEvent* event)
+{
+    const double step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        m_model->nudge({-step, 0});
+        return;
+    case Qt::Key_Right:
+        m_model->nudge({step, 0});
+        return;
+    case Qt::Key_Up:
+        m_model->nudge({0, -step});
+        return;
+    case Qt::Key_Down:
+        m_model->nudge({0, step});
+        return;
+    case Qt::Key_Backspace:
+        m_model->deleteSelection();
+        return;
+    case Qt::Key_Escape:
+        if (m_model->cropSession()) {
+            m_model->abandonCrop();
+            m_model->setActiveTool(ShotToolKind::select);
+            return;
+        }
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (m_model->cropSession()) {
+            m_model->commitCrop();
+            return;
+        }
+        break;
+    default:
+        break;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+} // namespace nubo

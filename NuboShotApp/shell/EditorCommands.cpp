@@ -1,0 +1,96 @@
+#include "shell/EditorCommands.h"
+
+#include "core/Settings.h"
+#include "document/ShotDocumentArchive.h"
+#include "editor/ShotEditorWindow.h"
+#include "render/ShotRenderer.h"
+#include "shell/ArchiveCommands.h"
+#include "shell/CommandLine.h"
+
+#include <QApplication>
+#include <QFileInfo>
+#include <QImageReader>
+
+namespace nubo::cli {
+
+namespace {
+
+// An image file, or a shot archive folder, as a document; throws with the
+// reason in words.
+ShotDocument openDocument(const QString& path)
+{
+    if (QFileInfo(path).isDir()) {
+        return ShotDocumentArchive::read(path);
+    }
+    QImageReader reader(path);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (!size.isValid()) {
+        throw Error(QStringLiteral("\u201c%1\u201d is not an image Nubo Shot can open.").arg(path));
+    }
+    if (qint64(size.width()) * size.height() > ShotDocumentArchive::maximumImagePixels ||
+        size.width() > ShotDocumentArchive::maximumImageSide ||
+        size.height() > ShotDocumentArchive::maximumImageSide) {
+        throw Error(QStringLiteral("\u201c%1\u201d is too large to edit (%2 \u00d7 %3 pixels).")
+                        .arg(path)
+                        .arg(size.width())
+                        .arg(size.height()));
+    }
+    ShotDocumentArchive::allowLargeImages();
+    const QImage image = reader.read();
+    if (image.isNull()) {
+        throw Error(
+            QStringLiteral("Could not read \u201c%1\u201d: %2.").arg(path, reader.errorString()));
+    }
+    return ShotDocument::fromImage(image, imagePixelDensity(image));
+}
+
+} // namespace
+
+bool isEditorCommand(const QStringList& arguments)
+{
+    return !arguments.isEmpty() && (arguments.first() == QLatin1String("annotate") ||
+                                    arguments.first() == QLatin1String("open"));
+}
+
+int runEditorCommand(int argc, char** argv, const QStringList& arguments)
+{
+    const QStringList files = arguments.mid(1);
+    if (files.isEmpty() || files.contains(QLatin1String("--help")) ||
+        files.contains(QLatin1String("-h"))) {
+        if (files.isEmpty()) {
+            return usage(QStringLiteral("%1 needs one or more images").arg(arguments.first()));
+        }
+        print(QStringLiteral("Usage: nuboshot %1 FILE...\n\nOpens each image (or shot archive) in "
+                             "its own editor "
+                             "window.")
+                  .arg(arguments.first()));
+        return success;
+    }
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        return fail(QStringLiteral("No desktop session found to show the editor in."));
+    }
+    QApplication app(argc, argv);
+    QApplication::setApplicationDisplayName(QStringLiteral("Nubo Shot"));
+    ShotPreferences preferences;
+    std::vector<std::unique_ptr<ShotEditorWindow>> windows;
+    int failures = 0;
+    for (const QString& file : files) {
+        try {
+            windows.push_back(std::make_unique<ShotEditorWindow>(openDocument(file), preferences,
+                                                                 ShotRenderer::shared()));
+            windows.back()->show();
+        } catch (const Error& error) {
+            fail(error.message());
+            ++failures;
+        }
+    }
+    if (windows.empty()) {
+        return failure;
+    }
+    const int status = QApplication::exec();
+    return failures > 0 ? failure : status;
+}
+
+} // namespace nubo::cli
