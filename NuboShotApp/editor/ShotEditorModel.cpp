@@ -115,6 +115,7 @@ bool ShotEditorModel::canRedo() const
 void ShotEditorModel::undo()
 {
     assertMainThread();
+    endNudging(); // a pending run of nudges is a step of its own
     if (!canUndo()) {
         return;
     }
@@ -132,6 +133,7 @@ void ShotEditorModel::undo()
 void ShotEditorModel::redo()
 {
     assertMainThread();
+    endNudging(); // a pending run of nudges is a step of its own
     if (!canRedo()) {
         return;
     }
@@ -166,6 +168,7 @@ void ShotEditorModel::selectAll()
 void ShotEditorModel::deleteSelection()
 {
     assertMainThread();
+    endNudging(); // a pending run of nudges is a step of its own
     if (m_selection.isEmpty() || m_editing) {
         return;
     }
@@ -247,6 +250,7 @@ void ShotEditorModel::endNudging()
 void ShotEditorModel::setActiveTool(ShotToolKind tool)
 {
     assertMainThread();
+    endNudging(); // a pending run of nudges is a step of its own
     if (tool == m_activeTool) {
         return;
     }
@@ -292,6 +296,7 @@ void ShotEditorModel::setStyle(ShotToolKind tool, const ShotStyle& style)
 void ShotEditorModel::beginCreation(const ShotGesture& gesture)
 {
     assertMainThread();
+    endNudging(); // a pending run of nudges is a step of its own
     if (!createsAnnotations(m_activeTool) || m_pointerGestureActive || !beginEdit()) {
         return;
     }
@@ -350,6 +355,7 @@ void ShotEditorModel::endCreation(const ShotGesture& gesture)
 void ShotEditorModel::beginCrop()
 {
     assertMainThread();
+    endNudging(); // a pending run of nudges is a step of its own
     if (m_cropSession) {
         return;
     }

@@ -1,4 +1,7 @@
 #include <QGuiApplication>
+#ifdef NUBOSHOT_TEST_WIDGETS
+#include <QApplication>
+#endif
 
 #include <cstring>
 #include <gtest/gtest.h>
@@ -18,6 +21,10 @@ int main(int argc, char** argv)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     ::testing::InitGoogleTest(&argc, argv);
+#ifdef NUBOSHOT_TEST_WIDGETS
+    QApplication app(argc, argv);
+#else
     QGuiApplication app(argc, argv);
+#endif
     return RUN_ALL_TESTS();
 }

@@ -1,0 +1,144 @@
+#include "core/Settings.h"
+#include "editor/ShotEditorWindow.h"
+#include "render/ShotRenderer.h"
+#include "support/ArchiveFixtures.h"
+#include "support/QtPrinters.h"
+#include "support/RenderFixtures.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+// Runs xdotool while this process keeps handling its events.
+void xdotool(const QStringList& arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral("xdotool"), arguments);
+    while (!process.waitForFinished(10)) {
+        QApplication::processEvents();
+    }
+    const QDeadlineTimer settle(150);
+    while (!settle.hasExpired()) {
+        QApplication::processEvents();
+        QThread::msleep(5);
+    }
+}
+
+class EditorWindow : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (qEnvironmentVariableIsEmpty("DISPLAY")) {
+            GTEST_SKIP() << "needs the private desktop session of scripts/test";
+        }
+        ASSERT_TRUE(m_dir.isValid());
+        m_preferences =
+            std::make_unique<ShotPreferences>(m_dir.filePath(QStringLiteral("prefs.ini")));
+        m_window = std::make_unique<ShotEditorWindow>(
+            ShotDocument::fromImage(test::patternImage(800, 500), 1), *m_preferences, m_renderer);
+        m_window->resize(900, 620);
+        m_window->show();
+        m_window->activateWindow();
+        const QDeadlineTimer shown(5000);
+        while (!m_window->isActiveWindow() && !shown.hasExpired()) {
+            QApplication::processEvents();
+            QThread::msleep(10);
+        }
+        xdotool({"windowactivate", "--sync", QString::number(m_window->winId())});
+    }
+
+    // A point of the document on the screen.
+    QPoint onScreen(QPointF documentPoint)
+    {
+        ShotCanvas& canvas = m_window->canvas();
+        return canvas.mapToGlobal(
+            canvas.toWidget(QRectF(documentPoint, QSizeF(0, 0))).topLeft().toPoint());
+    }
+    void dragOnScreen(QPointF from, QPointF to)
+    {
+        const QPoint a = onScreen(from), b = onScreen(to), middle = (a + b) / 2;
+        xdotool({"mousemove", QString::number(a.x()), QString::number(a.y()), "mousedown", "1",
+                 "mousemove", QString::number(middle.x()), QString::number(middle.y()), "mousemove",
+                 QString::number(b.x()), QString::number(b.y()), "mouseup", "1"});
+    }
+
+    QTemporaryDir m_dir;
+    std::unique_ptr<ShotPreferences> m_preferences;
+    ShotRenderer m_renderer;
+    std::unique_ptr<ShotEditorWindow> m_window;
+};
+
+TEST_F(EditorWindow, DrawsWithRealMouseAndKeys)
+{
+    ShotEditorModel& model = m_window->model();
+    xdotool({"key", "a"}); // Arrow
+    EXPECT_EQ(model.activeTool(), ShotToolKind::arrow);
+    dragOnScreen({100, 100}, {300, 200});
+    ASSERT_EQ(model.document().annotations.size(), 1);
+    const auto* arrow = std::get_if<ArrowAnnotation>(&model.document().annotations.first().kind);
+    ASSERT_NE(arrow, nullptr);
+    const double tolerance = 2 / m_window->canvas().zoom();
+    EXPECT_NEAR(arrow->from.x(), 100, tolerance);
+    EXPECT_NEAR(arrow->to.y(), 200, tolerance);
+    EXPECT_EQ(model.history().past.size(), 1) << "one drag, one step";
+
+    xdotool({"key", "r"}); // Rectangle
+    dragOnScreen({400, 100}, {600, 300});
+    xdotool({"key", "n"}); // Number: two clicks, two counters
+    for (const QPointF p : {QPointF(150, 350), QPointF(250, 350)}) {
+        const QPoint s = onScreen(p);
+        xdotool({"mousemove", QString::number(s.x()), QString::number(s.y()), "click", "1"});
+    }
+    ASSERT_EQ(model.document().annotations.size(), 4);
+    test::saveArtifact(m_window->grab().toImage(), QStringLiteral("editor-tools.png"));
+
+    xdotool({"key", "ctrl+z"});
+    EXPECT_EQ(model.document().annotations.size(), 3);
+    xdotool({"key", "ctrl+shift+z"});
+    EXPECT_EQ(model.document().annotations.size(), 4);
+
+    // Select the rectangle by clicking its edge, move it, delete it.
+    xdotool({"key", "v"});
+    const QPoint edge = onScreen({400, 200});
+    xdotool({"mousemove", QString::number(edge.x()), QString::number(edge.y()), "click", "1"});
+    ASSERT_EQ(model.selection().size(), 1);
+    dragOnScreen({400, 200}, {420, 220});
+    const auto* rect = std::get_if<ShapeAnnotation>(&model.document().annotations[1].kind);
+    ASSERT_NE(rect, nullptr);
+    EXPECT_NEAR(rect->rect.x(), 420, 2 * tolerance);
+    xdotool({"key", "Right", "Right", "shift+Down"});
+    EXPECT_NEAR(rect->rect.x(), 420, 2 * tolerance) << "the old value is kept by the copy";
+    const auto* nudged = std::get_if<ShapeAnnotation>(&model.document().annotations[1].kind);
+    EXPECT_NEAR(nudged->rect.x(), 422, 2 * tolerance);
+    EXPECT_NEAR(nudged->rect.y(), 130, 2 * tolerance);
+    xdotool({"key", "Delete"});
+    EXPECT_EQ(model.document().annotations.size(), 3);
+}
+
+TEST_F(EditorWindow, CropsWithTheCropTool)
+{
+    ShotEditorModel& model = m_window->model();
+    xdotool({"key", "c"});
+    ASSERT_TRUE(model.cropSession().has_value());
+    dragOnScreen({100, 50}, {500, 350});
+    test::saveArtifact(m_window->grab().toImage(), QStringLiteral("editor-crop.png"));
+    xdotool({"key", "Return"});
+    ASSERT_TRUE(model.document().crop.has_value());
+    const double tolerance = 3 / m_window->canvas().zoom();
+    EXPECT_NEAR(model.document().crop->x(), 100, tolerance);
+    EXPECT_NEAR(model.document().crop->width(), 400, 2 * tolerance);
+    EXPECT_EQ(model.activeTool(), ShotToolKind::select);
+    EXPECT_TRUE(m_window->windowTitle().startsWith(QStringLiteral("40")));
+    xdotool({"key", "ctrl+z"});
+    EXPECT_FALSE(model.document().crop.has_value());
+}
+
+} // namespace
+} // namespace nubo
