@@ -1,0 +1,117 @@
+// The editor's canvas over a large shot: a pointer move while dragging one of
+// 100 annotations over a 5120 × 2880 capture repaints only what the move
+// touched (measured offscreen), and opening a 5120 × 2880 PNG into a painted
+// editor window.
+//
+//   QT_QPA_PLATFORM=offscreen build/bench/editor_bench --benchmark_counters_tabular=true
+
+#include "core/Settings.h"
+#include "document/ShotDocumentArchive.h"
+#include "editor/ShotEditorWindow.h"
+#include "render/ShotRenderer.h"
+
+#include <QApplication>
+#include <QImageReader>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using namespace nubo;
+
+const QString bigShot = QStringLiteral(NUBOSHOT_BENCH_DATA "/code-5120x2880.png");
+
+ShotDocument annotatedShot()
+{
+    ShotDocument d = ShotDocument::fromImage(QImage(bigShot), 2);
+    for (int i = 0; i < 100; ++i) {
+        const double x = 40 + (i % 10) * 250.0, y = 40 + (i / 10) * 140.0;
+        AnnotationKind kind;
+        switch (i % 5) {
+        case 0:
+            kind = ArrowAnnotation{{x, y}, {x + 80, y + 40}};
+            break;
+        case 1:
+            kind = ShapeAnnotation{ShapeVariant::rect, {x, y, 120, 70}};
+            break;
+        case 2:
+            kind = TextAnnotation{{QStringLiteral("Note %1").arg(i), {x, y, 160, 40}}};
+            break;
+        case 3:
+            kind = CounterAnnotation{{x + 20, y + 20}};
+            break;
+        default:
+            kind = RedactAnnotation{{x, y, 100, 30}};
+            break;
+        }
+        d.annotations.append(Annotation{QUuid::createUuid(), std::move(kind), ShotStyle()});
+    }
+    return d;
+}
+
+void BM_DragRepaint(benchmark::State& state)
+{
+    QTemporaryDir dir;
+    ShotPreferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
+    ShotRenderer renderer;
+    ShotEditorWindow window(annotatedShot(), preferences, renderer);
+    window.resize(1600, 1000);
+    window.show(); // offscreen: lays the window out
+    QApplication::processEvents();
+    ShotCanvas& canvas = window.canvas();
+    canvas.setZoom(1); // pixels as they are: the heaviest case
+    QImage screen(canvas.size(), QImage::Format_ARGB32_Premultiplied);
+    canvas.render(&screen); // warm caches, as an open editor has them
+    ShotEditorModel& model = window.model();
+    const Annotation dragged = model.document().annotations[1];
+    model.select({dragged.id});
+    model.beginEdit();
+    double dirtyPixels = 0;
+    int step = 0;
+    for (auto _ : state) {
+        const QRectF before = annotationBounds(model.document().annotations[1]);
+        // Back and forth, so the annotation stays in view however long this runs.
+        const double dx = (step++ / 40) % 2 == 0 ? 1.5 : -1.5;
+        model.moveSelection({dx, dx / 2});
+        const QRectF after = annotationBounds(model.document().annotations[1]);
+        const QRect dirty =
+            canvas.toWidget(before.united(after)).adjusted(-3, -3, 3, 3).toAlignedRect();
+        canvas.render(&screen, dirty.topLeft(), QRegion(dirty));
+        dirtyPixels = double(dirty.width()) * dirty.height();
+    }
+    model.commitEdit();
+    if (!qEnvironmentVariableIsEmpty("NUBOSHOT_BENCH_SAVE")) {
+        screen.save(qEnvironmentVariable("NUBOSHOT_BENCH_SAVE")); // to look at what was painted
+    }
+    state.counters["dirty_pixels"] = dirtyPixels;
+    state.counters["canvas_width"] = canvas.width();
+}
+BENCHMARK(BM_DragRepaint)->Unit(benchmark::kMillisecond);
+
+void BM_OpenBigPng(benchmark::State& state)
+{
+    QTemporaryDir dir;
+    ShotPreferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
+    ShotRenderer renderer;
+    for (auto _ : state) {
+        QImageReader reader(bigShot);
+        ShotDocumentArchive::allowLargeImages();
+        ShotEditorWindow window(ShotDocument::fromImage(reader.read(), 2), preferences, renderer);
+        window.resize(1400, 900);
+        benchmark::DoNotOptimize(window.grab()); // the first full paint
+    }
+}
+BENCHMARK(BM_OpenBigPng)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
