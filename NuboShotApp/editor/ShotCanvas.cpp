@@ -12,7 +12,8 @@ namespace nubo {
 
 namespace {
 constexpr double handleTolerance = 4; // screen pixels
-}
+constexpr double handleSize = 8;      // screen pixels
+} // namespace
 
 ShotCanvas::ShotCanvas(ShotEditorModel& model, ShotRenderer& renderer, QWidget* parent)
     : QWidget(parent), m_model(model), m_renderer(renderer), m_painted(model.document())
@@ -135,6 +136,13 @@ void ShotCanvas::paintEvent(QPaintEvent* event)
             painter.drawRect(annotationBounds(a));
         }
     }
+    if (const auto box = selectedHandleBox()) {
+        painter.setPen(QPen(QColor(40, 120, 255), 0));
+        painter.setBrush(Qt::white);
+        for (const ResizeHandle handle : allCases<ResizeHandle>()) {
+            painter.drawRect(handleRect(*box, handle));
+        }
+    }
     if (const auto& crop = m_model.cropSession()) {
         QPainterPath outside;
         outside.addRect(crop->bounds);
@@ -193,7 +201,9 @@ void ShotCanvas::documentChanged()
         // Counters renumber and redactions may change what lies under others.
         dirty = dirty.united(annotationsBounds(m_painted, m_model.selection()));
         if (!dirty.isEmpty()) {
-            update(toWidget(dirty).adjusted(-3, -3, 3, 3).toAlignedRect());
+            update(toWidget(dirty)
+                       .adjusted(-handleSize, -handleSize, handleSize, handleSize)
+                       .toAlignedRect());
         }
         if (now.annotations.size() != m_painted.annotations.size()) {
             update(); // numbers of counters may all have changed
@@ -209,6 +219,50 @@ ShotGesture ShotCanvas::gesture(const QMouseEvent* event) const
     return {m_press, current, bool(event->modifiers() & Qt::ShiftModifier),
             bool(event->modifiers() & Qt::AltModifier),
             std::hypot(distance.x(), distance.y()) >= 3};
+}
+
+std::optional<QRectF> ShotCanvas::selectedHandleBox() const
+{
+    if (m_model.selection().size() != 1 || m_model.activeTool() != ShotToolKind::select) {
+        return std::nullopt;
+    }
+    for (const Annotation& a : m_model.document().annotations) {
+        if (m_model.selection().contains(a.id) &&
+            !std::holds_alternative<CounterAnnotation>(a.kind)) {
+            return ShotEditorModel::handleBox(a);
+        }
+    }
+    return std::nullopt;
+}
+
+QPointF ShotCanvas::handlePoint(const QRectF& box, ResizeHandle handle)
+{
+    switch (handle) {
+    case ResizeHandle::topLeft:
+        return box.topLeft();
+    case ResizeHandle::top:
+        return {box.center().x(), box.top()};
+    case ResizeHandle::topRight:
+        return box.topRight();
+    case ResizeHandle::right:
+        return {box.right(), box.center().y()};
+    case ResizeHandle::bottomRight:
+        return box.bottomRight();
+    case ResizeHandle::bottom:
+        return {box.center().x(), box.bottom()};
+    case ResizeHandle::bottomLeft:
+        return box.bottomLeft();
+    case ResizeHandle::left:
+        return {box.left(), box.center().y()};
+    }
+    return box.center();
+}
+
+QRectF ShotCanvas::handleRect(const QRectF& box, ResizeHandle handle) const
+{
+    const double half = handleSize / 2 / m_zoom;
+    const QPointF p = handlePoint(box, handle);
+    return {p.x() - half, p.y() - half, 2 * half, 2 * half};
 }
 
 std::optional<QUuid> ShotCanvas::annotationAt(QPointF point) const
@@ -231,6 +285,17 @@ void ShotCanvas::mousePressEvent(QMouseEvent* event)
     m_pressed = true;
     const ShotToolKind tool = m_model.activeTool();
     if (tool == ShotToolKind::select) {
+        if (const auto box = selectedHandleBox()) {
+            for (const ResizeHandle handle : allCases<ResizeHandle>()) {
+                if (handleRect(*box, handle)
+                        .adjusted(-2 / m_zoom, -2 / m_zoom, 2 / m_zoom, 2 / m_zoom)
+                        .contains(m_press)) {
+                    m_resizing = handle;
+                    m_model.beginEdit();
+                    return;
+                }
+            }
+        }
         const auto hit = annotationAt(m_press);
         if (!hit) {
             m_model.select({}, true);
@@ -260,6 +325,10 @@ void ShotCanvas::mouseMoveEvent(QMouseEvent* event)
         return;
     }
     const ShotGesture g = gesture(event);
+    if (m_resizing) {
+        m_model.resizeSelection(*m_resizing, g.current);
+        return;
+    }
     if (m_moving) {
         // Moving the selection inside one transaction: one step when released.
         m_model.moveSelection(g.current - m_lastMove);
@@ -277,7 +346,10 @@ void ShotCanvas::mouseReleaseEvent(QMouseEvent* event)
         return;
     }
     m_pressed = false;
-    if (m_moving) {
+    if (m_resizing) {
+        m_resizing.reset();
+        m_model.commitEdit();
+    } else if (m_moving) {
         m_moving = false;
         m_model.commitEdit();
     } else if (createsAnnotations(m_model.activeTool())) {

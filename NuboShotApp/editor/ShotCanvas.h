@@ -39,6 +39,11 @@ private:
     void updateFit();
     ShotGesture gesture(const QMouseEvent* event) const;
     QRectF visibleRect() const;
+    // The box with resize handles: the one selected annotation's, with the
+    // Select tool.
+    std::optional<QRectF> selectedHandleBox() const;
+    static QPointF handlePoint(const QRectF& box, ResizeHandle handle);
+    QRectF handleRect(const QRectF& box, ResizeHandle handle) const;
     // The topmost annotation under a point, with a tolerance of a few screen pixels.
     std::optional<QUuid> annotationAt(QPointF point) const;
     QRectF annotationsBounds(const ShotDocument& document, const QSet<QUuid>& ids) const;
@@ -52,6 +57,7 @@ private:
     bool m_pressed = false;
     bool m_moving = false;
     QPointF m_lastMove;
+    std::optional<ResizeHandle> m_resizing;
 };
 
 } // namespace nubo

@@ -5,8 +5,10 @@
 #include "export/ShotExporter.h"
 
 #include <QCoreApplication>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QThread>
+#include <QTransform>
 
 namespace nubo {
 
@@ -180,34 +182,34 @@ void ShotEditorModel::deleteSelection()
     emit changed();
 }
 
-namespace {
+namespace {} // namespace
 
-void move(AnnotationKind& kind, QPointF by)
+void transformKind(AnnotationKind& kind, const QTransform& map)
 {
     std::visit(
         [&](auto& k) {
             using K = std::decay_t<decltype(k)>;
             if constexpr (std::is_same_v<K, ArrowAnnotation> || std::is_same_v<K, LineAnnotation>) {
-                k.from += by;
-                k.to += by;
+                k.from = map.map(k.from);
+                k.to = map.map(k.to);
             } else if constexpr (std::is_same_v<K, ShapeAnnotation> ||
                                  std::is_same_v<K, EmojiAnnotation> ||
                                  std::is_same_v<K, RedactAnnotation>) {
-                k.rect.translate(by);
+                k.rect = map.mapRect(k.rect.normalized());
             } else if constexpr (std::is_same_v<K, TextAnnotation>) {
-                k.content.rect.translate(by);
+                k.content.rect = map.mapRect(k.content.rect.normalized());
             } else if constexpr (std::is_same_v<K, CounterAnnotation>) {
-                k.center += by;
+                k.center = map.map(k.center);
             } else if constexpr (std::is_same_v<K, PenAnnotation>) {
                 for (QPointF& p : k.points) {
-                    p += by;
+                    p = map.map(p);
                 }
             }
         },
         kind);
 }
 
-} // namespace
+namespace {} // namespace
 
 void ShotEditorModel::nudge(QPointF by)
 {
@@ -231,7 +233,7 @@ void ShotEditorModel::moveSelection(QPointF by)
     ShotDocument next = m_document;
     for (Annotation& a : next.annotations) {
         if (m_selection.contains(a.id)) {
-            move(a.kind, by);
+            transformKind(a.kind, QTransform::fromTranslate(by.x(), by.y()));
         }
     }
     apply(next);
@@ -245,6 +247,181 @@ void ShotEditorModel::endNudging()
     m_nudgeTimer.stop();
     m_nudging = false;
     commitEdit();
+}
+
+void ShotEditorModel::bringForward()
+{
+    assertMainThread();
+    endNudging();
+    ShotDocument next = m_document;
+    auto& list = next.annotations;
+    // From the top down, so a selected run moves up together.
+    for (qsizetype i = list.size() - 2; i >= 0; --i) {
+        if (m_selection.contains(list[i].id) && !m_selection.contains(list[i + 1].id)) {
+            list.swapItemsAt(i, i + 1);
+        }
+    }
+    apply(next);
+}
+
+void ShotEditorModel::sendBackward()
+{
+    assertMainThread();
+    endNudging();
+    ShotDocument next = m_document;
+    auto& list = next.annotations;
+    for (qsizetype i = 1; i < list.size(); ++i) {
+        if (m_selection.contains(list[i].id) && !m_selection.contains(list[i - 1].id)) {
+            list.swapItemsAt(i, i - 1);
+        }
+    }
+    apply(next);
+}
+
+QByteArray ShotEditorModel::copySelection() const
+{
+    QJsonArray copied;
+    for (const Annotation& a : m_document.annotations) {
+        if (m_selection.contains(a.id)) {
+            copied.append(coding::encodeAnnotation(a));
+        }
+    }
+    return copied.isEmpty() ? QByteArray() : QJsonDocument(copied).toJson(QJsonDocument::Compact);
+}
+
+bool ShotEditorModel::paste(const QByteArray& data, QPointF offset)
+{
+    assertMainThread();
+    endNudging();
+    const QJsonDocument json = QJsonDocument::fromJson(data);
+    if (!json.isArray() || json.array().isEmpty()) {
+        return false;
+    }
+    ShotDocument next = m_document;
+    QSet<QUuid> pasted;
+    try {
+        for (const QJsonValue& value : json.array()) {
+            Annotation a = coding::decodeAnnotation(value);
+            a.id = QUuid::createUuid();
+            transformKind(a.kind, QTransform::fromTranslate(offset.x(), offset.y()));
+            if (!annotationIsFinite(a)) {
+                return false;
+            }
+            next.annotations.append(a);
+            pasted.insert(a.id);
+        }
+    } catch (const coding::DecodingFailure&) {
+        return false; // not ours, or damaged: nothing is pasted
+    }
+    const SelectionEntry before = currentSelection();
+    m_selection = pasted;
+    m_selectionIsExplicit = true;
+    const ShotDocument previous = m_history.current;
+    m_history.record(next);
+    m_document = m_history.current;
+    if (!(previous == m_history.current)) {
+        recordSelection(before);
+    }
+    emit changed();
+    return true;
+}
+
+void ShotEditorModel::cutSelection()
+{
+    deleteSelection();
+}
+
+QRectF ShotEditorModel::resized(const QRectF& box, ResizeHandle handle, QPointF p)
+{
+    QRectF r = box;
+    switch (handle) {
+    case ResizeHandle::topLeft:
+        r.setTopLeft(p);
+        break;
+    case ResizeHandle::top:
+        r.setTop(p.y());
+        break;
+    case ResizeHandle::topRight:
+        r.setTopRight(p);
+        break;
+    case ResizeHandle::right:
+        r.setRight(p.x());
+        break;
+    case ResizeHandle::bottomRight:
+        r.setBottomRight(p);
+        break;
+    case ResizeHandle::bottom:
+        r.setBottom(p.y());
+        break;
+    case ResizeHandle::bottomLeft:
+        r.setBottomLeft(p);
+        break;
+    case ResizeHandle::left:
+        r.setLeft(p.x());
+        break;
+    }
+    return r.normalized();
+}
+
+QRectF ShotEditorModel::handleBox(const Annotation& a)
+{
+    return std::visit(
+        [&](const auto& k) -> QRectF {
+            using K = std::decay_t<decltype(k)>;
+            if constexpr (std::is_same_v<K, ArrowAnnotation> || std::is_same_v<K, LineAnnotation>) {
+                return QRectF(k.from, k.to).normalized();
+            } else if constexpr (std::is_same_v<K, TextAnnotation>) {
+                return k.content.rect.normalized();
+            } else if constexpr (std::is_same_v<K, ShapeAnnotation> ||
+                                 std::is_same_v<K, EmojiAnnotation> ||
+                                 std::is_same_v<K, RedactAnnotation>) {
+                return k.rect.normalized();
+            } else {
+                return annotationBounds(a);
+            }
+        },
+        a.kind);
+}
+
+void ShotEditorModel::resizeSelection(ResizeHandle handle, QPointF point)
+{
+    assertMainThread();
+    if (m_selection.size() != 1) {
+        return;
+    }
+    ShotDocument next = m_document;
+    for (Annotation& a : next.annotations) {
+        if (!m_selection.contains(a.id) || std::holds_alternative<CounterAnnotation>(a.kind)) {
+            continue;
+        }
+        const QRectF from = handleBox(a);
+        const QRectF to = resized(from, handle, point);
+        // Everything in the box is mapped onto the new box (a flat line stays flat).
+        const double sx = from.width() > 0 ? to.width() / from.width() : 1;
+        const double sy = from.height() > 0 ? to.height() / from.height() : 1;
+        QTransform map;
+        map.translate(to.x(), to.y());
+        map.scale(sx, sy);
+        map.translate(-from.x(), -from.y());
+        transformKind(a.kind, map);
+    }
+    apply(next);
+}
+
+void ShotEditorModel::addImageLayer(const QImage& image, QPointF topLeft)
+{
+    assertMainThread();
+    endNudging();
+    if (image.isNull()) {
+        return;
+    }
+    ShotDocument next = m_document;
+    const double scale = exportScale();
+    const QRectF frame(topLeft, QSizeF(image.size()) / scale);
+    next.layers.append(ImageLayer{
+        QUuid::createUuid(), image.convertToFormat(QImage::Format_RGBA8888_Premultiplied), frame});
+    next.canvasBounds = next.canvasBounds.normalized().united(frame);
+    apply(next);
 }
 
 void ShotEditorModel::setActiveTool(ShotToolKind tool)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document/ShotDocument.h"
 #include "document/ShotHistory.h"
 #include "editor/ShotCreationTool.h"
 #include "editor/ShotCropSession.h"
@@ -9,6 +10,7 @@
 #include <QObject>
 #include <QSet>
 #include <QTimer>
+#include <QTransform>
 #include <QUuid>
 
 #include <functional>
@@ -17,6 +19,9 @@
 namespace nubo {
 
 class ShotPreferences;
+
+// Maps every point of an annotation's geometry.
+void transformKind(AnnotationKind& kind, const QTransform& map);
 
 // The state of one editor window: the working document, its history with the
 // selection of every step, the active tool and styles, the transaction that
@@ -71,6 +76,27 @@ public:
     void nudge(QPointF by);
     void endNudging();
     bool isNudging() const { return m_nudging; }
+
+    // Z-order: the selection one place up or down the list (one step).
+    void bringForward();
+    void sendBackward();
+
+    // The selected annotations as clipboard data, and pasting such data as
+    // new annotations (new ids, moved by `offset`, selected; one step).
+    static constexpr char clipboardType[] = "application/x-nuboshot-annotations";
+    QByteArray copySelection() const;
+    bool paste(const QByteArray& data, QPointF offset = {10, 10});
+    void cutSelection();
+
+    // Resizing the one selected annotation by a handle of its box.
+    static QRectF resized(const QRectF& box, ResizeHandle handle, QPointF point);
+    void resizeSelection(ResizeHandle handle, QPointF point);
+    // The box the handles of an annotation sit on.
+    static QRectF handleBox(const Annotation& annotation);
+
+    // A new image layer at a point (its size in points follows the
+    // document's density); the canvas grows to hold it. One step.
+    void addImageLayer(const QImage& image, QPointF topLeft);
 
     ShotToolKind activeTool() const { return m_activeTool; }
     void setActiveTool(ShotToolKind tool);

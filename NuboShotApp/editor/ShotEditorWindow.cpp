@@ -2,7 +2,12 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMessageBox>
+#include <QMimeData>
 #include <QToolBar>
 
 namespace nubo {
@@ -14,6 +19,7 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
 {
     m_canvas = new ShotCanvas(*m_model, renderer, this);
     setCentralWidget(m_canvas);
+    setAcceptDrops(true);
 
     QToolBar* toolbar = addToolBar(QStringLiteral("Tools"));
     toolbar->setMovable(false);
@@ -43,6 +49,16 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     add(QStringLiteral("Redo"), QKeySequence::Redo, [this] { m_model->redo(); });
     add(QStringLiteral("Select All"), QKeySequence::SelectAll, [this] { m_model->selectAll(); });
     add(QStringLiteral("Delete"), QKeySequence::Delete, [this] { m_model->deleteSelection(); });
+    add(QStringLiteral("Copy"), QKeySequence::Copy, [this] { copy(); });
+    add(QStringLiteral("Cut"), QKeySequence::Cut, [this] {
+        copy();
+        m_model->cutSelection();
+    });
+    add(QStringLiteral("Paste"), QKeySequence::Paste, [this] { paste(); });
+    add(QStringLiteral("Bring Forward"), QKeySequence(Qt::CTRL | Qt::Key_BracketRight),
+        [this] { m_model->bringForward(); });
+    add(QStringLiteral("Send Backward"), QKeySequence(Qt::CTRL | Qt::Key_BracketLeft),
+        [this] { m_model->sendBackward(); });
     add(QStringLiteral("Zoom In"), QKeySequence::ZoomIn,
         [this] { m_canvas->setZoom(m_canvas->zoom() * 1.25); });
     add(QStringLiteral("Zoom Out"), QKeySequence::ZoomOut,
@@ -60,6 +76,58 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     updateTitle();
     const QSize hint = m_canvas->sizeHint();
     resize(std::min(hint.width(), 1400), std::min(hint.height() + 60, 900));
+}
+
+void ShotEditorWindow::copy()
+{
+    const QByteArray data = m_model->copySelection();
+    if (data.isEmpty()) {
+        return;
+    }
+    auto* mime = new QMimeData;
+    mime->setData(QLatin1String(ShotEditorModel::clipboardType), data);
+    QGuiApplication::clipboard()->setMimeData(mime);
+}
+
+void ShotEditorWindow::paste()
+{
+    const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+    if (!mime) {
+        return;
+    }
+    if (mime->hasFormat(QLatin1String(ShotEditorModel::clipboardType))) {
+        m_model->paste(mime->data(QLatin1String(ShotEditorModel::clipboardType)));
+    } else if (mime->hasImage()) {
+        // An image from elsewhere becomes a new layer at the top-left of the view.
+        m_model->addImageLayer(qvariant_cast<QImage>(mime->imageData()),
+                               m_canvas->toDocument(QPointF(0, 0)));
+    }
+}
+
+void ShotEditorWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasUrls() || event->mimeData()->hasImage()) {
+        event->acceptProposedAction();
+    }
+}
+
+void ShotEditorWindow::dropEvent(QDropEvent* event)
+{
+    const QPointF at = m_canvas->toDocument(m_canvas->mapFrom(this, event->position().toPoint()));
+    if (event->mimeData()->hasImage()) {
+        m_model->addImageLayer(qvariant_cast<QImage>(event->mimeData()->imageData()), at);
+    }
+    for (const QUrl& url : event->mimeData()->urls()) {
+        const QImage image(url.toLocalFile());
+        if (image.isNull()) {
+            QMessageBox::warning(this, QStringLiteral("Nubo Shot"),
+                                 QStringLiteral("\u201c%1\u201d is not an image Nubo Shot can add.")
+                                     .arg(url.fileName()));
+            continue;
+        }
+        m_model->addImageLayer(image, at);
+    }
+    event->acceptProposedAction();
 }
 
 void ShotEditorWindow::syncTools()

@@ -24,8 +24,13 @@ public:
     ShotEditorModel& model() { return *m_model; }
     ShotCanvas& canvas() { return *m_canvas; }
 
+    void copy();
+    void paste();
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void updateTitle();

@@ -318,3 +318,88 @@ TEST_F(EditorModel, ExportScaleAndStylesPersist)
 
 } // namespace
 } // namespace nubo
+
+namespace nubo {
+namespace {
+
+TEST_F(EditorModel, ResizeHandlesMoveTheirEdges)
+{
+    struct Case {
+        ResizeHandle handle;
+        QPointF to;
+        QRectF expected;
+    };
+    const QRectF box(100, 100, 200, 100);
+    const Case cases[] = {
+        {ResizeHandle::topLeft, {50, 80}, {50, 80, 250, 120}},
+        {ResizeHandle::top, {999, 150}, {100, 150, 200, 50}},
+        {ResizeHandle::topRight, {350, 90}, {100, 90, 250, 110}},
+        {ResizeHandle::right, {150, 999}, {100, 100, 50, 100}},
+        {ResizeHandle::bottomRight, {400, 300}, {100, 100, 300, 200}},
+        {ResizeHandle::bottom, {0, 120}, {100, 100, 200, 20}},
+        {ResizeHandle::bottomLeft, {120, 250}, {120, 100, 180, 150}},
+        {ResizeHandle::left, {350, 0}, {300, 100, 50, 100}}, // past the other edge: flipped
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(ShotEditorModel::resized(box, c.handle, c.to), c.expected)
+            << toString(c.handle).toStdString();
+    }
+
+    // An arrow scales with its box; one step per resize gesture.
+    m_model->setActiveTool(ShotToolKind::arrow);
+    drag({100, 100}, {300, 200});
+    m_model->beginEdit();
+    m_model->resizeSelection(ResizeHandle::bottomRight, {500, 300});
+    m_model->commitEdit();
+    const auto& arrow = std::get<ArrowAnnotation>(m_model->document().annotations.first().kind);
+    EXPECT_EQ(arrow.from, QPointF(100, 100));
+    EXPECT_EQ(arrow.to, QPointF(500, 300));
+    EXPECT_EQ(m_model->history().past.size(), 2);
+}
+
+TEST_F(EditorModel, ZOrderCopyPasteAndAddedImages)
+{
+    m_model->setActiveTool(ShotToolKind::rect);
+    drag({10, 10}, {50, 50});
+    m_model->setActiveTool(ShotToolKind::ellipse);
+    drag({20, 20}, {60, 60});
+    const QUuid rect = m_model->document().annotations[0].id;
+    const QUuid ellipse = m_model->document().annotations[1].id;
+    m_model->select({rect});
+    m_model->bringForward();
+    EXPECT_EQ(m_model->document().annotations[1].id, rect);
+    m_model->bringForward(); // already on top: nothing changes, nothing recorded
+    const qsizetype steps = m_model->history().past.size();
+    m_model->sendBackward();
+    EXPECT_EQ(m_model->document().annotations[0].id, rect);
+    EXPECT_EQ(m_model->history().past.size(), steps + 1);
+
+    // Copy and paste: new ids, moved by the offset, selected, one step.
+    m_model->select({rect, ellipse});
+    const QByteArray copied = m_model->copySelection();
+    ASSERT_FALSE(copied.isEmpty());
+    ASSERT_TRUE(m_model->paste(copied, {10, 10}));
+    ASSERT_EQ(m_model->document().annotations.size(), 4);
+    const Annotation& pasted = m_model->document().annotations[2];
+    EXPECT_NE(pasted.id, rect);
+    EXPECT_EQ(std::get<ShapeAnnotation>(pasted.kind).rect, QRectF(20, 20, 40, 40));
+    EXPECT_EQ(m_model->selection().size(), 2);
+    EXPECT_FALSE(m_model->selection().contains(rect));
+    m_model->undo();
+    EXPECT_EQ(m_model->document().annotations.size(), 2);
+    EXPECT_EQ(m_model->selection(), (QSet<QUuid>{rect, ellipse}));
+    EXPECT_FALSE(m_model->paste("not json"));
+    EXPECT_FALSE(m_model->paste("[{\"id\": 5}]"));
+    EXPECT_EQ(m_model->document().annotations.size(), 2);
+
+    // An added image is a new layer; the canvas grows to hold it.
+    m_model->addImageLayer(test::patternImage(300, 200), {900, 700});
+    ASSERT_EQ(m_model->document().layers.size(), 2);
+    EXPECT_EQ(m_model->document().layers[1].frame, QRectF(900, 700, 300, 200));
+    EXPECT_EQ(m_model->document().canvasBounds, QRectF(0, 0, 1200, 900));
+    m_model->undo();
+    EXPECT_EQ(m_model->document().layers.size(), 1);
+}
+
+} // namespace
+} // namespace nubo

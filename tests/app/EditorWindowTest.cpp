@@ -104,12 +104,13 @@ TEST_F(EditorWindow, DrawsWithRealMouseAndKeys)
     xdotool({"key", "ctrl+shift+z"});
     EXPECT_EQ(model.document().annotations.size(), 4);
 
-    // Select the rectangle by clicking its edge, move it, delete it.
+    // Select the rectangle by clicking its edge (away from the handles), move
+    // it, delete it.
     xdotool({"key", "v"});
-    const QPoint edge = onScreen({400, 200});
+    const QPoint edge = onScreen({400, 150});
     xdotool({"mousemove", QString::number(edge.x()), QString::number(edge.y()), "click", "1"});
     ASSERT_EQ(model.selection().size(), 1);
-    dragOnScreen({400, 200}, {420, 220});
+    dragOnScreen({400, 150}, {420, 170});
     const auto* rect = std::get_if<ShapeAnnotation>(&model.document().annotations[1].kind);
     ASSERT_NE(rect, nullptr);
     EXPECT_NEAR(rect->rect.x(), 420, 2 * tolerance);
@@ -120,6 +121,31 @@ TEST_F(EditorWindow, DrawsWithRealMouseAndKeys)
     EXPECT_NEAR(nudged->rect.y(), 130, 2 * tolerance);
     xdotool({"key", "Delete"});
     EXPECT_EQ(model.document().annotations.size(), 3);
+}
+
+TEST_F(EditorWindow, ResizesBySelectionHandles)
+{
+    ShotEditorModel& model = m_window->model();
+    xdotool({"key", "r"});
+    dragOnScreen({100, 100}, {300, 200});
+    xdotool({"key", "v"});
+    const QPoint edge = onScreen({100, 150});
+    xdotool({"mousemove", QString::number(edge.x()), QString::number(edge.y()), "click", "1"});
+    ASSERT_EQ(model.selection().size(), 1);
+    const qsizetype steps = model.history().past.size();
+    dragOnScreen({300, 200}, {400, 300}); // the bottom-right handle
+    test::saveArtifact(m_window->grab().toImage(), QStringLiteral("editor-resize.png"));
+    const auto& rect = std::get<ShapeAnnotation>(model.document().annotations.first().kind).rect;
+    const double tolerance = 3 / m_window->canvas().zoom();
+    EXPECT_NEAR(rect.right(), 400, tolerance);
+    EXPECT_NEAR(rect.bottom(), 300, tolerance);
+    EXPECT_NEAR(rect.left(), 100, tolerance);
+    EXPECT_EQ(model.history().past.size(), steps + 1);
+
+    // Copy and paste through the real clipboard.
+    xdotool({"key", "ctrl+c"});
+    xdotool({"key", "ctrl+v"});
+    EXPECT_EQ(model.document().annotations.size(), 2);
 }
 
 TEST_F(EditorWindow, CropsWithTheCropTool)
