@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QWheelEvent>
 
 #include <cmath>
 
@@ -276,6 +277,16 @@ std::optional<QUuid> ShotCanvas::annotationAt(QPointF point) const
     return std::nullopt;
 }
 
+void ShotCanvas::wheelEvent(QWheelEvent* event)
+{
+    if (!(event->modifiers() & Qt::ControlModifier)) {
+        QWidget::wheelEvent(event);
+        return;
+    }
+    setZoom(m_zoom * std::pow(1.1, event->angleDelta().y() / 120.0));
+    event->accept();
+}
+
 void ShotCanvas::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) {
@@ -312,6 +323,9 @@ void ShotCanvas::mousePressEvent(QMouseEvent* event)
         m_model.select(selection, true);
         m_moving = m_model.beginEdit();
         m_lastMove = m_press;
+    } else if (tool == ShotToolKind::colorPicker) {
+        m_pressed = false;
+        emit colorPickRequested(m_press);
     } else if (tool == ShotToolKind::crop) {
         m_model.setCropRect(QRectF(m_press, QSizeF(1, 1)));
     } else if (createsAnnotations(tool)) {

@@ -27,8 +27,13 @@ public:
     // by paintEvent and by the benchmark.
     void paintDocument(QPainter& painter, const QRectF& area) const;
 
+signals:
+    // A click with the colour picker, in document points.
+    void colorPickRequested(QPointF point);
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;

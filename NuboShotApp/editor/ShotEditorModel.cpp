@@ -470,6 +470,36 @@ void ShotEditorModel::setStyle(ShotToolKind tool, const ShotStyle& style)
             QJsonDocument(coding::encodeColor(style.color)).toJson(QJsonDocument::Compact)));
 }
 
+void ShotEditorModel::applyStyle(const ShotStyle& style)
+{
+    assertMainThread();
+    endNudging();
+    setStyle(m_activeTool, style);
+    if (m_selection.isEmpty()) {
+        emit changed();
+        return;
+    }
+    ShotDocument next = m_document;
+    for (Annotation& a : next.annotations) {
+        if (m_selection.contains(a.id)) {
+            a.style = style;
+        }
+    }
+    apply(next);
+}
+
+ShotStyle ShotEditorModel::shownStyle() const
+{
+    if (m_selection.size() == 1) {
+        for (const Annotation& a : m_document.annotations) {
+            if (m_selection.contains(a.id)) {
+                return a.style;
+            }
+        }
+    }
+    return style(m_activeTool);
+}
+
 void ShotEditorModel::beginCreation(const ShotGesture& gesture)
 {
     assertMainThread();

@@ -104,6 +104,12 @@ public:
     // The style new annotations of a tool take, kept in the preferences.
     ShotStyle style(ShotToolKind tool) const;
     void setStyle(ShotToolKind tool, const ShotStyle& style);
+    // The style bar's change: the active tool's style, and the selected
+    // annotations' too (one step).
+    void applyStyle(const ShotStyle& style);
+    // The style the style bar shows: the one selected annotation's, else the
+    // active tool's.
+    ShotStyle shownStyle() const;
     QString selectedEmoji() const { return m_selectedEmoji; }
     void setSelectedEmoji(const QString& emoji) { m_selectedEmoji = emoji; }
 

@@ -1,5 +1,8 @@
 #include "editor/ShotEditorWindow.h"
 
+#include "editor/ShotStyleBar.h"
+#include "render/ShotRenderer.h"
+
 #include <QAction>
 #include <QActionGroup>
 #include <QClipboard>
@@ -8,6 +11,7 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QStatusBar>
 #include <QToolBar>
 
 namespace nubo {
@@ -15,7 +19,8 @@ namespace nubo {
 ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& preferences,
                                    ShotRenderer& renderer, QWidget* parent)
     : QMainWindow(parent),
-      m_model(std::make_unique<ShotEditorModel>(std::move(document), preferences))
+      m_model(std::make_unique<ShotEditorModel>(std::move(document), preferences)),
+      m_renderer(renderer)
 {
     m_canvas = new ShotCanvas(*m_model, renderer, this);
     setCentralWidget(m_canvas);
@@ -37,6 +42,10 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
         m_tools->addAction(action);
         connect(action, &QAction::triggered, this, [this, tool] { m_model->setActiveTool(tool); });
     }
+
+    addToolBarBreak();
+    addToolBar(new ShotStyleBar(*m_model, this));
+    connect(m_canvas, &ShotCanvas::colorPickRequested, this, &ShotEditorWindow::pickColor);
 
     const auto add = [this](const QString& title, QKeySequence keys, auto slot) {
         QAction* action = new QAction(title, this);
@@ -76,6 +85,34 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     updateTitle();
     const QSize hint = m_canvas->sizeHint();
     resize(std::min(hint.width(), 1400), std::min(hint.height() + 60, 900));
+}
+
+void ShotEditorWindow::pickColor(QPointF point)
+{
+    // The colour as it is shown: the whole document drawn, at export scale.
+    const ShotDocument& document = m_model->document();
+    const double scale = m_model->exportScale();
+    const QImage rendered = m_renderer.render(document, scale);
+    const QRectF visible = (document.crop ? *document.crop : document.canvasBounds).normalized();
+    const double inset = document.frame ? std::max(document.frame->padding, 0.0) : 0.0;
+    const QPoint pixel = ((point - visible.topLeft() + QPointF(inset, inset)) * scale).toPoint();
+    if (!rendered.rect().contains(pixel)) {
+        return;
+    }
+    const QColor color = rendered.pixelColor(pixel);
+    const QString name = color.name(QColor::HexRgb).toUpper();
+    QGuiApplication::clipboard()->setText(name);
+    ShotStyle style = m_model->style(ShotToolKind::arrow);
+    style.color = ShotColor::fromQColor(color);
+    for (const ShotToolKind tool : allCases<ShotToolKind>()) {
+        if (createsAnnotations(tool)) {
+            ShotStyle toolStyle = m_model->style(tool);
+            toolStyle.color = style.color;
+            m_model->setStyle(tool, toolStyle);
+        }
+    }
+    m_lastNotice = name + QStringLiteral(" copied");
+    statusBar()->showMessage(m_lastNotice, 3000);
 }
 
 void ShotEditorWindow::copy()

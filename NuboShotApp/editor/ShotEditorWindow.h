@@ -26,6 +26,10 @@ public:
 
     void copy();
     void paste();
+    // Samples the shown colour at a document point: on the clipboard as
+    // "#RRGGBB", the colour of the tools, and a short notice.
+    void pickColor(QPointF point);
+    const QString& lastNotice() const { return m_lastNotice; }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -37,6 +41,8 @@ private:
     void syncTools();
 
     std::unique_ptr<ShotEditorModel> m_model;
+    ShotRenderer& m_renderer;
+    QString m_lastNotice;
     ShotCanvas* m_canvas = nullptr;
     QActionGroup* m_tools = nullptr;
 };

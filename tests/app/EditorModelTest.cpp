@@ -403,3 +403,28 @@ TEST_F(EditorModel, ZOrderCopyPasteAndAddedImages)
 
 } // namespace
 } // namespace nubo
+
+namespace nubo {
+namespace {
+
+TEST_F(EditorModel, TheStyleBarChangesTheToolAndTheSelection)
+{
+    m_model->setActiveTool(ShotToolKind::rect);
+    drag({10, 10}, {50, 50});
+    ShotStyle thick = m_model->shownStyle();
+    thick.lineWidth = 12;
+    const qsizetype steps = m_model->history().past.size();
+    m_model->applyStyle(thick);
+    EXPECT_EQ(m_model->document().annotations.first().style.lineWidth, 12);
+    EXPECT_EQ(m_model->history().past.size(), steps + 1);
+    EXPECT_EQ(m_model->style(ShotToolKind::rect).lineWidth, 12) << "new rectangles take it too";
+    m_model->select({});
+    thick.lineWidth = 3;
+    m_model->applyStyle(thick);
+    EXPECT_EQ(m_model->document().annotations.first().style.lineWidth, 12)
+        << "nothing selected: tool only";
+    EXPECT_EQ(m_model->history().past.size(), steps + 1);
+}
+
+} // namespace
+} // namespace nubo

@@ -6,6 +6,7 @@
 #include "support/RenderFixtures.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDeadlineTimer>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -146,6 +147,27 @@ TEST_F(EditorWindow, ResizesBySelectionHandles)
     xdotool({"key", "ctrl+c"});
     xdotool({"key", "ctrl+v"});
     EXPECT_EQ(model.document().annotations.size(), 2);
+}
+
+TEST_F(EditorWindow, PicksColoursAndZoomsWithCtrlScroll)
+{
+    xdotool({"key", "p"});
+    const QPoint at = onScreen({200, 150});
+    xdotool({"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "1"});
+    const QColor expected = test::patternImage(800, 500).pixelColor(200, 150);
+    const QString name = expected.name(QColor::HexRgb).toUpper();
+    EXPECT_EQ(m_window->lastNotice(), name + QStringLiteral(" copied"));
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), name);
+    EXPECT_EQ(m_window->model()
+                  .style(ShotToolKind::arrow)
+                  .color.toQColor()
+                  .name(QColor::HexRgb)
+                  .toUpper(),
+              name);
+
+    const double before = m_window->canvas().zoom();
+    xdotool({"keydown", "ctrl", "click", "4", "keyup", "ctrl"});
+    EXPECT_GT(m_window->canvas().zoom(), before);
 }
 
 TEST_F(EditorWindow, CropsWithTheCropTool)
