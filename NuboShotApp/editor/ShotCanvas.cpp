@@ -110,6 +110,9 @@ void ShotCanvas::paintDocument(QPainter& painter, const QRectF& area) const
             continue;
         }
         counter += std::holds_alternative<CounterAnnotation>(a.kind);
+        if (a.id == m_model.editedTextID()) {
+            continue; // the text editor shows it while it is typed
+        }
         if (annotationBounds(a).intersects(area)) {
             m_renderer.drawAnnotation(painter, a, counter);
         }
@@ -331,6 +334,19 @@ void ShotCanvas::mousePressEvent(QMouseEvent* event)
     } else if (createsAnnotations(tool)) {
         m_model.beginCreation(gesture(event));
     }
+}
+
+void ShotCanvas::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    // A second click is a press like any other, unless it opens a text.
+    if (m_model.activeTool() == ShotToolKind::select && event->button() == Qt::LeftButton) {
+        if (const auto hit = annotationAt(toDocument(event->position()))) {
+            if (m_model.beginTextEditing(*hit)) {
+                return;
+            }
+        }
+    }
+    mousePressEvent(event);
 }
 
 void ShotCanvas::mouseMoveEvent(QMouseEvent* event)

@@ -551,10 +551,87 @@ void ShotEditorModel::endCreation(const ShotGesture& gesture)
     }
     updateCreation(gesture);
     m_pointerGestureActive = false;
+    const QUuid created = m_creating;
     m_creating = QUuid();
+    if (m_activeTool == ShotToolKind::text && !created.isNull()) {
+        // The step stays open while the new text is typed.
+        m_textID = created;
+        m_textIsNew = true;
+        m_editingText = true;
+        emit textEditingStarted(created);
+        return;
+    }
     commitEdit();
     const bool stays = m_activeTool == ShotToolKind::draw || m_activeTool == ShotToolKind::number;
     if (!stays && m_preferences.boolean(keys::returnToSelect, false)) {
+        setActiveTool(ShotToolKind::select);
+    }
+}
+
+bool ShotEditorModel::beginTextEditing(const QUuid& id)
+{
+    assertMainThread();
+    endNudging();
+    const auto it = std::find_if(m_document.annotations.cbegin(), m_document.annotations.cend(),
+                                 [&](const Annotation& a) { return a.id == id; });
+    if (it == m_document.annotations.cend() || !std::holds_alternative<TextAnnotation>(it->kind) ||
+        !beginEdit()) {
+        return false;
+    }
+    m_textID = id;
+    m_textIsNew = false;
+    m_editingText = true;
+    m_selection = {id};
+    m_selectionIsExplicit = true;
+    emit textEditingStarted(id);
+    return true;
+}
+
+void ShotEditorModel::setEditedText(const QString& text, double height)
+{
+    assertMainThread();
+    if (!m_editingText) {
+        return;
+    }
+    ShotDocument next = m_document;
+    for (Annotation& a : next.annotations) {
+        if (a.id == m_textID) {
+            auto& content = std::get<TextAnnotation>(a.kind).content;
+            content.text = text;
+            content.rect.setHeight(std::max(height, a.style.fontSize * 1.5));
+        }
+    }
+    apply(next);
+}
+
+void ShotEditorModel::endTextEditing()
+{
+    assertMainThread();
+    if (!m_editingText) {
+        return;
+    }
+    m_editingText = false;
+    const QUuid id = std::exchange(m_textID, QUuid());
+    bool empty = false;
+    for (const Annotation& a : m_document.annotations) {
+        if (a.id == id) {
+            empty = std::get<TextAnnotation>(a.kind).content.text.trimmed().isEmpty();
+        }
+    }
+    if (empty && m_textIsNew) {
+        abandonEdit(); // a text box never typed into leaves nothing behind
+        m_selection.clear();
+        emit changed();
+        return;
+    }
+    if (empty) {
+        ShotDocument next = m_document;
+        next.annotations.removeIf([&](const Annotation& a) { return a.id == id; });
+        apply(next);
+        m_selection.clear();
+    }
+    commitEdit();
+    if (m_preferences.boolean(keys::returnToSelect, false) && m_textIsNew) {
         setActiveTool(ShotToolKind::select);
     }
 }

@@ -123,6 +123,15 @@ public:
     bool isEditingText() const { return m_editingText; }
     void setEditingText(bool editing) { m_editingText = editing; }
 
+    // Editing a text annotation in place: a new one (right after the Text
+    // tool made it, in the creation's step) or an existing one. The box
+    // grows with the text; ending with no text removes a new annotation
+    // without a trace and an existing one as a step.
+    bool beginTextEditing(const QUuid& id);
+    void setEditedText(const QString& text, double height);
+    void endTextEditing();
+    const QUuid& editedTextID() const { return m_textID; }
+
     // Crop: a session over the canvas (starting from the current crop).
     const std::optional<ShotCropSession>& cropSession() const { return m_cropSession; }
     void beginCrop();
@@ -140,6 +149,8 @@ public:
 
 signals:
     void changed();
+    // The window opens its text editor over this annotation.
+    void textEditingStarted(const QUuid& id);
 
 private:
     void assertMainThread() const;
@@ -168,6 +179,8 @@ private:
     QTimer m_nudgeTimer;
 
     QUuid m_creating;
+    QUuid m_textID;
+    bool m_textIsNew = false;
 };
 
 } // namespace nubo

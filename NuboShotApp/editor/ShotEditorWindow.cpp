@@ -1,6 +1,7 @@
 #include "editor/ShotEditorWindow.h"
 
 #include "editor/ShotStyleBar.h"
+#include "render/ShotFonts.h"
 #include "render/ShotRenderer.h"
 
 #include <QAction>
@@ -12,6 +13,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QStatusBar>
+#include <QTextEdit>
 #include <QToolBar>
 
 namespace nubo {
@@ -46,6 +48,8 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     addToolBarBreak();
     addToolBar(new ShotStyleBar(*m_model, this));
     connect(m_canvas, &ShotCanvas::colorPickRequested, this, &ShotEditorWindow::pickColor);
+    connect(m_model.get(), &ShotEditorModel::textEditingStarted, this,
+            &ShotEditorWindow::startTextEditor);
 
     const auto add = [this](const QString& title, QKeySequence keys, auto slot) {
         QAction* action = new QAction(title, this);
@@ -113,6 +117,89 @@ void ShotEditorWindow::pickColor(QPointF point)
     }
     m_lastNotice = name + QStringLiteral(" copied");
     statusBar()->showMessage(m_lastNotice, 3000);
+}
+
+namespace {
+
+// The in-place text editor: ends on Escape and when it loses the focus.
+class TextEditor : public QTextEdit {
+public:
+    std::function<void()> finished;
+
+    using QTextEdit::QTextEdit;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (event->key() == Qt::Key_Escape) {
+            finished();
+            return;
+        }
+        QTextEdit::keyPressEvent(event);
+    }
+    void focusOutEvent(QFocusEvent* event) override
+    {
+        QTextEdit::focusOutEvent(event);
+        if (event->reason() != Qt::PopupFocusReason) {
+            finished();
+        }
+    }
+};
+
+} // namespace
+
+void ShotEditorWindow::startTextEditor(const QUuid& id)
+{
+    finishTextEditor();
+    const auto& list = m_model->document().annotations;
+    const auto it =
+        std::find_if(list.cbegin(), list.cend(), [&](const Annotation& a) { return a.id == id; });
+    if (it == list.cend()) {
+        return;
+    }
+    const auto& content = std::get<TextAnnotation>(it->kind).content;
+    const double zoom = m_canvas->zoom();
+    auto* editor = new TextEditor(m_canvas);
+    editor->setAcceptRichText(false);
+    editor->setFrameStyle(QFrame::NoFrame);
+    editor->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    editor->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    editor->document()->setDocumentMargin(0);
+    QFont font(ShotFonts::textFamily());
+    font.setPixelSize(std::max(1, int(std::lround(it->style.fontSize * zoom))));
+    editor->setFont(font);
+    QPalette palette = editor->palette();
+    palette.setColor(QPalette::Base, Qt::transparent);
+    palette.setColor(QPalette::Text, it->style.color.toQColor());
+    editor->setPalette(palette);
+    editor->setStyleSheet(
+        QStringLiteral("QTextEdit { border: 1px dashed #2878ff; background: transparent; }"));
+    editor->setPlainText(content.text);
+    editor->setGeometry(m_canvas->toWidget(content.rect.normalized()).toAlignedRect());
+    editor->finished = [this] {
+        QMetaObject::invokeMethod(this, &ShotEditorWindow::finishTextEditor, Qt::QueuedConnection);
+    };
+    connect(editor, &QTextEdit::textChanged, this, [this, editor, zoom] {
+        const double height = editor->document()->size().height() + 4;
+        editor->resize(editor->width(), std::max(editor->height(), int(std::ceil(height))));
+        m_model->setEditedText(editor->toPlainText(), height / zoom);
+    });
+    m_textEditor = editor;
+    editor->show();
+    editor->setFocus(Qt::OtherFocusReason);
+    editor->moveCursor(QTextCursor::End);
+}
+
+void ShotEditorWindow::finishTextEditor()
+{
+    if (!m_textEditor) {
+        return;
+    }
+    QTextEdit* editor = std::exchange(m_textEditor, nullptr);
+    editor->hide();
+    editor->deleteLater();
+    m_model->endTextEditing();
+    m_canvas->setFocus();
 }
 
 void ShotEditorWindow::copy()

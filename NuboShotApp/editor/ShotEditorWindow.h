@@ -8,6 +8,7 @@
 #include <memory>
 
 class QActionGroup;
+class QTextEdit;
 
 namespace nubo {
 
@@ -37,12 +38,15 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
+    void startTextEditor(const QUuid& id);
+    void finishTextEditor();
     void updateTitle();
     void syncTools();
 
     std::unique_ptr<ShotEditorModel> m_model;
     ShotRenderer& m_renderer;
     QString m_lastNotice;
+    QTextEdit* m_textEditor = nullptr;
     ShotCanvas* m_canvas = nullptr;
     QActionGroup* m_tools = nullptr;
 };

@@ -90,7 +90,7 @@ ShotStyleBar::ShotStyleBar(ShotEditorModel& model, QWidget* parent)
         m_emoji->addItem(QString::fromUtf8(emoji));
     }
     m_emoji->setToolTip(QStringLiteral("Emoji"));
-    addWidget(m_emoji);
+    m_emojiAction = addWidget(m_emoji);
     connect(m_emoji, &QComboBox::textActivated, this,
             [this](const QString& emoji) { m_model.setSelectedEmoji(emoji); });
 
@@ -107,7 +107,7 @@ void ShotStyleBar::showStyle()
     m_outline->setChecked(style.textOutline);
     m_strength->setValue(int(std::lround(style.strength)));
     const ShotToolKind tool = m_model.activeTool();
-    m_emoji->setVisible(tool == ShotToolKind::emoji);
+    m_emojiAction->setVisible(tool == ShotToolKind::emoji);
     m_showing = false;
 }
 

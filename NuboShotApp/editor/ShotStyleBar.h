@@ -31,6 +31,7 @@ private:
     QCheckBox* m_outline = nullptr;
     QSpinBox* m_strength = nullptr;
     QComboBox* m_emoji = nullptr;
+    QAction* m_emojiAction = nullptr; // a toolbar shows and hides widgets through their actions
     bool m_showing = false;
 };
 

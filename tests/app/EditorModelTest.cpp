@@ -428,3 +428,49 @@ TEST_F(EditorModel, TheStyleBarChangesTheToolAndTheSelection)
 
 } // namespace
 } // namespace nubo
+
+namespace nubo {
+namespace {
+
+TEST_F(EditorModel, TextIsTypedInTheStepThatMadeIt)
+{
+    m_model->setActiveTool(ShotToolKind::text);
+    QUuid started;
+    QObject::connect(m_model.get(), &ShotEditorModel::textEditingStarted,
+                     [&](const QUuid& id) { started = id; });
+    const auto click = [&](QPointF p) {
+        m_model->beginCreation({p, p, false, false, false});
+        m_model->endCreation({p, p, false, false, false});
+    };
+    click({100, 100});
+    ASSERT_FALSE(started.isNull());
+    const QUuid first = started;
+    EXPECT_TRUE(m_model->isEditingText());
+    EXPECT_FALSE(m_model->canUndo());
+    m_model->setEditedText(QStringLiteral("Hello\nthere"), 80);
+    m_model->endTextEditing();
+    ASSERT_EQ(m_model->document().annotations.size(), 1);
+    const auto& content =
+        std::get<TextAnnotation>(m_model->document().annotations.first().kind).content;
+    EXPECT_EQ(content.text, QStringLiteral("Hello\nthere"));
+    EXPECT_EQ(content.rect, QRectF(100, 100, 160, 80)) << "the box grew with the text";
+    EXPECT_EQ(m_model->history().past.size(), 1) << "made and typed: one step";
+
+    // A new box left empty leaves nothing behind.
+    click({300, 300});
+    m_model->endTextEditing();
+    EXPECT_EQ(m_model->document().annotations.size(), 1);
+    EXPECT_EQ(m_model->history().past.size(), 1);
+
+    // Emptying an existing text removes it, as a step of its own.
+    ASSERT_TRUE(m_model->beginTextEditing(first));
+    m_model->setEditedText(QString(), 0);
+    m_model->endTextEditing();
+    EXPECT_TRUE(m_model->document().annotations.isEmpty());
+    EXPECT_EQ(m_model->history().past.size(), 2);
+    m_model->undo();
+    EXPECT_EQ(m_model->document().annotations.size(), 1);
+}
+
+} // namespace
+} // namespace nubo

@@ -170,6 +170,24 @@ TEST_F(EditorWindow, PicksColoursAndZoomsWithCtrlScroll)
     EXPECT_GT(m_window->canvas().zoom(), before);
 }
 
+TEST_F(EditorWindow, TypesTextInPlace)
+{
+    ShotEditorModel& model = m_window->model();
+    xdotool({"key", "t"});
+    const QPoint at = onScreen({120, 120});
+    xdotool({"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "1"});
+    ASSERT_TRUE(model.isEditingText());
+    xdotool({"type", "--delay", "20", "Look here"});
+    test::saveArtifact(m_window->grab().toImage(), QStringLiteral("editor-typing.png"));
+    xdotool({"key", "Escape"});
+    EXPECT_FALSE(model.isEditingText());
+    ASSERT_EQ(model.document().annotations.size(), 1);
+    EXPECT_EQ(std::get<TextAnnotation>(model.document().annotations.first().kind).content.text,
+              QStringLiteral("Look here"));
+    EXPECT_EQ(model.history().past.size(), 1);
+    test::saveArtifact(m_window->grab().toImage(), QStringLiteral("editor-text.png"));
+}
+
 TEST_F(EditorWindow, CropsWithTheCropTool)
 {
     ShotEditorModel& model = m_window->model();
