@@ -147,6 +147,12 @@ void ShotCanvas::paintEvent(QPaintEvent* event)
             painter.drawRect(handleRect(*box, handle));
         }
     }
+    if (m_rubberBand) {
+        painter.setPen(dashed);
+        painter.setBrush(QColor(40, 120, 255, 40));
+        painter.drawRect(*m_rubberBand);
+        painter.setBrush(Qt::NoBrush);
+    }
     if (const auto& crop = m_model.cropSession()) {
         QPainterPath outside;
         outside.addRect(crop->bounds);
@@ -312,7 +318,11 @@ void ShotCanvas::mousePressEvent(QMouseEvent* event)
         }
         const auto hit = annotationAt(m_press);
         if (!hit) {
-            m_model.select({}, true);
+            // On empty space: a rubber band selects what it touches.
+            m_rubberBand = QRectF(m_press, QSizeF(0, 0));
+            if (!(event->modifiers() & Qt::ShiftModifier)) {
+                m_model.select({}, true);
+            }
             return;
         }
         QSet<QUuid> selection = m_model.selection();
@@ -355,6 +365,12 @@ void ShotCanvas::mouseMoveEvent(QMouseEvent* event)
         return;
     }
     const ShotGesture g = gesture(event);
+    if (m_rubberBand) {
+        const QRectF old = *m_rubberBand;
+        m_rubberBand = QRectF(g.start, g.current).normalized();
+        update(toWidget(old.united(*m_rubberBand)).adjusted(-2, -2, 2, 2).toAlignedRect());
+        return;
+    }
     if (m_resizing) {
         m_model.resizeSelection(*m_resizing, g.current);
         return;
@@ -376,6 +392,20 @@ void ShotCanvas::mouseReleaseEvent(QMouseEvent* event)
         return;
     }
     m_pressed = false;
+    if (m_rubberBand) {
+        const QRectF band = *m_rubberBand;
+        m_rubberBand.reset();
+        QSet<QUuid> selection =
+            event->modifiers() & Qt::ShiftModifier ? m_model.selection() : QSet<QUuid>();
+        for (const Annotation& a : m_model.document().annotations) {
+            if (band.intersects(annotationBounds(a))) {
+                selection.insert(a.id);
+            }
+        }
+        m_model.select(selection, true);
+        update();
+        return;
+    }
     if (m_resizing) {
         m_resizing.reset();
         m_model.commitEdit();

@@ -64,6 +64,7 @@ private:
     bool m_moving = false;
     QPointF m_lastMove;
     std::optional<ResizeHandle> m_resizing;
+    std::optional<QRectF> m_rubberBand;
 };
 
 } // namespace nubo

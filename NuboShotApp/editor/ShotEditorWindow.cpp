@@ -8,6 +8,8 @@
 #include <QActionGroup>
 #include <QClipboard>
 #include <QDragEnterEvent>
+#include <QFileDialog>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -33,10 +35,15 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     toolbar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_tools = new QActionGroup(this);
     for (const ShotToolKind tool : allCases<ShotToolKind>()) {
-        if (tool == ShotToolKind::addImage) {
-            continue; // comes with adding layers
-        }
         QAction* action = toolbar->addAction(toolTitle(tool));
+        if (tool == ShotToolKind::addImage) {
+            // Not a mode: it asks for an image and adds it as a layer.
+            action->setShortcut(QKeySequence(QString(toolShortcut(tool))));
+            action->setToolTip(
+                QStringLiteral("%1 (%2)").arg(toolTitle(tool)).arg(toolShortcut(tool)));
+            connect(action, &QAction::triggered, this, &ShotEditorWindow::addImageFromFile);
+            continue;
+        }
         action->setCheckable(true);
         action->setData(int(tool));
         action->setShortcut(QKeySequence(QString(toolShortcut(tool))));
@@ -200,6 +207,24 @@ void ShotEditorWindow::finishTextEditor()
     editor->deleteLater();
     m_model->endTextEditing();
     m_canvas->setFocus();
+}
+
+void ShotEditorWindow::addImageFromFile()
+{
+    const QString file = QFileDialog::getOpenFileName(
+        this, QStringLiteral("Add Image"), QString(),
+        QStringLiteral("Images (*.png *.jpg *.jpeg *.webp *.bmp *.gif)"));
+    if (file.isEmpty()) {
+        return;
+    }
+    const QImage image(file);
+    if (image.isNull()) {
+        QMessageBox::warning(this, QStringLiteral("Nubo Shot"),
+                             QStringLiteral("\u201c%1\u201d is not an image Nubo Shot can add.")
+                                 .arg(QFileInfo(file).fileName()));
+        return;
+    }
+    m_model->addImageLayer(image, m_canvas->toDocument(QPointF(0, 0)));
 }
 
 void ShotEditorWindow::copy()

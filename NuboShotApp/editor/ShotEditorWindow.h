@@ -27,6 +27,7 @@ public:
 
     void copy();
     void paste();
+    void addImageFromFile();
     // Samples the shown colour at a document point: on the clipboard as
     // "#RRGGBB", the colour of the tools, and a short notice.
     void pickColor(QPointF point);

@@ -143,6 +143,14 @@ TEST_F(EditorWindow, ResizesBySelectionHandles)
     EXPECT_NEAR(rect.left(), 100, tolerance);
     EXPECT_EQ(model.history().past.size(), steps + 1);
 
+    // A rubber band over empty space selects what it touches.
+    xdotool({"key", "Escape"});
+    dragOnScreen({50, 50}, {150, 120});
+    EXPECT_EQ(model.selection().size(), 1);
+    dragOnScreen({600, 400}, {700, 450});
+    EXPECT_TRUE(model.selection().isEmpty());
+    dragOnScreen({50, 50}, {150, 120});
+
     // Copy and paste through the real clipboard.
     xdotool({"key", "ctrl+c"});
     xdotool({"key", "ctrl+v"});
