@@ -3,6 +3,7 @@
 #include "render/ShotRenderer.h"
 
 #include <QMouseEvent>
+#include <QNativeGestureEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QWheelEvent>
@@ -284,6 +285,19 @@ std::optional<QUuid> ShotCanvas::annotationAt(QPointF point) const
         }
     }
     return std::nullopt;
+}
+
+bool ShotCanvas::event(QEvent* event)
+{
+    // A pinch on a touchpad zooms where the platform reports one.
+    if (event->type() == QEvent::NativeGesture) {
+        const auto* gesture = static_cast<QNativeGestureEvent*>(event);
+        if (gesture->gestureType() == Qt::ZoomNativeGesture) {
+            setZoom(m_zoom * (1 + gesture->value()));
+            return true;
+        }
+    }
+    return QWidget::event(event);
 }
 
 void ShotCanvas::wheelEvent(QWheelEvent* event)

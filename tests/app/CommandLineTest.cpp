@@ -30,6 +30,8 @@ TEST(CommandLine, AnswersHelpVersionAndBadUsage)
         {{"windows", "--help"}, 0, "Usage: nuboshot windows [--json]", ""},
         {{"grab", "--help"}, 0, "nuboshot grab region X,Y,WIDTH,HEIGHT -o FILE", ""},
         {{"displays", "--frobnicate"}, 2, "", "unknown argument"},
+        {{"annotate"}, 2, "", "annotate needs one or more images"},
+        {{"open", "--help"}, 0, "Usage: nuboshot open FILE...", ""},
         {{"frobnicate"}, 2, "", "unknown command \u201cfrobnicate\u201d"},
         {{"archive"}, 2, "", "archive needs a command"},
         {{"archive", "new", "only-one"}, 2, "", "needs an image and a folder"},
@@ -143,6 +145,20 @@ TEST(CommandLine, ImageDensityComesFromWholeMultiplesOf72Dpi)
         image.setDotsPerMeterX(c.dotsPerMeter);
         EXPECT_EQ(cli::imagePixelDensity(image), c.density) << c.dotsPerMeter;
     }
+}
+
+TEST(CommandLine, OpeningSomethingThatIsNotAnImageSaysSo)
+{
+    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
+        GTEST_SKIP() << "needs the private desktop session of scripts/test";
+    }
+    QTemporaryDir dir;
+    test::writeFile(dir.filePath(QStringLiteral("notes.png")), "plain text, not a picture");
+    const auto result = runNuboShot({"annotate", dir.filePath(QStringLiteral("notes.png"))});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_TRUE(result.err.contains(QStringLiteral("is not an image Nubo Shot can open.")))
+        << result.err.toStdString();
+    EXPECT_FALSE(result.crashed);
 }
 
 TEST(CommandLine, TheTrayNeedsADesktopSession)
