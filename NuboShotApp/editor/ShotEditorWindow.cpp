@@ -1,5 +1,6 @@
 #include "editor/ShotEditorWindow.h"
 
+#include "editor/ShotCropBar.h"
 #include "editor/ShotStyleBar.h"
 #include "render/ShotFonts.h"
 #include "render/ShotRenderer.h"
@@ -54,6 +55,7 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
 
     addToolBarBreak();
     addToolBar(new ShotStyleBar(*m_model, this));
+    addToolBar(Qt::BottomToolBarArea, new ShotCropBar(*m_model, this));
     connect(m_canvas, &ShotCanvas::colorPickRequested, this, &ShotEditorWindow::pickColor);
     connect(m_model.get(), &ShotEditorModel::textEditingStarted, this,
             &ShotEditorWindow::startTextEditor);

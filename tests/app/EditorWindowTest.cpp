@@ -1,4 +1,5 @@
 #include "core/Settings.h"
+#include "editor/ShotCropBar.h"
 #include "editor/ShotEditorWindow.h"
 #include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
@@ -203,6 +204,14 @@ TEST_F(EditorWindow, CropsWithTheCropTool)
     ASSERT_TRUE(model.cropSession().has_value());
     dragOnScreen({100, 50}, {500, 350});
     test::saveArtifact(m_window->grab().toImage(), QStringLiteral("editor-crop.png"));
+    // The crop bar shows the size in pixels and takes a typed one with the aspect.
+    auto* bar = m_window->findChild<ShotCropBar*>();
+    ASSERT_NE(bar, nullptr);
+    EXPECT_TRUE(bar->isVisible());
+    model.setCropAspect(CropAspect::square);
+    EXPECT_NEAR(model.cropSession()->rect.width(), model.cropSession()->rect.height(), 1e-9);
+    model.setCropAspect(CropAspect::free);
+    model.setCropRect({100, 50, 400, 300});
     xdotool({"key", "Return"});
     ASSERT_TRUE(model.document().crop.has_value());
     const double tolerance = 3 / m_window->canvas().zoom();
