@@ -13,8 +13,7 @@
 namespace nubo {
 
 namespace {
-constexpr double handleTolerance = 4; // screen pixels
-constexpr double handleSize = 8;      // screen pixels
+constexpr double handleSize = ShotTool::handleSize;
 } // namespace
 
 ShotCanvas::ShotCanvas(ShotEditorModel& model, ShotRenderer& renderer, QWidget* parent)
@@ -141,17 +140,17 @@ void ShotCanvas::paintEvent(QPaintEvent* event)
             painter.drawRect(annotationBounds(a));
         }
     }
-    if (const auto box = selectedHandleBox()) {
+    if (const auto box = ShotTool::selectedHandleBox(m_model)) {
         painter.setPen(QPen(QColor(40, 120, 255), 0));
         painter.setBrush(Qt::white);
         for (const ResizeHandle handle : allCases<ResizeHandle>()) {
-            painter.drawRect(handleRect(*box, handle));
+            painter.drawRect(ShotTool::handleRect(*box, handle, m_zoom));
         }
     }
-    if (m_rubberBand) {
+    if (const auto band = m_tool ? m_tool->rubberBand() : std::nullopt) {
         painter.setPen(dashed);
         painter.setBrush(QColor(40, 120, 255, 40));
-        painter.drawRect(*m_rubberBand);
+        painter.drawRect(*band);
         painter.setBrush(Qt::NoBrush);
     }
     if (const auto& crop = m_model.cropSession()) {
@@ -232,61 +231,6 @@ ShotGesture ShotCanvas::gesture(const QMouseEvent* event) const
             std::hypot(distance.x(), distance.y()) >= 3};
 }
 
-std::optional<QRectF> ShotCanvas::selectedHandleBox() const
-{
-    if (m_model.selection().size() != 1 || m_model.activeTool() != ShotToolKind::select) {
-        return std::nullopt;
-    }
-    for (const Annotation& a : m_model.document().annotations) {
-        if (m_model.selection().contains(a.id) &&
-            !std::holds_alternative<CounterAnnotation>(a.kind)) {
-            return ShotEditorModel::handleBox(a);
-        }
-    }
-    return std::nullopt;
-}
-
-QPointF ShotCanvas::handlePoint(const QRectF& box, ResizeHandle handle)
-{
-    switch (handle) {
-    case ResizeHandle::topLeft:
-        return box.topLeft();
-    case ResizeHandle::top:
-        return {box.center().x(), box.top()};
-    case ResizeHandle::topRight:
-        return box.topRight();
-    case ResizeHandle::right:
-        return {box.right(), box.center().y()};
-    case ResizeHandle::bottomRight:
-        return box.bottomRight();
-    case ResizeHandle::bottom:
-        return {box.center().x(), box.bottom()};
-    case ResizeHandle::bottomLeft:
-        return box.bottomLeft();
-    case ResizeHandle::left:
-        return {box.left(), box.center().y()};
-    }
-    return box.center();
-}
-
-QRectF ShotCanvas::handleRect(const QRectF& box, ResizeHandle handle) const
-{
-    const double half = handleSize / 2 / m_zoom;
-    const QPointF p = handlePoint(box, handle);
-    return {p.x() - half, p.y() - half, 2 * half, 2 * half};
-}
-
-std::optional<QUuid> ShotCanvas::annotationAt(QPointF point) const
-{
-    const auto& list = m_model.document().annotations;
-    for (auto it = list.crbegin(); it != list.crend(); ++it) {
-        if (annotationHitTest(*it, point, handleTolerance / m_zoom)) {
-            return it->id;
-        }
-    }
-    return std::nullopt;
-}
-
 bool ShotCanvas::event(QEvent* event)
 {
     // A pinch on a touchpad zooms where the platform reports one.
@@ -310,6 +254,21 @@ void ShotCanvas::wheelEvent(QWheelEvent* event)
     event->accept();
 }
 
+ShotTool& ShotCanvas::tool()
+{
+    if (!m_tool || m_toolKind != m_model.activeTool()) {
+        m_toolKind = m_model.activeTool();
+        m_tool = ShotTool::make(m_toolKind, m_model,
+                                [this](QPointF point) { emit colorPickRequested(point); });
+    }
+    return *m_tool;
+}
+
+ShotPointer ShotCanvas::pointer(const QMouseEvent* event) const
+{
+    return {gesture(event), event->modifiers(), m_zoom};
+}
+
 void ShotCanvas::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton) {
@@ -317,57 +276,16 @@ void ShotCanvas::mousePressEvent(QMouseEvent* event)
     }
     m_press = toDocument(event->position());
     m_pressed = true;
-    const ShotToolKind tool = m_model.activeTool();
-    if (tool == ShotToolKind::select) {
-        if (const auto box = selectedHandleBox()) {
-            for (const ResizeHandle handle : allCases<ResizeHandle>()) {
-                if (handleRect(*box, handle)
-                        .adjusted(-2 / m_zoom, -2 / m_zoom, 2 / m_zoom, 2 / m_zoom)
-                        .contains(m_press)) {
-                    m_resizing = handle;
-                    m_model.beginEdit();
-                    return;
-                }
-            }
-        }
-        const auto hit = annotationAt(m_press);
-        if (!hit) {
-            // On empty space: a rubber band selects what it touches.
-            m_rubberBand = QRectF(m_press, QSizeF(0, 0));
-            if (!(event->modifiers() & Qt::ShiftModifier)) {
-                m_model.select({}, true);
-            }
-            return;
-        }
-        QSet<QUuid> selection = m_model.selection();
-        if (event->modifiers() & Qt::ShiftModifier) {
-            if (!selection.remove(*hit)) {
-                selection.insert(*hit);
-            }
-        } else if (!selection.contains(*hit)) {
-            selection = {*hit};
-        }
-        m_model.select(selection, true);
-        m_moving = m_model.beginEdit();
-        m_lastMove = m_press;
-    } else if (tool == ShotToolKind::colorPicker) {
-        m_pressed = false;
-        emit colorPickRequested(m_press);
-    } else if (tool == ShotToolKind::crop) {
-        m_model.setCropRect(QRectF(m_press, QSizeF(1, 1)));
-    } else if (createsAnnotations(tool)) {
-        m_model.beginCreation(gesture(event));
-    }
+    tool().press(pointer(event));
 }
 
 void ShotCanvas::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    // A second click is a press like any other, unless it opens a text.
-    if (m_model.activeTool() == ShotToolKind::select && event->button() == Qt::LeftButton) {
-        if (const auto hit = annotationAt(toDocument(event->position()))) {
-            if (m_model.beginTextEditing(*hit)) {
-                return;
-            }
+    // A second click is a press like any other, unless the tool makes more of it.
+    if (event->button() == Qt::LeftButton) {
+        m_press = toDocument(event->position());
+        if (tool().doubleClick(pointer(event))) {
+            return;
         }
     }
     mousePressEvent(event);
@@ -378,25 +296,12 @@ void ShotCanvas::mouseMoveEvent(QMouseEvent* event)
     if (!m_pressed) {
         return;
     }
-    const ShotGesture g = gesture(event);
-    if (m_rubberBand) {
-        const QRectF old = *m_rubberBand;
-        m_rubberBand = QRectF(g.start, g.current).normalized();
-        update(toWidget(old.united(*m_rubberBand)).adjusted(-2, -2, 2, 2).toAlignedRect());
-        return;
-    }
-    if (m_resizing) {
-        m_model.resizeSelection(*m_resizing, g.current);
-        return;
-    }
-    if (m_moving) {
-        // Moving the selection inside one transaction: one step when released.
-        m_model.moveSelection(g.current - m_lastMove);
-        m_lastMove = g.current;
-    } else if (m_model.activeTool() == ShotToolKind::crop) {
-        m_model.setCropRect(QRectF(g.start, g.current));
-    } else {
-        m_model.updateCreation(g);
+    const auto bandBefore = tool().rubberBand();
+    tool().drag(pointer(event));
+    if (const auto band = tool().rubberBand()) {
+        update(toWidget(band->united(bandBefore.value_or(*band)))
+                   .adjusted(-2, -2, 2, 2)
+                   .toAlignedRect());
     }
 }
 
@@ -406,28 +311,10 @@ void ShotCanvas::mouseReleaseEvent(QMouseEvent* event)
         return;
     }
     m_pressed = false;
-    if (m_rubberBand) {
-        const QRectF band = *m_rubberBand;
-        m_rubberBand.reset();
-        QSet<QUuid> selection =
-            event->modifiers() & Qt::ShiftModifier ? m_model.selection() : QSet<QUuid>();
-        for (const Annotation& a : m_model.document().annotations) {
-            if (band.intersects(annotationBounds(a))) {
-                selection.insert(a.id);
-            }
-        }
-        m_model.select(selection, true);
+    const bool hadBand = tool().rubberBand().has_value();
+    tool().release(pointer(event));
+    if (hadBand) {
         update();
-        return;
-    }
-    if (m_resizing) {
-        m_resizing.reset();
-        m_model.commitEdit();
-    } else if (m_moving) {
-        m_moving = false;
-        m_model.commitEdit();
-    } else if (createsAnnotations(m_model.activeTool())) {
-        m_model.endCreation(gesture(event));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/ShotEditorModel.h"
+#include "editor/ShotTool.h"
 
 #include <QWidget>
 
@@ -46,13 +47,8 @@ private:
     void updateFit();
     ShotGesture gesture(const QMouseEvent* event) const;
     QRectF visibleRect() const;
-    // The box with resize handles: the one selected annotation's, with the
-    // Select tool.
-    std::optional<QRectF> selectedHandleBox() const;
-    static QPointF handlePoint(const QRectF& box, ResizeHandle handle);
-    QRectF handleRect(const QRectF& box, ResizeHandle handle) const;
-    // The topmost annotation under a point, with a tolerance of a few screen pixels.
-    std::optional<QUuid> annotationAt(QPointF point) const;
+    ShotTool& tool(); // the active tool's object, made when the tool changes
+    ShotPointer pointer(const QMouseEvent* event) const;
     QRectF annotationsBounds(const ShotDocument& document, const QSet<QUuid>& ids) const;
 
     ShotEditorModel& m_model;
@@ -62,10 +58,8 @@ private:
     ShotDocument m_painted; // what is on screen, to find what changed
     QPointF m_press;
     bool m_pressed = false;
-    bool m_moving = false;
-    QPointF m_lastMove;
-    std::optional<ResizeHandle> m_resizing;
-    std::optional<QRectF> m_rubberBand;
+    std::unique_ptr<ShotTool> m_tool;
+    ShotToolKind m_toolKind = ShotToolKind::select;
 };
 
 } // namespace nubo

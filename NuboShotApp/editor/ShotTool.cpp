@@ -1,0 +1,175 @@
+#include "editor/ShotTool.h"
+
+namespace nubo {
+
+std::unique_ptr<ShotTool> ShotTool::make(ShotToolKind kind, ShotEditorModel& model,
+                                         std::function<void(QPointF)> pickColor)
+{
+    switch (kind) {
+    case ShotToolKind::select:
+        return std::make_unique<ShotSelectTool>(model);
+    case ShotToolKind::crop:
+        return std::make_unique<ShotCropTool>(model);
+    case ShotToolKind::colorPicker:
+        return std::make_unique<ShotColorPickerTool>(model, std::move(pickColor));
+    case ShotToolKind::addImage:
+        return std::make_unique<ShotTool>(model); // asks for a file instead of taking the pointer
+    default:
+        return std::make_unique<ShotMakingTool>(model);
+    }
+}
+
+std::optional<QUuid> ShotTool::annotationAt(const ShotEditorModel& model, QPointF point,
+                                            double zoom)
+{
+    const auto& list = model.document().annotations;
+    for (auto it = list.crbegin(); it != list.crend(); ++it) {
+        if (annotationHitTest(*it, point, hitTolerance / zoom)) {
+            return it->id;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<QRectF> ShotTool::selectedHandleBox(const ShotEditorModel& model)
+{
+    if (model.selection().size() != 1 || model.activeTool() != ShotToolKind::select) {
+        return std::nullopt;
+    }
+    for (const Annotation& a : model.document().annotations) {
+        if (model.selection().contains(a.id) &&
+            !std::holds_alternative<CounterAnnotation>(a.kind)) {
+            return ShotEditorModel::handleBox(a);
+        }
+    }
+    return std::nullopt;
+}
+
+QRectF ShotTool::handleRect(const QRectF& box, ResizeHandle handle, double zoom)
+{
+    QPointF p = box.center();
+    switch (handle) {
+    case ResizeHandle::topLeft:
+        p = box.topLeft();
+        break;
+    case ResizeHandle::top:
+        p = {box.center().x(), box.top()};
+        break;
+    case ResizeHandle::topRight:
+        p = box.topRight();
+        break;
+    case ResizeHandle::right:
+        p = {box.right(), box.center().y()};
+        break;
+    case ResizeHandle::bottomRight:
+        p = box.bottomRight();
+        break;
+    case ResizeHandle::bottom:
+        p = {box.center().x(), box.bottom()};
+        break;
+    case ResizeHandle::bottomLeft:
+        p = box.bottomLeft();
+        break;
+    case ResizeHandle::left:
+        p = {box.left(), box.center().y()};
+        break;
+    }
+    const double half = handleSize / 2 / zoom;
+    return {p.x() - half, p.y() - half, 2 * half, 2 * half};
+}
+
+void ShotSelectTool::press(const ShotPointer& pointer)
+{
+    const QPointF point = pointer.gesture.start;
+    if (const auto box = selectedHandleBox(m_model)) {
+        const double grip = 2 / pointer.zoom;
+        for (const ResizeHandle handle : allCases<ResizeHandle>()) {
+            if (handleRect(*box, handle, pointer.zoom)
+                    .adjusted(-grip, -grip, grip, grip)
+                    .contains(point)) {
+                m_resizing = handle;
+                m_model.beginEdit();
+                return;
+            }
+        }
+    }
+    const auto hit = annotationAt(m_model, point, pointer.zoom);
+    const bool adding = pointer.modifiers & Qt::ShiftModifier;
+    if (!hit) {
+        // On empty space: a rubber band selects what it touches.
+        m_rubberBand = QRectF(point, QSizeF(0, 0));
+        if (!adding) {
+            m_model.select({}, true);
+        }
+        return;
+    }
+    QSet<QUuid> selection = m_model.selection();
+    if (adding) {
+        if (!selection.remove(*hit)) {
+            selection.insert(*hit);
+        }
+    } else if (!selection.contains(*hit)) {
+        selection = {*hit};
+    }
+    m_model.select(selection, true);
+    m_moving = m_model.beginEdit();
+    m_last = point;
+}
+
+void ShotSelectTool::drag(const ShotPointer& pointer)
+{
+    const ShotGesture& g = pointer.gesture;
+    if (m_rubberBand) {
+        m_rubberBand = QRectF(g.start, g.current).normalized();
+    } else if (m_resizing) {
+        m_model.resizeSelection(*m_resizing, g.current);
+    } else if (m_moving) {
+        // Inside one transaction: one step when released.
+        m_model.moveSelection(g.current - m_last);
+        m_last = g.current;
+    }
+}
+
+void ShotSelectTool::release(const ShotPointer& pointer)
+{
+    if (m_rubberBand) {
+        const QRectF band = *std::exchange(m_rubberBand, std::nullopt);
+        QSet<QUuid> selection =
+            pointer.modifiers & Qt::ShiftModifier ? m_model.selection() : QSet<QUuid>();
+        for (const Annotation& a : m_model.document().annotations) {
+            if (band.intersects(annotationBounds(a))) {
+                selection.insert(a.id);
+            }
+        }
+        m_model.select(selection, true);
+    } else if (m_resizing || m_moving) {
+        m_resizing.reset();
+        m_moving = false;
+        m_model.commitEdit();
+    }
+}
+
+bool ShotSelectTool::doubleClick(const ShotPointer& pointer)
+{
+    const auto hit = annotationAt(m_model, pointer.gesture.start, pointer.zoom);
+    return hit && m_model.beginTextEditing(*hit);
+}
+
+void ShotCropTool::press(const ShotPointer& pointer)
+{
+    m_model.setCropRect(QRectF(pointer.gesture.start, QSizeF(1, 1)));
+}
+
+void ShotCropTool::drag(const ShotPointer& pointer)
+{
+    m_model.setCropRect(QRectF(pointer.gesture.start, pointer.gesture.current));
+}
+
+void ShotColorPickerTool::press(const ShotPointer& pointer)
+{
+    if (m_pick) {
+        m_pick(pointer.gesture.start);
+    }
+}
+
+} // namespace nubo
