@@ -160,6 +160,11 @@ void ShotCanvas::paintEvent(QPaintEvent* event)
         outside.setFillRule(Qt::OddEvenFill);
         painter.fillPath(outside, QColor(0, 0, 0, 120));
         painter.drawRect(crop->rect);
+        painter.setPen(QPen(QColor(40, 120, 255), 0));
+        painter.setBrush(Qt::white);
+        for (const ResizeHandle handle : allCases<ResizeHandle>()) {
+            painter.drawRect(ShotTool::handleRect(crop->rect, handle, m_zoom));
+        }
     }
 }
 

@@ -157,12 +157,43 @@ bool ShotSelectTool::doubleClick(const ShotPointer& pointer)
 
 void ShotCropTool::press(const ShotPointer& pointer)
 {
-    m_model.setCropRect(QRectF(pointer.gesture.start, QSizeF(1, 1)));
+    m_handle.reset();
+    m_moving.reset();
+    const auto& session = m_model.cropSession();
+    if (!session) {
+        return;
+    }
+    const QPointF point = pointer.gesture.start;
+    const double grip = 2 / pointer.zoom;
+    for (const ResizeHandle handle : allCases<ResizeHandle>()) {
+        if (handleRect(session->rect, handle, pointer.zoom)
+                .adjusted(-grip, -grip, grip, grip)
+                .contains(point)) {
+            m_handle = handle;
+            return;
+        }
+    }
+    if (session->rect.contains(point)) {
+        m_moving = session->rect;
+        return;
+    }
+    m_model.setCropRect(QRectF(point, QSizeF(1, 1)));
 }
 
 void ShotCropTool::drag(const ShotPointer& pointer)
 {
-    m_model.setCropRect(QRectF(pointer.gesture.start, pointer.gesture.current));
+    const auto& session = m_model.cropSession();
+    if (!session) {
+        return;
+    }
+    const ShotGesture& g = pointer.gesture;
+    if (m_handle) {
+        m_model.setCropRect(ShotEditorModel::resized(session->rect, *m_handle, g.current));
+    } else if (m_moving) {
+        m_model.setCropRect(m_moving->translated(g.current - g.start));
+    } else {
+        m_model.setCropRect(QRectF(g.start, g.current));
+    }
 }
 
 void ShotColorPickerTool::press(const ShotPointer& pointer)

@@ -78,12 +78,17 @@ public:
     void release(const ShotPointer& pointer) override { m_model.endCreation(pointer.gesture); }
 };
 
-// Crop: dragging proposes the crop rectangle.
+// Crop: the handles resize the proposed rectangle, dragging inside moves it,
+// dragging elsewhere draws a new one.
 class ShotCropTool : public ShotTool {
 public:
     using ShotTool::ShotTool;
     void press(const ShotPointer& pointer) override;
     void drag(const ShotPointer& pointer) override;
+
+private:
+    std::optional<ResizeHandle> m_handle;
+    std::optional<QRectF> m_moving; // the rectangle when the move began
 };
 
 // Pick color: a click samples the shown colour.

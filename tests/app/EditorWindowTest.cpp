@@ -212,6 +212,12 @@ TEST_F(EditorWindow, CropsWithTheCropTool)
     EXPECT_NEAR(model.cropSession()->rect.width(), model.cropSession()->rect.height(), 1e-9);
     model.setCropAspect(CropAspect::free);
     model.setCropRect({100, 50, 400, 300});
+    // The handles resize the proposal, dragging inside moves it.
+    dragOnScreen({500, 350}, {550, 400});
+    EXPECT_NEAR(model.cropSession()->rect.right(), 550, 3 / m_window->canvas().zoom());
+    dragOnScreen({300, 200}, {250, 200});
+    EXPECT_NEAR(model.cropSession()->rect.x(), 50, 3 / m_window->canvas().zoom());
+    model.setCropRect({100, 50, 400, 300});
     xdotool({"key", "Return"});
     ASSERT_TRUE(model.document().crop.has_value());
     const double tolerance = 3 / m_window->canvas().zoom();
