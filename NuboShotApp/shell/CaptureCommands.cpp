@@ -5,13 +5,20 @@
 #include "export/ShotExporter.h"
 #include "shell/CommandLine.h"
 #include "shell/GrabRequest.h"
+#include "shell/TrayApplication.h"
 
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QPainter>
+#include <QProcess>
+#include <QThread>
 
 #include <cstring>
 #include <functional>
@@ -245,6 +252,50 @@ int runGrabCommand(const QStringList& arguments)
         print(*written);
     } catch (const Error& error) {
         return failWith(error);
+    }
+    return success;
+}
+
+int runCaptureCommand(const QStringList& arguments)
+{
+    const QString help = QStringLiteral("capture");
+    if (arguments.contains(QLatin1String("-h")) || arguments.contains(QLatin1String("--help"))) {
+        print(QStringLiteral(
+            "Usage: nuboshot capture area|window|fullscreen\n\n"
+            "Asks the running Nubo Shot (started if needed) to capture, as its menu does."));
+        return success;
+    }
+    const auto mode =
+        arguments.size() == 1 ? fromString<CaptureMode>(arguments.first()) : std::nullopt;
+    if (!mode || *mode == CaptureMode::scrolling) {
+        return usage(QStringLiteral("capture takes area, window or fullscreen"), help);
+    }
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return fail(QStringLiteral("There is no session bus to reach Nubo Shot on."));
+    }
+    const QString name = QLatin1String(TrayApplication::busName);
+    if (!bus.interface()->isServiceRegistered(name)) {
+        // Start the tray application and wait for it to take its name.
+        if (!QProcess::startDetached(QCoreApplication::applicationFilePath(), {})) {
+            return fail(QStringLiteral("Could not start Nubo Shot."));
+        }
+        QElapsedTimer waited;
+        waited.start();
+        while (!bus.interface()->isServiceRegistered(name)) {
+            if (waited.elapsed() > 10000) {
+                return fail(QStringLiteral("Nubo Shot did not start in time."));
+            }
+            QThread::msleep(50);
+        }
+    }
+    QDBusMessage call = QDBusMessage::createMethodCall(name, QLatin1String(GrabOverBus::path),
+                                                       QLatin1String(GrabOverBus::interface),
+                                                       QStringLiteral("CaptureShot"));
+    call.setArguments({toString(*mode)});
+    const QDBusMessage reply = bus.call(call, QDBus::Block, 30000);
+    if (reply.type() == QDBusMessage::ErrorMessage) {
+        return fail(reply.errorMessage());
     }
     return success;
 }

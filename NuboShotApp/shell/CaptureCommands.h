@@ -8,5 +8,7 @@ namespace nubo::cli {
 int runDisplaysCommand(const QStringList& arguments);
 int runWindowsCommand(const QStringList& arguments);
 int runGrabCommand(const QStringList& arguments);
+// "nuboshot capture MODE": the running instance captures, as from its menu.
+int runCaptureCommand(const QStringList& arguments);
 
 } // namespace nubo::cli

@@ -17,6 +17,8 @@ Nubo Shot captures, annotates and records the screen. Without a command it
 starts in the tray of the current desktop session (once per session).
 
 Commands:
+  capture area|window|fullscreen
+                          the running Nubo Shot captures (started if needed)
   annotate FILE...        open images (or shot archives) in the editor
   open FILE...            the same
   displays [--json]       list the displays
@@ -108,6 +110,9 @@ int run(const QStringList& arguments)
     }
     if (command == QLatin1String("grab")) {
         return runGrabCommand(arguments.mid(1));
+    }
+    if (command == QLatin1String("capture")) {
+        return runCaptureCommand(arguments.mid(1));
     }
     return usage(QStringLiteral("unknown command \u201c%1\u201d").arg(command));
 }

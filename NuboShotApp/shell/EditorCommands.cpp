@@ -13,10 +13,6 @@
 
 namespace nubo::cli {
 
-namespace {
-
-// An image file, or a shot archive folder, as a document; throws with the
-// reason in words.
 ShotDocument openDocument(const QString& path)
 {
     if (QFileInfo(path).isDir()) {
@@ -44,8 +40,6 @@ ShotDocument openDocument(const QString& path)
     }
     return ShotDocument::fromImage(image, imagePixelDensity(image));
 }
-
-} // namespace
 
 bool isEditorCommand(const QStringList& arguments)
 {

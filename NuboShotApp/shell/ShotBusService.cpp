@@ -2,15 +2,48 @@
 
 #include "capture/xcb/XcbScreenCapturer.h"
 #include "shell/GrabRequest.h"
+#include "shell/ShotFeature.h"
 
 #include <QDBusConnection>
 #include <QThreadPool>
 
 namespace nubo {
 
-ShotBusService::ShotBusService(std::shared_ptr<XcbScreenCapturer> capturer, QObject* parent)
-    : QObject(parent), m_capturer(std::move(capturer))
+ShotBusService::ShotBusService(std::shared_ptr<XcbScreenCapturer> capturer, ShotFeature& feature,
+                               QObject* parent)
+    : QObject(parent), m_capturer(std::move(capturer)), m_feature(feature)
 {}
+
+void ShotBusService::CaptureShot(const QString& mode, const QDBusMessage& message)
+{
+    const auto parsed = fromString<CaptureMode>(mode);
+    if (!parsed || *parsed == CaptureMode::scrolling) {
+        QDBusConnection::sessionBus().send(message.createErrorReply(
+            QLatin1String(GrabOverBus::errorName),
+            QStringLiteral("\u201c%1\u201d is not a capture mode: area, window or fullscreen.")
+                .arg(mode)));
+        message.setDelayedReply(true);
+        return;
+    }
+    // Answer at once; the capture runs its course (and reports) in the app.
+    QMetaObject::invokeMethod(
+        this, [this, mode = *parsed] { m_feature.capture(mode); }, Qt::QueuedConnection);
+}
+
+void ShotBusService::OpenImage(const QStringList& files, const QDBusMessage& message)
+{
+    const QStringList failures = m_feature.openFiles(files);
+    if (!failures.isEmpty()) {
+        QDBusConnection::sessionBus().send(message.createErrorReply(
+            QLatin1String(GrabOverBus::errorName), failures.join(QLatin1Char('\n'))));
+        message.setDelayedReply(true);
+    }
+}
+
+void ShotBusService::Annotate(const QStringList& files, const QDBusMessage& message)
+{
+    OpenImage(files, message);
+}
 
 QString ShotBusService::Grab(int mode, qlonglong display, qlonglong window,
                              const QVariantList& region, const QString& output, double quality,

@@ -9,6 +9,7 @@
 namespace nubo {
 
 class XcbScreenCapturer;
+class ShotFeature;
 
 // What the running instance offers on the session bus. Captures run on a
 // worker thread and answer when done, so the tray stays responsive.
@@ -16,9 +17,16 @@ class ShotBusService : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.corvane.lab.nuboshot")
 public:
-    explicit ShotBusService(std::shared_ptr<XcbScreenCapturer> capturer, QObject* parent = nullptr);
+    ShotBusService(std::shared_ptr<XcbScreenCapturer> capturer, ShotFeature& feature,
+                   QObject* parent = nullptr);
 
 public slots:
+    // The automation intents: a capture by mode ("area", "window",
+    // "fullscreen"), and images opened in editors.
+    void CaptureShot(const QString& mode, const QDBusMessage& message);
+    void OpenImage(const QStringList& files, const QDBusMessage& message);
+    void Annotate(const QStringList& files, const QDBusMessage& message);
+
     // "nuboshot grab" of another process, done here where everything is warm.
     QString Grab(int mode, qlonglong display, qlonglong window, const QVariantList& region,
                  const QString& output, double quality, const QString& xDisplay,
@@ -26,6 +34,7 @@ public slots:
 
 private:
     std::shared_ptr<XcbScreenCapturer> m_capturer;
+    ShotFeature& m_feature;
 };
 
 } // namespace nubo

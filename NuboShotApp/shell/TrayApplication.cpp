@@ -2,13 +2,20 @@
 
 #include "capture/xcb/XcbScreenCapturer.h"
 #include "core/Logging.h"
+#include "core/Settings.h"
+#include "render/ShotRenderer.h"
 #include "shell/GrabRequest.h"
 #include "shell/ShotBusService.h"
+#include "shell/ShotFeature.h"
+#include "shell/ShotStatusMenu.h"
 
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDesktopServices>
+#include <QFileDialog>
 #include <QScreen>
+#include <QUrl>
 
 // The icon lives in the application library's resources, which a static
 // library has to register by hand.
@@ -22,10 +29,30 @@ namespace nubo {
 TrayApplication::TrayApplication(QObject* parent) : QObject(parent)
 {
     initResources();
-    m_menu.addAction(tr("Quit Nubo Shot"), qApp, &QCoreApplication::quit);
     m_tray.setIcon(QIcon(QStringLiteral(":/icons/nuboshot.svg")));
     m_tray.setToolTip(QStringLiteral("Nubo Shot"));
-    m_tray.setContextMenu(&m_menu);
+}
+
+void TrayApplication::openImage()
+{
+    const QString file = QFileDialog::getOpenFileName(
+        nullptr, QStringLiteral("Open Image in Nubo Shot"), QString(),
+        QStringLiteral("Images (*.png *.jpg *.jpeg *.webp *.bmp *.gif)"));
+    if (file.isEmpty()) {
+        return;
+    }
+    const QStringList failures = m_feature->openFiles({file});
+    if (!failures.isEmpty()) {
+        m_feature->presentAlert(QStringLiteral("Could Not Open Image"),
+                                failures.join(QLatin1Char('\n')));
+    }
+}
+
+void TrayApplication::showSettings()
+{
+    // Until the settings window exists: the preferences file itself.
+    m_preferences->sync();
+    QDesktopServices::openUrl(QUrl::fromLocalFile(m_preferences->path()));
 }
 
 TrayApplication::~TrayApplication() = default;
@@ -72,7 +99,16 @@ TrayApplication::Start TrayApplication::start()
     } catch (const Error& error) {
         qCWarning(lcApp) << "Screen capture is not available:" << error.message();
     }
-    m_service = std::make_unique<ShotBusService>(m_capturer);
+    m_preferences = std::make_unique<ShotPreferences>();
+    m_feature = std::make_unique<ShotFeature>(m_capturer, *m_preferences, ShotRenderer::shared());
+    m_menu = std::make_unique<ShotStatusMenu>(
+        ShotStatusMenu::Actions{[this](CaptureMode mode) { m_feature->capture(mode); },
+                                [this] { openImage(); }, [this] { showSettings(); },
+                                [] {
+                                    QCoreApplication::quit();
+                                }});
+    m_tray.setContextMenu(&m_menu->menu());
+    m_service = std::make_unique<ShotBusService>(m_capturer, *m_feature);
     if (bus.isConnected() && !bus.registerObject(QLatin1String(GrabOverBus::path), m_service.get(),
                                                  QDBusConnection::ExportAllSlots)) {
         qCWarning(lcApp) << "Could not offer the capture service on the session bus";

@@ -9,6 +9,9 @@
 namespace nubo {
 
 class ShotBusService;
+class ShotFeature;
+class ShotPreferences;
+class ShotStatusMenu;
 class XcbScreenCapturer;
 
 // The program as it lives in the tray: one instance per session, found by
@@ -26,9 +29,16 @@ public:
     // Claims the bus name and shows the tray icon.
     Start start();
 
+    ShotFeature* feature() { return m_feature.get(); }
+
 private:
-    QMenu m_menu;
+    void openImage();
+    void showSettings();
+
     QSystemTrayIcon m_tray;
+    std::unique_ptr<ShotPreferences> m_preferences;
+    std::unique_ptr<ShotFeature> m_feature;
+    std::unique_ptr<ShotStatusMenu> m_menu;
     std::shared_ptr<XcbScreenCapturer> m_capturer;
     std::unique_ptr<ShotBusService> m_service;
 };

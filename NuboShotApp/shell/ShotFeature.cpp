@@ -1,0 +1,133 @@
+#include "shell/ShotFeature.h"
+
+#include "core/Logging.h"
+#include "core/Settings.h"
+#include "export/PngEncoder.h"
+#include "shell/EditorCommands.h"
+#include "shell/ShotStatusMenu.h"
+
+#include <QClipboard>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QThread>
+
+namespace nubo {
+
+ShotFeature::ShotFeature(std::shared_ptr<XcbScreenCapturer> capturer, ShotPreferences& preferences,
+                         ShotRenderer& renderer, QObject* parent)
+    : QObject(parent), m_capturer(std::move(capturer)), m_preferences(preferences),
+      m_renderer(renderer)
+{
+    presentAlert = [](const QString& title, const QString& text) {
+        QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok);
+        box.setWindowFlag(Qt::WindowStaysOnTopHint);
+        box.exec();
+    };
+}
+
+ShotFeature::~ShotFeature()
+{
+    for (const QPointer<ShotEditorWindow>& editor : std::as_const(m_editors)) {
+        delete editor.data();
+    }
+}
+
+bool ShotFeature::isOffered(CaptureMode mode)
+{
+    // Area and window need the capture overlay; scrolling its session.
+    return mode == CaptureMode::fullscreen;
+}
+
+QList<ShotEditorWindow*> ShotFeature::editors() const
+{
+    QList<ShotEditorWindow*> open;
+    for (const QPointer<ShotEditorWindow>& editor : m_editors) {
+        if (editor) {
+            open.append(editor.data());
+        }
+    }
+    return open;
+}
+
+ShotEditorWindow* ShotFeature::openEditor(ShotDocument document)
+{
+    auto* editor = new ShotEditorWindow(std::move(document), m_preferences, m_renderer);
+    editor->setAttribute(Qt::WA_DeleteOnClose);
+    m_editors.append(editor);
+    editor->show();
+    editor->raise();
+    editor->activateWindow();
+    emit editorOpened(editor);
+    return editor;
+}
+
+DisplayCapture ShotFeature::captureUnderPointer()
+{
+    // All displays are frozen first; fullscreen keeps the one under the pointer.
+    const QPoint pointer = QCursor::pos();
+    const auto displays = m_capturer->captureDisplays();
+    qCInfo(lcApp, "Frozen displays ready count=%lld", static_cast<long long>(displays.size()));
+    for (const DisplayCapture& display : displays) {
+        if (display.space.globalFrame.contains(pointer)) {
+            return display;
+        }
+    }
+    return displays.first();
+}
+
+void ShotFeature::capture(CaptureMode mode)
+{
+    Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
+    qCInfo(lcApp, "Capture requested mode=%s active=%d", qPrintable(toString(mode)),
+           int(QGuiApplication::applicationState() == Qt::ApplicationActive));
+    try {
+        if (!isOffered(mode)) {
+            throw Error(
+                QStringLiteral("%1 is not available yet.").arg(ShotStatusMenu::captureTitle(mode)));
+        }
+        ShotScreenRecordingAccess access;
+        access.probe = [this] {
+            m_capturer->probe();
+        };
+        if (access.status() != ShotScreenRecordingAccess::Status::granted) {
+            throw CaptureError(CaptureError::Code::permissionDenied);
+        }
+        qCInfo(lcApp, "Capture permission preflight passed");
+        const DisplayCapture display = captureUnderPointer();
+        const QImage& image = display.image;
+        ShotDocument document = ShotDocument::fromImage(image, display.space.scale);
+        qCInfo(lcApp, "Capture opening editor size=%dx%d", image.width(), image.height());
+        if (m_preferences.boolean(keys::copyRawOnCapture, false)) {
+            auto* mime = new QMimeData;
+            mime->setData(QStringLiteral("image/png"), PngEncoder::encode(image));
+            QGuiApplication::clipboard()->setMimeData(mime);
+        }
+        openEditor(std::move(document));
+    } catch (const CaptureError& error) {
+        if (error.code() == CaptureError::Code::cancelled) {
+            return; // the user changed their mind: nothing to say
+        }
+        qCWarning(lcApp, "Capture failed: %s", qPrintable(error.message()));
+        presentAlert(QStringLiteral("Could Not Capture Screen"), error.message());
+    } catch (const Error& error) {
+        qCWarning(lcApp, "Capture failed: %s", qPrintable(error.message()));
+        presentAlert(QStringLiteral("Could Not Capture Screen"), error.message());
+    }
+}
+
+QStringList ShotFeature::openFiles(const QStringList& files)
+{
+    QStringList failures;
+    for (const QString& file : files) {
+        try {
+            openEditor(cli::openDocument(file));
+        } catch (const Error& error) {
+            failures << error.message();
+        }
+    }
+    return failures;
+}
+
+} // namespace nubo

@@ -1,0 +1,48 @@
+#include "shell/ShotStatusMenu.h"
+
+#include "shell/ShotFeature.h"
+
+namespace nubo {
+
+QString ShotStatusMenu::captureTitle(CaptureMode mode)
+{
+    switch (mode) {
+    case CaptureMode::area:
+        return QStringLiteral("Capture Area");
+    case CaptureMode::window:
+        return QStringLiteral("Capture Window");
+    case CaptureMode::fullscreen:
+        return QStringLiteral("Capture Fullscreen");
+    case CaptureMode::scrolling:
+        return QStringLiteral("Capture Scrolling");
+    }
+    return {};
+}
+
+ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
+    : QObject(parent), m_actions(std::move(actions))
+{
+    for (const CaptureMode mode : allCases<CaptureMode>()) {
+        if (mode == CaptureMode::scrolling) {
+            continue; // offered once its session exists
+        }
+        QAction* item = m_menu.addAction(captureTitle(mode));
+        item->setData(toString(mode));
+        // Modes that need parts not built yet are shown but cannot be chosen.
+        item->setEnabled(ShotFeature::isOffered(mode));
+        connect(item, &QAction::triggered, this, [this, mode] { m_actions.capture(mode); });
+    }
+    m_menu.addSeparator();
+    QAction* open = m_menu.addAction(QStringLiteral("Open Image in Nubo Shot\u2026"));
+    open->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
+    connect(open, &QAction::triggered, this, [this] { m_actions.openImage(); });
+    m_menu.addSeparator();
+    QAction* settings = m_menu.addAction(QStringLiteral("Settings\u2026"));
+    connect(settings, &QAction::triggered, this, [this] { m_actions.settings(); });
+    m_menu.addSeparator();
+    QAction* quit = m_menu.addAction(QStringLiteral("Quit Nubo Shot"));
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    connect(quit, &QAction::triggered, this, [this] { m_actions.quit(); });
+}
+
+} // namespace nubo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "capture/CaptureTypes.h"
+
+#include <QMenu>
+#include <QObject>
+
+#include <functional>
+
+namespace nubo {
+
+class ShotFeature;
+
+// The tray icon's menu: the capture modes, opening an image, settings, quit.
+class ShotStatusMenu : public QObject {
+    Q_OBJECT
+public:
+    struct Actions {
+        std::function<void(CaptureMode)> capture;
+        std::function<void()> openImage;
+        std::function<void()> settings;
+        std::function<void()> quit;
+    };
+
+    ShotStatusMenu(Actions actions, QObject* parent = nullptr);
+
+    QMenu& menu() { return m_menu; }
+    static QString captureTitle(CaptureMode mode);
+
+private:
+    QMenu m_menu;
+    Actions m_actions;
+};
+
+} // namespace nubo
