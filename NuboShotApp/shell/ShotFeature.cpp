@@ -3,6 +3,7 @@
 #include "core/Logging.h"
 #include "core/Settings.h"
 #include "export/PngEncoder.h"
+#include "overlay/ShotCaptureOverlay.h"
 #include "shell/EditorCommands.h"
 #include "shell/ShotStatusMenu.h"
 
@@ -36,8 +37,7 @@ ShotFeature::~ShotFeature()
 
 bool ShotFeature::isOffered(CaptureMode mode)
 {
-    // Area and window need the capture overlay; scrolling its session.
-    return mode == CaptureMode::fullscreen;
+    return mode != CaptureMode::scrolling; // scrolling comes with its session
 }
 
 QList<ShotEditorWindow*> ShotFeature::editors() const
@@ -95,16 +95,48 @@ void ShotFeature::capture(CaptureMode mode)
             throw CaptureError(CaptureError::Code::permissionDenied);
         }
         qCInfo(lcApp, "Capture permission preflight passed");
-        const DisplayCapture display = captureUnderPointer();
-        const QImage& image = display.image;
-        ShotDocument document = ShotDocument::fromImage(image, display.space.scale);
-        qCInfo(lcApp, "Capture opening editor size=%dx%d", image.width(), image.height());
-        if (m_preferences.boolean(keys::copyRawOnCapture, false)) {
-            auto* mime = new QMimeData;
-            mime->setData(QStringLiteral("image/png"), PngEncoder::encode(image));
-            QGuiApplication::clipboard()->setMimeData(mime);
+        if (mode == CaptureMode::fullscreen) {
+            const DisplayCapture display = captureUnderPointer();
+            finishCapture(display.image, display.space.scale);
+            return;
         }
-        openEditor(std::move(document));
+        if (!m_overlays.isEmpty()) {
+            return; // one capture at a time
+        }
+        // Every display frozen first; the user frames over these images.
+        const QList<DisplayCapture> displays = m_capturer->captureDisplays();
+        qCInfo(lcApp, "Frozen displays ready count=%lld", static_cast<long long>(displays.size()));
+        const QList<CapturableWindow> windows = m_capturer->listWindows(false).windows;
+        const auto overlayMode = mode == CaptureMode::window ? ShotCaptureOverlay::Mode::window
+                                                             : ShotCaptureOverlay::Mode::area;
+        for (const DisplayCapture& display : displays) {
+            auto* overlay = new ShotCaptureOverlay(display, windows, overlayMode);
+            m_overlays.append(overlay);
+            const double scale = display.space.scale;
+            connect(overlay, &ShotCaptureOverlay::finished, this,
+                    [this, scale](std::optional<QImage> image) {
+                        closeOverlays();
+                        if (!image) {
+                            qCInfo(lcApp, "Capture cancelled");
+                            return;
+                        }
+                        finishCapture(*image, scale);
+                    });
+            connect(overlay, &ShotCaptureOverlay::modeToggled, this,
+                    [this](ShotCaptureOverlay::Mode next) {
+                        for (const QPointer<ShotCaptureOverlay>& o : std::as_const(m_overlays)) {
+                            if (o) {
+                                o->setMode(next);
+                            }
+                        }
+                    });
+            overlay->show();
+            overlay->raise();
+            if (display.space.globalFrame.contains(QCursor::pos())) {
+                overlay->activateWindow();
+                overlay->setFocus();
+            }
+        }
     } catch (const CaptureError& error) {
         if (error.code() == CaptureError::Code::cancelled) {
             return; // the user changed their mind: nothing to say
@@ -115,6 +147,27 @@ void ShotFeature::capture(CaptureMode mode)
         qCWarning(lcApp, "Capture failed: %s", qPrintable(error.message()));
         presentAlert(QStringLiteral("Could Not Capture Screen"), error.message());
     }
+}
+
+void ShotFeature::finishCapture(const QImage& image, double scale)
+{
+    qCInfo(lcApp, "Capture opening editor size=%dx%d", image.width(), image.height());
+    if (m_preferences.boolean(keys::copyRawOnCapture, false)) {
+        auto* mime = new QMimeData;
+        mime->setData(QStringLiteral("image/png"), PngEncoder::encode(image));
+        QGuiApplication::clipboard()->setMimeData(mime);
+    }
+    openEditor(ShotDocument::fromImage(image, scale));
+}
+
+void ShotFeature::closeOverlays()
+{
+    for (const QPointer<ShotCaptureOverlay>& overlay : std::as_const(m_overlays)) {
+        if (overlay) {
+            overlay->close();
+        }
+    }
+    m_overlays.clear();
 }
 
 QStringList ShotFeature::openFiles(const QStringList& files)

@@ -12,6 +12,7 @@
 
 namespace nubo {
 
+class ShotCaptureOverlay;
 class ShotPreferences;
 class ShotRenderer;
 
@@ -44,11 +45,14 @@ signals:
 private:
     ShotEditorWindow* openEditor(ShotDocument document);
     DisplayCapture captureUnderPointer();
+    void finishCapture(const QImage& image, double scale);
+    void closeOverlays();
 
     std::shared_ptr<XcbScreenCapturer> m_capturer;
     ShotPreferences& m_preferences;
     ShotRenderer& m_renderer;
     QList<QPointer<ShotEditorWindow>> m_editors;
+    QList<QPointer<ShotCaptureOverlay>> m_overlays;
 };
 
 } // namespace nubo

@@ -1,11 +1,15 @@
+#include "core/Settings.h"
 #include "support/Process.h"
+#include "support/RenderFixtures.h"
 
+#include <QClipboard>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QGuiApplication>
 #include <QImage>
+#include <QMimeData>
 #include <QPixmap>
 #include <QProcess>
 #include <QRegularExpression>
@@ -220,21 +224,89 @@ TEST_F(Tray, CaptureFromTheShellOpensAnEditor)
     const Case cases[] = {
         {{"capture", "scrolling"}, 2, "capture takes area, window or fullscreen"},
         {{"capture"}, 2, "capture takes area, window or fullscreen"},
-        {{"capture", "area"}, 0, ""}, // not offered yet: the app says so in its alert
     };
     for (const Case& c : cases) {
         const auto result = test::runNuboShot(c.arguments);
         EXPECT_EQ(result.exitCode, c.exitCode) << c.arguments.join(u' ').toStdString();
         EXPECT_TRUE(result.err.contains(QString::fromUtf8(c.inErr))) << result.err.toStdString();
     }
-    // The alert for the mode that is not offered is up; Return dismisses it.
-    QThread::msleep(500);
-    saveArtifact(QGuiApplication::primaryScreen()->grabWindow(0).toImage(),
-                 QStringLiteral("capture-alert.png"));
-    EXPECT_FALSE(run(QStringLiteral("xdotool"),
-                     {"search", "--onlyvisible", "--name", "Could Not Capture Screen"})
-                     .trimmed()
-                     .isEmpty());
+}
+
+TEST_F(Tray, TheOverlayTakesExactlyTheFramedPixels)
+{
+    {
+        ShotPreferences preferences; // the tray application reads the same file
+        preferences.setValue(keys::copyRawOnCapture, true);
+        preferences.sync();
+    }
+    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    ASSERT_TRUE(m_app.waitForStarted());
+    ASSERT_TRUE(waitUntil(isRunning));
+    QProcess red, green;
+    red.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
+              {"--geometry", "200x150+300+300", "--color", "ff0000", "--undecorated"});
+    green.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
+                {"--geometry", "100x100+450+400", "--color", "00ff00", "--undecorated"});
+    ASSERT_TRUE(red.waitForReadyRead(5000) && green.waitForReadyRead(5000));
+    QThread::msleep(400);
+    QScreen* screen = QGuiApplication::primaryScreen();
+    const QImage before = screen->grabWindow(0, 420, 380, 100, 80).toImage();
+
+    const auto shown = [&](const QString& name) {
+        return !run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", name})
+                    .trimmed()
+                    .isEmpty();
+    };
+    const auto overlayShown = [&] {
+        return shown(QStringLiteral("Nubo Shot Capture"));
+    };
+    const auto xdotool = [&](const QStringList& steps) {
+        run(QStringLiteral("xdotool"), steps);
+    };
+
+    // Escape ends it silently.
+    ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
+    ASSERT_TRUE(waitUntil(overlayShown));
+    QThread::msleep(200);
+    saveArtifact(screen->grabWindow(0).toImage(), QStringLiteral("overlay-area.png"));
+    xdotool({"mousemove", "600", "600", "key", "Escape"});
+    EXPECT_TRUE(waitUntil([&] { return !overlayShown(); }));
+    EXPECT_FALSE(shown(QStringLiteral("Could Not Capture Screen")));
+
+    // A 3 × 50 drag is not taken; a 100 × 80 one is, pixel for pixel.
+    ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
+    ASSERT_TRUE(waitUntil(overlayShown));
+    xdotool({"mousemove", "100", "100", "mousedown", "1", "mousemove", "102", "130", "mousemove",
+             "103", "150", "mouseup", "1"});
+    QThread::msleep(200);
+    EXPECT_TRUE(overlayShown());
+    xdotool({"mousemove", "420", "380", "mousedown", "1", "mousemove", "470", "420", "mousemove",
+             "520", "460", "mouseup", "1"});
+    ASSERT_TRUE(waitUntil([&] { return shown(QStringLiteral("100 \u00d7 80")); }))
+        << "no editor for the area";
+    QImage copied;
+    ASSERT_TRUE(waitUntil([&] {
+        const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+        copied = mime ? QImage::fromData(mime->data(QStringLiteral("image/png")), "PNG") : QImage();
+        return !copied.isNull();
+    }));
+    EXPECT_EQ(test::compareImages(copied, before, 0).pixelsOver, 0) << "the framed pixels, exactly";
+
+    // Space switches to windows; a click takes the one under the pointer.
+    ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
+    ASSERT_TRUE(waitUntil(overlayShown));
+    xdotool({"mousemove", "350", "350"});
+    xdotool({"key", "space"});
+    xdotool({"mousemove", "355", "355"});
+    QThread::msleep(200);
+    saveArtifact(screen->grabWindow(0).toImage(), QStringLiteral("overlay-window.png"));
+    xdotool({"click", "1"});
+    EXPECT_TRUE(waitUntil([&] { return shown(QStringLiteral("200 \u00d7 150")); }))
+        << "no editor for the window";
+    red.terminate();
+    green.terminate();
+    red.waitForFinished();
+    green.waitForFinished();
 }
 
 } // namespace

@@ -1,0 +1,280 @@
+#include "overlay/ShotCaptureOverlay.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <cmath>
+
+namespace nubo {
+
+ShotCaptureOverlay::ShotCaptureOverlay(DisplayCapture display, QList<CapturableWindow> windows,
+                                       Mode mode, QWidget* parent)
+    : QWidget(parent, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                          Qt::X11BypassWindowManagerHint),
+      m_display(std::move(display)), m_windows(std::move(windows)), m_mode(mode)
+{
+    setWindowTitle(QStringLiteral("Nubo Shot Capture"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setMouseTracking(true);
+    setCursor(Qt::CrossCursor);
+    setGeometry(m_display.space.globalFrame.toRect());
+}
+
+void ShotCaptureOverlay::setMode(Mode mode)
+{
+    m_mode = mode;
+    m_selection.reset();
+    m_hovered.reset();
+    update();
+}
+
+void ShotCaptureOverlay::setSelection(const QRectF& rect)
+{
+    m_selection =
+        rect.normalized().intersected(QRectF(QPointF(0, 0), m_display.space.globalFrame.size()));
+    update();
+}
+
+QImage ShotCaptureOverlay::cut(const QRectF& rect) const
+{
+    const double s = m_display.space.scale;
+    const QRect pixels = QRectF(rect.topLeft() * s, rect.size() * s)
+                             .toAlignedRect()
+                             .intersected(m_display.image.rect());
+    return m_display.image.copy(pixels);
+}
+
+std::optional<ResizeHandle> ShotCaptureOverlay::cornerAt(const QRectF& selection, QPointF point)
+{
+    const std::pair<ResizeHandle, QPointF> corners[] = {
+        {ResizeHandle::topLeft, selection.topLeft()},
+        {ResizeHandle::topRight, selection.topRight()},
+        {ResizeHandle::bottomRight, selection.bottomRight()},
+        {ResizeHandle::bottomLeft, selection.bottomLeft()}};
+    std::optional<ResizeHandle> nearest;
+    double best = handleReach;
+    for (const auto& [handle, corner] : corners) {
+        const double distance = std::hypot(point.x() - corner.x(), point.y() - corner.y());
+        if (distance <= best && (!nearest || distance < best)) {
+            nearest = handle;
+            best = distance;
+        }
+    }
+    return nearest;
+}
+
+QRectF ShotCaptureOverlay::nudged(const QRectF& selection, QPointF by, const QSizeF& bounds)
+{
+    QRectF moved = selection.translated(by);
+    moved.moveLeft(std::clamp(moved.left(), 0.0, std::max(0.0, bounds.width() - moved.width())));
+    moved.moveTop(std::clamp(moved.top(), 0.0, std::max(0.0, bounds.height() - moved.height())));
+    return moved;
+}
+
+QRectF ShotCaptureOverlay::localFrame(const CapturableWindow& window) const
+{
+    return window.frame.translated(-m_display.space.globalFrame.topLeft());
+}
+
+std::optional<CapturableWindow> ShotCaptureOverlay::windowAt(QPointF local) const
+{
+    for (const CapturableWindow& window : m_windows) { // front-most first
+        if (localFrame(window).contains(local)) {
+            return window;
+        }
+    }
+    return std::nullopt;
+}
+
+void ShotCaptureOverlay::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const QRectF all(QPointF(0, 0), QSizeF(size()));
+    painter.drawImage(all, m_display.image);
+    std::optional<QRectF> clear = m_selection;
+    if (m_mode == Mode::window && m_hovered) {
+        clear = localFrame(*m_hovered).intersected(all);
+    }
+    QPainterPath dim;
+    dim.addRect(all);
+    if (clear) {
+        dim.addRect(*clear);
+    }
+    dim.setFillRule(Qt::OddEvenFill);
+    painter.fillPath(dim, QColor(0, 0, 0, 115));
+
+    painter.setRenderHint(QPainter::Antialiasing);
+    QFont font = painter.font();
+    font.setPixelSize(13);
+    painter.setFont(font);
+    const auto label = [&](const QRectF& near, const QString& text) {
+        const QRectF box = painter.fontMetrics().boundingRect(text).adjusted(-6, -3, 6, 3);
+        QPointF at(near.left(), near.top() - box.height() - 4);
+        if (at.y() < 0) {
+            at.setY(near.bottom() + 4);
+        }
+        const QRectF placed(at, box.size());
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(20, 20, 20, 200));
+        painter.drawRoundedRect(placed, 4, 4);
+        painter.setPen(Qt::white);
+        painter.drawText(placed, Qt::AlignCenter, text);
+    };
+    if (clear) {
+        painter.setPen(QPen(QColor(255, 255, 255, 230), 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(clear->adjusted(-0.5, -0.5, 0.5, 0.5));
+        const double s = m_display.space.scale;
+        if (m_mode == Mode::area) {
+            // The size in pixels beside the selection, and its corner handles.
+            label(*clear, QStringLiteral("%1 \u00d7 %2")
+                              .arg(qRound(clear->width() * s))
+                              .arg(qRound(clear->height() * s)));
+            painter.setBrush(Qt::white);
+            for (const QPointF corner :
+                 {clear->topLeft(), clear->topRight(), clear->bottomRight(), clear->bottomLeft()}) {
+                painter.drawEllipse(corner, 4, 4);
+            }
+        } else if (m_hovered) {
+            label(*clear,
+                  m_hovered->title.isEmpty() ? m_hovered->applicationName : m_hovered->title);
+        }
+    } else {
+        const QString hint =
+            m_mode == Mode::area
+                ? QStringLiteral("Drag to capture an area \u2022 Space: windows \u2022 Esc: cancel")
+                : QStringLiteral(
+                      "Click a window to capture it \u2022 Space: area \u2022 Esc: cancel");
+        label(QRectF(width() / 2.0 - 160, height() / 2.0, 320, 20), hint);
+    }
+}
+
+void ShotCaptureOverlay::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    const QPointF p = event->position();
+    if (m_mode == Mode::window) {
+        return; // taken on release
+    }
+    if (m_selection) {
+        if ((m_resizing = cornerAt(*m_selection, p))) {
+            return;
+        }
+    }
+    m_dragStart = p;
+    m_selection = QRectF(p, QSizeF(0, 0));
+    update();
+}
+
+void ShotCaptureOverlay::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointF p = event->position();
+    if (m_mode == Mode::window) {
+        const auto hovered = windowAt(p);
+        if (hovered != m_hovered) {
+            m_hovered = hovered;
+            update();
+        }
+        return;
+    }
+    if (m_resizing && m_selection) {
+        QRectF r = *m_selection;
+        switch (*m_resizing) {
+        case ResizeHandle::topLeft:
+            r.setTopLeft(p);
+            break;
+        case ResizeHandle::topRight:
+            r.setTopRight(p);
+            break;
+        case ResizeHandle::bottomRight:
+            r.setBottomRight(p);
+            break;
+        default:
+            r.setBottomLeft(p);
+            break;
+        }
+        setSelection(r);
+    } else if (m_dragStart) {
+        setSelection(QRectF(*m_dragStart, p));
+    }
+}
+
+void ShotCaptureOverlay::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    if (m_mode == Mode::window) {
+        if (const auto window = windowAt(event->position())) {
+            m_selection = localFrame(*window).intersected(QRectF(QPointF(0, 0), QSizeF(size())));
+            accept();
+        }
+        return;
+    }
+    m_dragStart.reset();
+    m_resizing.reset();
+    // Mouse-up takes the selection only when it is large enough to mean it.
+    if (m_selection && m_selection->width() >= minimumSide &&
+        m_selection->height() >= minimumSide) {
+        accept();
+    }
+}
+
+void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
+{
+    const double step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
+    QPointF by;
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        emit finished(std::nullopt);
+        return;
+    case Qt::Key_Space:
+        emit modeToggled(m_mode == Mode::area ? Mode::window : Mode::area);
+        return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (m_selection && m_selection->width() >= minimumSide &&
+            m_selection->height() >= minimumSide) {
+            accept();
+        }
+        return;
+    case Qt::Key_Left:
+        by = {-step, 0};
+        break;
+    case Qt::Key_Right:
+        by = {step, 0};
+        break;
+    case Qt::Key_Up:
+        by = {0, -step};
+        break;
+    case Qt::Key_Down:
+        by = {0, step};
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    if (m_selection) {
+        m_selection = nudged(*m_selection, by, QSizeF(size()));
+        update();
+    }
+}
+
+void ShotCaptureOverlay::enterEvent(QEnterEvent*)
+{
+    // The display the pointer is on takes the keyboard.
+    activateWindow();
+    setFocus();
+}
+
+void ShotCaptureOverlay::accept()
+{
+    if (m_selection) {
+        emit finished(cut(*m_selection));
+    }
+}
+
+} // namespace nubo

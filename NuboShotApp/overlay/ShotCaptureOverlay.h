@@ -1,0 +1,70 @@
+#pragma once
+
+#include "capture/CaptureTypes.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+namespace nubo {
+
+// The frozen screen of one display, dimmed, over which the user frames a
+// shot: an area by dragging (then handles, arrow keys, Return), or a window
+// by pointing at it. What is framed is cut from the frozen image, so it is
+// exactly what was on screen.
+class ShotCaptureOverlay : public QWidget {
+    Q_OBJECT
+public:
+    static constexpr double minimumSide = 4; // points: smaller selections are not taken
+    static constexpr double handleReach = 8; // points around a corner that grab it
+
+    enum class Mode { area, window };
+
+    ShotCaptureOverlay(DisplayCapture display, QList<CapturableWindow> windows, Mode mode,
+                       QWidget* parent = nullptr);
+
+    Mode mode() const { return m_mode; }
+    void setMode(Mode mode);
+    // The selection in display-local points.
+    const std::optional<QRectF>& selection() const { return m_selection; }
+    void setSelection(const QRectF& rect);
+    const DisplayCapture& display() const { return m_display; }
+
+    // The frozen pixels of a display-local rectangle.
+    QImage cut(const QRectF& rect) const;
+    // The corner handle a point grabs: within handleReach, the nearest, ties
+    // in the order top-left, top-right, bottom-right, bottom-left.
+    static std::optional<ResizeHandle> cornerAt(const QRectF& selection, QPointF point);
+    // The selection moved by arrow keys, kept inside the display.
+    static QRectF nudged(const QRectF& selection, QPointF by, const QSizeF& bounds);
+
+signals:
+    // The framed image, or nothing when the user cancelled.
+    void finished(std::optional<QImage> image);
+    // Space switches every overlay between area and window mode.
+    void modeToggled(Mode mode);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+
+private:
+    void accept();
+    std::optional<CapturableWindow> windowAt(QPointF local) const;
+    QRectF localFrame(const CapturableWindow& window) const;
+
+    DisplayCapture m_display;
+    QList<CapturableWindow> m_windows;
+    Mode m_mode;
+    std::optional<QRectF> m_selection;
+    std::optional<QPointF> m_dragStart;
+    std::optional<ResizeHandle> m_resizing;
+    std::optional<CapturableWindow> m_hovered;
+};
+
+} // namespace nubo
