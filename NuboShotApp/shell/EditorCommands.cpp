@@ -6,8 +6,13 @@
 #include "render/ShotRenderer.h"
 #include "shell/ArchiveCommands.h"
 #include "shell/CommandLine.h"
+#include "shell/GrabRequest.h"
+#include "shell/TrayApplication.h"
 
 #include <QApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
 #include <QFileInfo>
 #include <QImageReader>
 
@@ -64,6 +69,34 @@ int runEditorCommand(int argc, char** argv, const QStringList& arguments)
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
         qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
         return fail(QStringLiteral("No desktop session found to show the editor in."));
+    }
+    // The running instance opens them, where there is one.
+    {
+        QCoreApplication probe(argc, argv);
+        QDBusConnection bus = QDBusConnection::sessionBus();
+        if (bus.isConnected() &&
+            bus.interface()->isServiceRegistered(QLatin1String(TrayApplication::busName))) {
+            QStringList absolute;
+            for (const QString& file : files) {
+                absolute << QFileInfo(file).absoluteFilePath();
+            }
+            QDBusMessage call = QDBusMessage::createMethodCall(
+                QLatin1String(TrayApplication::busName), QLatin1String(GrabOverBus::path),
+                QLatin1String(GrabOverBus::interface),
+                arguments.first() == QLatin1String("open") ? QStringLiteral("OpenImage")
+                                                           : QStringLiteral("Annotate"));
+            call.setArguments({absolute});
+            call.setAutoStartService(false);
+            const QDBusMessage reply = bus.call(call, QDBus::Block, 30000);
+            if (reply.type() == QDBusMessage::ReplyMessage) {
+                return success;
+            }
+            if (reply.type() == QDBusMessage::ErrorMessage &&
+                reply.errorName() == QLatin1String(GrabOverBus::errorName)) {
+                return fail(reply.errorMessage());
+            }
+            // An instance that cannot answer: open them here.
+        }
     }
     QApplication app(argc, argv);
     QApplication::setApplicationDisplayName(QStringLiteral("Nubo Shot"));

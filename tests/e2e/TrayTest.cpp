@@ -230,6 +230,26 @@ TEST_F(Tray, CaptureFromTheShellOpensAnEditor)
         EXPECT_EQ(result.exitCode, c.exitCode) << c.arguments.join(u' ').toStdString();
         EXPECT_TRUE(result.err.contains(QString::fromUtf8(c.inErr))) << result.err.toStdString();
     }
+
+    // Opening images goes to the running instance too; a non-image is refused with a message.
+    QTemporaryDir dir;
+    QImage(640, 400, QImage::Format_RGB32).save(dir.filePath(QStringLiteral("small.png")));
+    const auto opened = test::runNuboShot({"open", dir.filePath(QStringLiteral("small.png"))});
+    EXPECT_EQ(opened.exitCode, 0) << opened.err.toStdString();
+    EXPECT_TRUE(waitUntil([&] {
+        return !run(QStringLiteral("xdotool"),
+                    {"search", "--onlyvisible", "--name", "640 \u00d7 400"})
+                    .trimmed()
+                    .isEmpty();
+    }));
+    QFile notImage(dir.filePath(QStringLiteral("notes.png")));
+    ASSERT_TRUE(notImage.open(QIODevice::WriteOnly));
+    notImage.write("text");
+    notImage.close();
+    const auto refused = test::runNuboShot({"annotate", notImage.fileName()});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.err.contains(QStringLiteral("is not an image Nubo Shot can open.")))
+        << refused.err.toStdString();
 }
 
 TEST_F(Tray, TheOverlayTakesExactlyTheFramedPixels)
