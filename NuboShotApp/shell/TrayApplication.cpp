@@ -7,6 +7,7 @@
 #include "shell/GrabRequest.h"
 #include "shell/ShotBusService.h"
 #include "shell/ShotFeature.h"
+#include "shell/ShotGlobalShortcuts.h"
 #include "shell/ShotStatusMenu.h"
 
 #include <QApplication>
@@ -108,6 +109,14 @@ TrayApplication::Start TrayApplication::start()
                                     QCoreApplication::quit();
                                 }});
     m_tray.setContextMenu(&m_menu->menu());
+    m_shortcuts = std::make_unique<ShotGlobalShortcuts>(
+        *m_preferences, [this](CaptureMode mode) { m_feature->capture(mode); });
+    if (!m_shortcuts->problems().isEmpty()) {
+        // Told once, in the tray's own bubble; the rest of the program works as before.
+        m_tray.showMessage(QStringLiteral("Nubo Shot"),
+                           m_shortcuts->problems().join(QLatin1Char('\n')),
+                           QSystemTrayIcon::Warning, 8000);
+    }
     m_service = std::make_unique<ShotBusService>(m_capturer, *m_feature);
     if (bus.isConnected() && !bus.registerObject(QLatin1String(GrabOverBus::path), m_service.get(),
                                                  QDBusConnection::ExportAllSlots)) {

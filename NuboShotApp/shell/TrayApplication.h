@@ -11,6 +11,7 @@ namespace nubo {
 class ShotBusService;
 class ShotFeature;
 class ShotPreferences;
+class ShotGlobalShortcuts;
 class ShotStatusMenu;
 class XcbScreenCapturer;
 
@@ -39,6 +40,7 @@ private:
     std::unique_ptr<ShotPreferences> m_preferences;
     std::unique_ptr<ShotFeature> m_feature;
     std::unique_ptr<ShotStatusMenu> m_menu;
+    std::unique_ptr<ShotGlobalShortcuts> m_shortcuts;
     std::shared_ptr<XcbScreenCapturer> m_capturer;
     std::unique_ptr<ShotBusService> m_service;
 };

@@ -252,6 +252,44 @@ TEST_F(Tray, CaptureFromTheShellOpensAnEditor)
         << refused.err.toStdString();
 }
 
+TEST_F(Tray, PrintScreenKeysCaptureFromAnywhere)
+{
+    {
+        ShotPreferences preferences; // a shortcut of the user's own choice
+        preferences.setValue(QStringLiteral("shot.shortcut.fullscreen"),
+                             QStringLiteral("Ctrl+Shift+F12"));
+        preferences.sync();
+    }
+    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    ASSERT_TRUE(m_app.waitForStarted());
+    ASSERT_TRUE(waitUntil(isRunning));
+    QThread::msleep(300);
+    const auto shown = [&](const QString& name) {
+        return !run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", name})
+                    .trimmed()
+                    .isEmpty();
+    };
+    run(QStringLiteral("xdotool"), {"key", "shift+Print"});
+    EXPECT_TRUE(waitUntil([&] { return shown(QStringLiteral("Nubo Shot Capture")); }))
+        << "Shift+Print: the overlay";
+    run(QStringLiteral("xdotool"), {"key", "Escape"});
+    EXPECT_TRUE(waitUntil([&] { return !shown(QStringLiteral("Nubo Shot Capture")); }));
+    run(QStringLiteral("xdotool"), {"key", "ctrl+shift+F12"});
+    EXPECT_TRUE(waitUntil([&] { return shown(QStringLiteral("1920 \u00d7 1080")); }))
+        << "the user's shortcut";
+    // openbox binds Alt+Print to scrot: ours is skipped and said so, nothing more.
+    m_app.terminate();
+    m_app.waitForFinished(5000);
+    EXPECT_TRUE(
+        QString::fromUtf8(m_app.readAllStandardError())
+            .contains(QStringLiteral("The shortcut Alt+Print is used by another program.")));
+    {
+        ShotPreferences preferences;
+        preferences.remove(QStringLiteral("shot.shortcut.fullscreen"));
+        preferences.sync();
+    }
+}
+
 TEST_F(Tray, TheOverlayTakesExactlyTheFramedPixels)
 {
     {
