@@ -121,6 +121,10 @@ void ShotCanvas::paintDocument(QPainter& painter, const QRectF& area) const
 
 void ShotCanvas::paintEvent(QPaintEvent* event)
 {
+    if (!m_everPainted) {
+        m_everPainted = true;
+        emit firstPainted(); // only logs, so emitting while painting is safe
+    }
     QPainter painter(this);
     painter.fillRect(event->rect(), palette().window());
     painter.setClipRect(event->rect());

@@ -31,6 +31,8 @@ public:
 signals:
     // A click with the colour picker, in document points.
     void colorPickRequested(QPointF point);
+    // The canvas is on screen for the first time.
+    void firstPainted();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -58,6 +60,7 @@ private:
     ShotDocument m_painted; // what is on screen, to find what changed
     QPointF m_press;
     bool m_pressed = false;
+    bool m_everPainted = false;
     std::unique_ptr<ShotTool> m_tool;
     ShotToolKind m_toolKind = ShotToolKind::select;
 };

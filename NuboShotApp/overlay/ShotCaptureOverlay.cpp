@@ -89,6 +89,10 @@ std::optional<CapturableWindow> ShotCaptureOverlay::windowAt(QPointF local) cons
 
 void ShotCaptureOverlay::paintEvent(QPaintEvent*)
 {
+    if (!m_painted) {
+        m_painted = true;
+        emit shown(); // only logs, so emitting while painting is safe
+    }
     QPainter painter(this);
     const QRectF all(QPointF(0, 0), QSizeF(size()));
     painter.drawImage(all, m_display.image);

@@ -44,6 +44,8 @@ signals:
     void finished(std::optional<QImage> image);
     // Space switches every overlay between area and window mode.
     void modeToggled(Mode mode);
+    // The first time the frozen screen is on the display.
+    void shown();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -65,6 +67,7 @@ private:
     std::optional<QPointF> m_dragStart;
     std::optional<ResizeHandle> m_resizing;
     std::optional<CapturableWindow> m_hovered;
+    bool m_painted = false;
 };
 
 } // namespace nubo

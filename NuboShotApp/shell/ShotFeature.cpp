@@ -54,6 +54,15 @@ QList<ShotEditorWindow*> ShotFeature::editors() const
 ShotEditorWindow* ShotFeature::openEditor(ShotDocument document)
 {
     auto* editor = new ShotEditorWindow(std::move(document), m_preferences, m_renderer);
+    if (m_accepted.isValid()) {
+        // The first paint of the editor's canvas ends the capture's wait.
+        const qint64 since = m_accepted.elapsed();
+        connect(&editor->canvas(), &ShotCanvas::firstPainted, this, [this, since] {
+            qCInfo(lcApp, "Capture editor shown after %lld ms (%lld ms to open)",
+                   static_cast<long long>(m_accepted.elapsed()), static_cast<long long>(since));
+            m_accepted.invalidate();
+        });
+    }
     editor->setAttribute(Qt::WA_DeleteOnClose);
     m_editors.append(editor);
     editor->show();
@@ -80,6 +89,7 @@ DisplayCapture ShotFeature::captureUnderPointer()
 void ShotFeature::capture(CaptureMode mode)
 {
     Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
+    m_requested.start();
     qCInfo(lcApp, "Capture requested mode=%s active=%d", qPrintable(toString(mode)),
            int(QGuiApplication::applicationState() == Qt::ApplicationActive));
     try {
@@ -113,8 +123,13 @@ void ShotFeature::capture(CaptureMode mode)
             auto* overlay = new ShotCaptureOverlay(display, windows, overlayMode);
             m_overlays.append(overlay);
             const double scale = display.space.scale;
+            connect(overlay, &ShotCaptureOverlay::shown, this, [this] {
+                qCInfo(lcApp, "Capture overlay shown after %lld ms",
+                       static_cast<long long>(m_requested.elapsed()));
+            });
             connect(overlay, &ShotCaptureOverlay::finished, this,
                     [this, scale](std::optional<QImage> image) {
+                        m_accepted.start();
                         closeOverlays();
                         if (!image) {
                             qCInfo(lcApp, "Capture cancelled");

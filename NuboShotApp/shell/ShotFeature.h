@@ -4,6 +4,7 @@
 #include "capture/xcb/XcbScreenCapturer.h"
 #include "editor/ShotEditorWindow.h"
 
+#include <QElapsedTimer>
 #include <QList>
 #include <QObject>
 #include <QPointer>
@@ -53,6 +54,8 @@ private:
     ShotRenderer& m_renderer;
     QList<QPointer<ShotEditorWindow>> m_editors;
     QList<QPointer<ShotCaptureOverlay>> m_overlays;
+    QElapsedTimer m_requested; // for the latencies the log reports
+    QElapsedTimer m_accepted;
 };
 
 } // namespace nubo
