@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QTimer>
 
 #include <cmath>
 
@@ -36,6 +37,13 @@ void ShotCaptureOverlay::setSelection(const QRectF& rect)
     update();
 }
 
+QString ShotCaptureOverlay::instruction(Mode mode)
+{
+    return mode == Mode::area
+               ? QStringLiteral("Drag to capture \u00b7 Space: Window \u00b7 Esc: Cancel")
+               : QStringLiteral("Click a window \u00b7 Space: Area \u00b7 Esc: Cancel");
+}
+
 QImage ShotCaptureOverlay::cut(const QRectF& rect) const
 {
     const double s = m_display.space.scale;
@@ -52,11 +60,18 @@ std::optional<ResizeHandle> ShotCaptureOverlay::cornerAt(const QRectF& selection
         {ResizeHandle::topRight, selection.topRight()},
         {ResizeHandle::bottomRight, selection.bottomRight()},
         {ResizeHandle::bottomLeft, selection.bottomLeft()}};
+    // A corner is a candidate within handleReach on both axes; the nearest
+    // candidate wins, the earlier corner on a tie.
     std::optional<ResizeHandle> nearest;
-    double best = handleReach;
+    double best = 0;
     for (const auto& [handle, corner] : corners) {
-        const double distance = std::hypot(point.x() - corner.x(), point.y() - corner.y());
-        if (distance <= best && (!nearest || distance < best)) {
+        const double dx = std::abs(corner.x() - point.x());
+        const double dy = std::abs(corner.y() - point.y());
+        if (dx > handleReach || dy > handleReach) {
+            continue;
+        }
+        const double distance = std::hypot(dx, dy);
+        if (!nearest || distance < best) {
             nearest = handle;
             best = distance;
         }
@@ -184,6 +199,24 @@ void ShotCaptureOverlay::mouseMoveEvent(QMouseEvent* event)
         }
         return;
     }
+    if (!m_dragStart && !m_resizing) {
+        // The hovered corner shows its resize cursor and pulses once.
+        const auto hovered = m_selection ? cornerAt(*m_selection, p) : std::nullopt;
+        if (hovered != m_hoveredCorner) {
+            m_hoveredCorner = hovered;
+            m_hoverStarted.start();
+            if (hovered) {
+                QTimer::singleShot(0, this, [this] { update(); });
+                QTimer::singleShot(120, this, [this] { update(); });
+            }
+            update();
+        }
+        const bool diagonal =
+            hovered == ResizeHandle::topLeft || hovered == ResizeHandle::bottomRight;
+        setCursor(!hovered   ? Qt::CrossCursor
+                  : diagonal ? Qt::SizeFDiagCursor
+                             : Qt::SizeBDiagCursor);
+    }
     if (m_resizing && m_selection) {
         QRectF r = *m_selection;
         switch (*m_resizing) {
@@ -261,7 +294,7 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
         return;
     }
-    if (m_selection) {
+    if (m_selection && m_mode == Mode::area) {
         m_selection = nudged(*m_selection, by, QSizeF(size()));
         update();
     }

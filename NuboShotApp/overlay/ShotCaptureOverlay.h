@@ -2,6 +2,7 @@
 
 #include "capture/CaptureTypes.h"
 
+#include <QElapsedTimer>
 #include <QWidget>
 
 #include <functional>
@@ -31,10 +32,12 @@ public:
     void setSelection(const QRectF& rect);
     const DisplayCapture& display() const { return m_display; }
 
+    // The instruction line of a mode.
+    static QString instruction(Mode mode);
     // The frozen pixels of a display-local rectangle.
     QImage cut(const QRectF& rect) const;
-    // The corner handle a point grabs: within handleReach, the nearest, ties
-    // in the order top-left, top-right, bottom-right, bottom-left.
+    // The corner handle a point grabs: within handleReach on both axes, the
+    // nearest, ties in the order top-left, top-right, bottom-right, bottom-left.
     static std::optional<ResizeHandle> cornerAt(const QRectF& selection, QPointF point);
     // The selection moved by arrow keys, kept inside the display.
     static QRectF nudged(const QRectF& selection, QPointF by, const QSizeF& bounds);
@@ -68,6 +71,8 @@ private:
     std::optional<ResizeHandle> m_resizing;
     std::optional<CapturableWindow> m_hovered;
     bool m_painted = false;
+    std::optional<ResizeHandle> m_hoveredCorner;
+    QElapsedTimer m_hoverStarted;
 };
 
 } // namespace nubo
