@@ -151,22 +151,26 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
                               .arg(qRound(clear->width() * s))
                               .arg(qRound(clear->height() * s)));
             painter.setBrush(Qt::white);
-            for (const QPointF corner :
-                 {clear->topLeft(), clear->topRight(), clear->bottomRight(), clear->bottomLeft()}) {
-                painter.drawEllipse(corner, 4, 4);
+            const std::pair<ResizeHandle, QPointF> corners[] = {
+                {ResizeHandle::topLeft, clear->topLeft()},
+                {ResizeHandle::topRight, clear->topRight()},
+                {ResizeHandle::bottomRight, clear->bottomRight()},
+                {ResizeHandle::bottomLeft, clear->bottomLeft()}};
+            for (const auto& [handle, corner] : corners) {
+                // The hovered corner grows for a moment, then stays larger.
+                const bool hot = handle == m_hoveredCorner;
+                const double radius = !hot ? 4 : m_hoverStarted.elapsed() < 100 ? 7 : 6;
+                painter.drawEllipse(corner, radius, radius);
             }
         } else if (m_hovered) {
             label(*clear,
                   m_hovered->title.isEmpty() ? m_hovered->applicationName : m_hovered->title);
         }
-    } else {
-        const QString hint =
-            m_mode == Mode::area
-                ? QStringLiteral("Drag to capture an area \u2022 Space: windows \u2022 Esc: cancel")
-                : QStringLiteral(
-                      "Click a window to capture it \u2022 Space: area \u2022 Esc: cancel");
-        label(QRectF(width() / 2.0 - 160, height() / 2.0, 320, 20), hint);
     }
+    // The instruction line, always at the top centre.
+    const QString hint = instruction(m_mode);
+    const double hintWidth = painter.fontMetrics().horizontalAdvance(hint) + 12;
+    label(QRectF((width() - hintWidth) / 2, 40, hintWidth, 20), hint);
 }
 
 void ShotCaptureOverlay::mousePressEvent(QMouseEvent* event)
@@ -273,8 +277,11 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        if (m_selection && m_selection->width() >= minimumSide &&
-            m_selection->height() >= minimumSide) {
+        if (m_mode == Mode::window && m_hovered) {
+            m_selection = localFrame(*m_hovered).intersected(QRectF(QPointF(0, 0), QSizeF(size())));
+            accept();
+        } else if (m_mode == Mode::area && m_selection && m_selection->width() >= minimumSide &&
+                   m_selection->height() >= minimumSide) {
             accept();
         }
         return;
