@@ -167,6 +167,46 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
                   m_hovered->title.isEmpty() ? m_hovered->applicationName : m_hovered->title);
         }
     }
+    // While dragging: the pixels under the pointer, magnified, with the colour
+    // of the one in the middle.
+    if (m_dragStart || m_resizing) {
+        const double s = m_display.space.scale;
+        const QPoint centre = (m_cursor * s).toPoint();
+        constexpr int radius = 5;   // pixels each side
+        constexpr double zoom = 10; // screen points a pixel
+        const QRect source(centre.x() - radius, centre.y() - radius, 2 * radius + 1,
+                           2 * radius + 1);
+        const QSizeF size(source.width() * zoom, source.height() * zoom);
+        QPointF at = m_cursor + QPointF(24, 24);
+        if (at.x() + size.width() > width()) {
+            at.setX(m_cursor.x() - 24 - size.width());
+        }
+        if (at.y() + size.height() + 24 > height()) {
+            at.setY(m_cursor.y() - 24 - size.height() - 24);
+        }
+        const QRectF lens(at, size);
+        QPainterPath circle;
+        circle.addEllipse(lens);
+        painter.save();
+        painter.setClipPath(circle);
+        painter.fillRect(lens, Qt::black);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+        painter.drawImage(lens, m_display.image, source);
+        painter.setPen(QPen(QColor(255, 255, 255, 200), 1));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRect(QRectF(at + QPointF(radius * zoom, radius * zoom), QSizeF(zoom, zoom)));
+        painter.restore();
+        painter.setPen(QPen(QColor(255, 255, 255, 220), 2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawEllipse(lens);
+        const QColor pixel =
+            m_display.image.rect().contains(centre) ? m_display.image.pixelColor(centre) : QColor();
+        label(QRectF(lens.bottomLeft() + QPointF(0, 26), QSizeF(lens.width(), 1)),
+              QStringLiteral("%1, %2  %3")
+                  .arg(centre.x())
+                  .arg(centre.y())
+                  .arg(pixel.name(QColor::HexRgb).toUpper()));
+    }
     // The instruction line, always at the top centre.
     const QString hint = instruction(m_mode);
     const double hintWidth = painter.fontMetrics().horizontalAdvance(hint) + 12;
@@ -188,6 +228,7 @@ void ShotCaptureOverlay::mousePressEvent(QMouseEvent* event)
         }
     }
     m_dragStart = p;
+    m_cursor = p;
     m_selection = QRectF(p, QSizeF(0, 0));
     update();
 }
@@ -195,6 +236,7 @@ void ShotCaptureOverlay::mousePressEvent(QMouseEvent* event)
 void ShotCaptureOverlay::mouseMoveEvent(QMouseEvent* event)
 {
     const QPointF p = event->position();
+    m_cursor = p;
     if (m_mode == Mode::window) {
         const auto hovered = windowAt(p);
         if (hovered != m_hovered) {

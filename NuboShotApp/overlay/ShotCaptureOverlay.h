@@ -71,6 +71,7 @@ private:
     std::optional<ResizeHandle> m_resizing;
     std::optional<CapturableWindow> m_hovered;
     bool m_painted = false;
+    QPointF m_cursor;
     std::optional<ResizeHandle> m_hoveredCorner;
     QElapsedTimer m_hoverStarted;
 };
