@@ -1,6 +1,8 @@
 #include "overlay/ShotCaptureOverlay.h"
 #include "support/QtPrinters.h"
 
+#include <QAction>
+
 #include <gtest/gtest.h>
 
 namespace nubo {
@@ -51,6 +53,42 @@ TEST(ShotCaptureOverlay, ArrowKeysMoveAndStopAtTheEdges)
               QStringLiteral("Drag to capture \u00b7 Space: Window \u00b7 Esc: Cancel"));
     EXPECT_EQ(ShotCaptureOverlay::instruction(ShotCaptureOverlay::Mode::window),
               QStringLiteral("Click a window \u00b7 Space: Area \u00b7 Esc: Cancel"));
+}
+
+} // namespace
+} // namespace nubo
+
+#include "shell/ShotStatusMenu.h"
+
+namespace nubo {
+namespace {
+
+TEST(ShotStatusMenu, ItemsInTheDesignedOrder)
+{
+    CaptureMode chosen = CaptureMode::scrolling;
+    bool opened = false, quit = false;
+    ShotStatusMenu menu({[&](CaptureMode mode) { chosen = mode; }, [&] { opened = true; }, [] {},
+                         [&] {
+                             quit = true;
+                         }});
+    QStringList titles;
+    for (const QAction* action : menu.menu().actions()) {
+        titles << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    }
+    EXPECT_EQ(titles.join(u'|'),
+              QStringLiteral("Capture Area|Capture Window|Capture Fullscreen|-|"
+                             "Open Image in Nubo Shot\u2026|-|Settings\u2026|-|Quit Nubo Shot"));
+    const auto actions = menu.menu().actions();
+    EXPECT_EQ(actions[0]->data().toString(), QStringLiteral("area"));
+    EXPECT_EQ(actions[2]->data().toString(), QStringLiteral("fullscreen"));
+    EXPECT_EQ(actions[4]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
+    EXPECT_EQ(actions.last()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
+    actions[1]->trigger();
+    EXPECT_EQ(chosen, CaptureMode::window);
+    actions[4]->trigger();
+    EXPECT_TRUE(opened);
+    actions.last()->trigger();
+    EXPECT_TRUE(quit);
 }
 
 } // namespace
