@@ -43,6 +43,7 @@ void ShotCanvas::setZoom(double zoom)
     m_zoom = std::clamp(zoom, 0.05, 16.0);
     updateGeometry();
     update();
+    emit zoomChanged(m_zoom);
 }
 
 void ShotCanvas::setFitsWindow(bool fits)
@@ -62,6 +63,7 @@ void ShotCanvas::updateFit()
     }
     m_zoom = std::min({width() / visible.width(), height() / visible.height(), 1.0});
     update();
+    emit zoomChanged(m_zoom);
 }
 
 void ShotCanvas::resizeEvent(QResizeEvent*)

@@ -33,6 +33,7 @@ signals:
     void colorPickRequested(QPointF point);
     // The canvas is on screen for the first time.
     void firstPainted();
+    void zoomChanged(double zoom);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

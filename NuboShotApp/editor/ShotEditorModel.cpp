@@ -714,4 +714,16 @@ double ShotEditorModel::exportScale() const
     return ShotExporter::defaultScale(m_document);
 }
 
+void ShotEditorModel::markOutput(const ShotDocument& document)
+{
+    assertMainThread();
+    m_output = document;
+    emit changed();
+}
+
+bool ShotEditorModel::isIdle() const
+{
+    return !m_editingText && !m_editing && !m_pointerGestureActive && !m_cropSession;
+}
+
 } // namespace nubo

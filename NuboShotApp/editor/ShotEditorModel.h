@@ -147,6 +147,12 @@ public:
     // such layer decides), else 1.
     double exportScale() const;
 
+    // Output bookkeeping: the document last copied, saved or dragged out.
+    void markOutput(const ShotDocument& document);
+    bool isOutputCurrent() const { return m_output && *m_output == m_document; }
+    // No text editing, no transaction or crop, no pointer gesture.
+    bool isIdle() const;
+
 signals:
     void changed();
     // The window opens its text editor over this annotation.
@@ -170,6 +176,7 @@ private:
     QString m_selectedEmoji = QStringLiteral("\U0001F600");
     bool m_editingText = false;
     bool m_pointerGestureActive = false;
+    std::optional<ShotDocument> m_output;
 
     bool m_editing = false;
     std::optional<ShotDocument> m_editSnapshot;

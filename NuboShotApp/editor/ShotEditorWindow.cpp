@@ -1,13 +1,26 @@
 #include "editor/ShotEditorWindow.h"
 
+#include "core/Error.h"
+#include "core/Logging.h"
 #include "editor/ShotCropBar.h"
 #include "editor/ShotStyleBar.h"
+#include "export/ShotExporter.h"
+#include "export/ShotFileName.h"
+#include "export/ShotQuickSave.h"
+#include "output/ShotBottomBar.h"
+#include "output/ShotClipboard.h"
+#include "output/ShotNotifications.h"
+#include "output/ShotOutput.h"
+#include "output/ShotRawClipboardTracker.h"
+#include "output/ShotSaveOptions.h"
 #include "render/ShotFonts.h"
 #include "render/ShotRenderer.h"
 
 #include <QAction>
 #include <QActionGroup>
 #include <QClipboard>
+#include <QCloseEvent>
+#include <QDrag>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -15,8 +28,10 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QTextEdit>
+#include <QTimeZone>
 #include <QToolBar>
 
 namespace nubo {
@@ -25,7 +40,7 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
                                    ShotRenderer& renderer, QWidget* parent)
     : QMainWindow(parent),
       m_model(std::make_unique<ShotEditorModel>(std::move(document), preferences)),
-      m_renderer(renderer)
+      m_preferences(preferences), m_renderer(renderer)
 {
     m_canvas = new ShotCanvas(*m_model, renderer, this);
     setCentralWidget(m_canvas);
@@ -56,6 +71,19 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     addToolBarBreak();
     addToolBar(new ShotStyleBar(*m_model, this));
     addToolBar(Qt::BottomToolBarArea, new ShotCropBar(*m_model, this));
+    addToolBarBreak(Qt::BottomToolBarArea);
+    QToolBar* outputBar = addToolBar(QStringLiteral("Output"));
+    addToolBar(Qt::BottomToolBarArea, outputBar);
+    outputBar->setMovable(false);
+    m_bottomBar = new ShotBottomBar(*m_canvas, outputBar);
+    outputBar->addWidget(m_bottomBar);
+    connect(m_bottomBar, &ShotBottomBar::copyRequested, this,
+            [this] { copyShot(QGuiApplication::queryKeyboardModifiers()); });
+    connect(m_bottomBar, &ShotBottomBar::quickSaveRequested, this,
+            [this] { quickSave(QGuiApplication::queryKeyboardModifiers()); });
+    connect(m_bottomBar, &ShotBottomBar::saveAsRequested, this, &ShotEditorWindow::saveAs);
+    connect(m_bottomBar, &ShotBottomBar::dragRequested, this, &ShotEditorWindow::dragOut);
+    m_bottomBar->setShareAvailable(false);
     connect(m_canvas, &ShotCanvas::colorPickRequested, this, &ShotEditorWindow::pickColor);
     connect(m_model.get(), &ShotEditorModel::textEditingStarted, this,
             &ShotEditorWindow::startTextEditor);
@@ -72,6 +100,15 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     add(QStringLiteral("Select All"), QKeySequence::SelectAll, [this] { m_model->selectAll(); });
     add(QStringLiteral("Delete"), QKeySequence::Delete, [this] { m_model->deleteSelection(); });
     add(QStringLiteral("Copy"), QKeySequence::Copy, [this] { copy(); });
+    add(QStringLiteral("Save"), QKeySequence(Qt::CTRL | Qt::Key_S),
+        [this] { quickSave(QGuiApplication::queryKeyboardModifiers()); });
+    // Alt with the output keys keeps the editor open, as Alt on the buttons does.
+    add(QStringLiteral("Copy and Keep Open"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_C),
+        [this] { copyShot(Qt::AltModifier); });
+    add(QStringLiteral("Save and Keep Open"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_S),
+        [this] { quickSave(Qt::AltModifier); });
+    add(QStringLiteral("Save As"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+        [this] { saveAs(); });
     add(QStringLiteral("Cut"), QKeySequence::Cut, [this] {
         copy();
         m_model->cutSelection();
@@ -231,8 +268,10 @@ void ShotEditorWindow::addImageFromFile()
 
 void ShotEditorWindow::copy()
 {
-    const QByteArray data = m_model->copySelection();
+    const QByteArray data =
+        m_model->selectionIsExplicit() ? m_model->copySelection() : QByteArray();
     if (data.isEmpty()) {
+        copyShot(QGuiApplication::queryKeyboardModifiers());
         return;
     }
     auto* mime = new QMimeData;
@@ -336,6 +375,147 @@ void ShotEditorWindow::keyPressEvent(QKeyEvent* event)
         break;
     }
     QMainWindow::keyPressEvent(event);
+}
+
+bool ShotEditorWindow::isPinned() const
+{
+    return m_bottomBar->isPinned();
+}
+
+void ShotEditorWindow::showNotice(const QString& text)
+{
+    m_lastNotice = text;
+    statusBar()->showMessage(text, 4000);
+}
+
+void ShotEditorWindow::presentFailure(const QString& title, const QString& message)
+{
+    qCWarning(lcApp, "%s: %s", qPrintable(title), qPrintable(message));
+    QMessageBox box(QMessageBox::Warning, title, message, QMessageBox::Ok, this);
+    box.setWindowModality(Qt::WindowModal);
+    box.exec();
+}
+
+bool ShotEditorWindow::copyShot(Qt::KeyboardModifiers modifiers)
+{
+    const ShotDocument output = m_model->document();
+    try {
+        nubo::copyShot(m_renderer, output, m_model->exportScale());
+    } catch (const Error& error) {
+        presentFailure(QStringLiteral("Could Not Copy Screenshot"), error.message());
+        return false;
+    }
+    qCInfo(lcApp, "Editor copied the shot");
+    // The clipboard now holds this editor's shot, not the raw capture.
+    ShotRawClipboardTracker::shared().forget(m_model.get());
+    finishOutput(*this, output, ShotOutputAction::copy, modifiers, true, m_preferences);
+    return true;
+}
+
+bool ShotEditorWindow::quickSave(Qt::KeyboardModifiers modifiers)
+{
+    const ShotDocument output = m_model->document();
+    QString path;
+    try {
+        path = ShotQuickSave::save(output, m_model->exportScale(), m_preferences);
+    } catch (const Error& error) {
+        presentFailure(QStringLiteral("Could Not Save Screenshot"), error.message());
+        return false;
+    }
+    qCInfo(lcApp, "Editor saved the shot to %s", qPrintable(path));
+    ShotNotifications::shared().notifySaved(path);
+    showNotice(ShotNotifications::shared().lastMessage());
+    finishOutput(*this, output, ShotOutputAction::save, modifiers, true, m_preferences);
+    return true;
+}
+
+void ShotEditorWindow::saveAs()
+{
+    const ShotDocument output = m_model->document();
+    ShotSaveOptions initial;
+    initial.format = ShotQuickSave::format(m_preferences);
+    initial.scale = m_model->exportScale();
+    QFileDialog dialog(this, QStringLiteral("Save As"), ShotQuickSave::folder(m_preferences));
+    ShotSaveDialog options(dialog, initial);
+    dialog.selectFile(ShotFileName::make(QDateTime::currentDateTime(), initial.format,
+                                         QTimeZone::systemTimeZone()));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return;
+    }
+    const ShotSaveOptions chosen = options.options();
+    qCInfo(lcApp, "Save As format=%d quality=%.2f scale=%g", int(chosen.format), chosen.quality,
+           chosen.scale);
+    const QString path = dialog.selectedFiles().first();
+    try {
+        ShotExporter::exportShot(m_renderer, output, chosen.format, path, chosen.quality,
+                                 chosen.scale);
+    } catch (const Error& error) {
+        presentFailure(QStringLiteral("Could Not Save Screenshot"), error.message());
+        return;
+    }
+    qCInfo(lcApp, "Editor saved the shot as %s", qPrintable(path));
+    finishOutput(*this, output, ShotOutputAction::save, QGuiApplication::queryKeyboardModifiers(),
+                 true, m_preferences);
+}
+
+void ShotEditorWindow::dragOut()
+{
+    const ShotDocument output = m_model->document();
+    QString file;
+    try {
+        file = ShotQuickSave::temporaryExport(output, m_model->exportScale());
+    } catch (const Error& error) {
+        presentFailure(QStringLiteral("Could Not Drag Screenshot"), error.message());
+        return;
+    }
+    auto* data = new QMimeData;
+    data->setUrls({QUrl::fromLocalFile(file)});
+    auto* drag = new QDrag(this);
+    drag->setMimeData(data);
+    drag->setPixmap(QPixmap::fromImage(
+        QImage(file).scaled(160, 160, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+    // Receivers copy the file; we never offer a move, so every drop gets
+    // its own copy and the temporary file stays for the next one.
+    const Qt::DropAction result = drag->exec(Qt::CopyAction, Qt::CopyAction);
+    const Qt::KeyboardModifiers modifiers = QGuiApplication::queryKeyboardModifiers();
+    const bool overOwnWindow = drag->target() != nullptr;
+    const bool accepted = result == Qt::CopyAction && !overOwnWindow;
+    if (!accepted) {
+        qCInfo(lcApp, "Image drag output waiting or failed accepted=%d ownWindow=%d",
+               int(result == Qt::CopyAction), int(overOwnWindow));
+        return;
+    }
+    qCInfo(lcApp, "Image drag accepted external output promiseWritten=%d option=%d", 1,
+           int(bool(modifiers & Qt::AltModifier)));
+    finishOutput(*this, output, ShotOutputAction::drag, modifiers, true, m_preferences);
+}
+
+void ShotEditorWindow::closeEvent(QCloseEvent* event)
+{
+    ShotRawClipboardTracker& tracker = ShotRawClipboardTracker::shared();
+    const bool unsaved = m_model->canUndo() && !m_model->isOutputCurrent();
+    if (unsaved && !tracker.holdsCapture(m_model.get())) {
+        QMessageBox box(QMessageBox::Question, QStringLiteral("Discard this screenshot?"),
+                        QStringLiteral("Your changes to this screenshot have not been copied or "
+                                       "saved."),
+                        QMessageBox::NoButton, this);
+        QPushButton* discard =
+            box.addButton(QStringLiteral("Discard"), QMessageBox::DestructiveRole);
+        box.addButton(QMessageBox::Cancel);
+        box.setDefaultButton(QMessageBox::Cancel);
+        box.exec();
+        if (box.clickedButton() != discard) {
+            event->ignore();
+            return;
+        }
+    }
+    try {
+        tracker.replaceRawWithEdited(m_model.get());
+    } catch (const Error& error) {
+        presentFailure(QStringLiteral("Could Not Copy Screenshot"), error.message());
+    }
+    tracker.forget(m_model.get());
+    event->accept();
 }
 
 } // namespace nubo

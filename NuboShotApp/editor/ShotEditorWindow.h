@@ -12,6 +12,7 @@ class QTextEdit;
 
 namespace nubo {
 
+class ShotBottomBar;
 class ShotPreferences;
 class ShotRenderer;
 
@@ -25,8 +26,19 @@ public:
     ShotEditorModel& model() { return *m_model; }
     ShotCanvas& canvas() { return *m_canvas; }
 
+    // Ctrl+C: the selected annotations when there is an explicit selection,
+    // else the whole shot.
     void copy();
     void paste();
+
+    // The output actions; Alt in `modifiers` keeps the editor open.
+    bool copyShot(Qt::KeyboardModifiers modifiers);
+    bool quickSave(Qt::KeyboardModifiers modifiers);
+    void saveAs();
+    void dragOut();
+    bool isPinned() const;
+    ShotBottomBar& bottomBar() { return *m_bottomBar; }
+    void showNotice(const QString& text);
     void addImageFromFile();
     // Samples the shown colour at a document point: on the clipboard as
     // "#RRGGBB", the colour of the tools, and a short notice.
@@ -37,6 +49,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void startTextEditor(const QUuid& id);
@@ -44,8 +57,12 @@ private:
     void updateTitle();
     void syncTools();
 
+    void presentFailure(const QString& title, const QString& message);
+
     std::unique_ptr<ShotEditorModel> m_model;
+    ShotPreferences& m_preferences;
     ShotRenderer& m_renderer;
+    ShotBottomBar* m_bottomBar = nullptr;
     QString m_lastNotice;
     QTextEdit* m_textEditor = nullptr;
     ShotCanvas* m_canvas = nullptr;

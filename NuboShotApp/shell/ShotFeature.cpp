@@ -3,6 +3,8 @@
 #include "core/Logging.h"
 #include "core/Settings.h"
 #include "export/PngEncoder.h"
+#include "output/ShotClipboard.h"
+#include "output/ShotRawClipboardTracker.h"
 #include "overlay/ShotCaptureOverlay.h"
 #include "shell/EditorCommands.h"
 #include "shell/ShotStatusMenu.h"
@@ -63,6 +65,20 @@ ShotEditorWindow* ShotFeature::openEditor(ShotDocument document)
             m_accepted.invalidate();
         });
     }
+    ShotRawClipboardTracker& tracker = ShotRawClipboardTracker::shared();
+    tracker.renderClipboardItem = [this](const ShotDocument& shot, double scale) {
+        return ShotClipboard::renderItem(m_renderer, shot, scale);
+    };
+    tracker.adoptForEditor(&editor->model());
+    // The first change of a shot whose raw form is on the clipboard says so once.
+    connect(&editor->model(), &ShotEditorModel::changed, editor, [editor] {
+        if (editor->model().canUndo()) {
+            ShotRawClipboardTracker::shared().presentNotice = [editor](const QString& text) {
+                editor->showNotice(text);
+            };
+            ShotRawClipboardTracker::shared().noticeIfStillRaw(&editor->model());
+        }
+    });
     editor->setAttribute(Qt::WA_DeleteOnClose);
     m_editors.append(editor);
     editor->show();
@@ -167,12 +183,16 @@ void ShotFeature::capture(CaptureMode mode)
 void ShotFeature::finishCapture(const QImage& image, double scale)
 {
     qCInfo(lcApp, "Capture opening editor size=%dx%d", image.width(), image.height());
+    ShotDocument document = ShotDocument::fromImage(image, scale);
     if (m_preferences.boolean(keys::copyRawOnCapture, false)) {
-        auto* mime = new QMimeData;
-        mime->setData(QStringLiteral("image/png"), PngEncoder::encode(image));
-        QGuiApplication::clipboard()->setMimeData(mime);
+        auto mime = std::make_unique<QMimeData>();
+        PngEncoder::Options options;
+        options.pixelsPerPoint = scale;
+        mime->setData(QStringLiteral("image/png"), PngEncoder::encode(image, options));
+        ShotClipboard::shared().write(std::move(mime));
+        ShotRawClipboardTracker::shared().recordRawCopy(document, ShotClipboard::shared());
     }
-    openEditor(ShotDocument::fromImage(image, scale));
+    openEditor(std::move(document));
 }
 
 void ShotFeature::closeOverlays()

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "document/ShotDocument.h"
+
+#include <QObject>
+#include <QSet>
+
+#include <memory>
+
+class QMimeData;
+
+namespace nubo {
+
+// The desktop clipboard (the CLIPBOARD selection) as the app sees it: a
+// change count raised on every change, ours or another program's, and the
+// registry of the counts our own writes produced, so that a watcher does not
+// take our writes for new clipboard content. Main thread only.
+class ShotRenderer;
+
+class ShotClipboard : public QObject {
+    Q_OBJECT
+public:
+    static ShotClipboard& shared();
+
+    long changeCount() const { return m_changeCount; }
+
+    // Replaces the clipboard's content; returns the change count right after
+    // the write. The count is recorded as one of our own writes.
+    long write(std::unique_ptr<QMimeData> data);
+    bool isOwnWrite(long changeCount) const { return m_ownWrites.contains(changeCount); }
+    void recordOwnWrite(long changeCount) { m_ownWrites.insert(changeCount); }
+
+    // The shot drawn at `scale` as PNG data (our encoder) that records its
+    // size in points (as its density). Throws Error when it cannot be made.
+    static std::unique_ptr<QMimeData> renderItem(ShotRenderer& renderer,
+                                                 const ShotDocument& document, double scale);
+
+signals:
+    void changed(long changeCount);
+
+private:
+    ShotClipboard();
+    void raise();
+
+    long m_changeCount = 0;
+    bool m_writing = false;
+    QSet<long> m_ownWrites;
+};
+
+} // namespace nubo

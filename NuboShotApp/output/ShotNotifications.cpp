@@ -1,0 +1,78 @@
+#include "output/ShotNotifications.h"
+
+#include "core/Logging.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QUrl>
+#include <QVariantMap>
+
+namespace nubo {
+
+namespace {
+constexpr char service[] = "org.freedesktop.Notifications";
+constexpr char path[] = "/org/freedesktop/Notifications";
+} // namespace
+
+ShotNotifications& ShotNotifications::shared()
+{
+    static ShotNotifications* notifications = new ShotNotifications;
+    return *notifications;
+}
+
+ShotNotifications::ShotNotifications()
+{
+    QDBusConnection::sessionBus().connect(QLatin1String(service), QLatin1String(path),
+                                          QLatin1String(service), QStringLiteral("ActionInvoked"),
+                                          this, SLOT(actionInvoked(uint, QString)));
+}
+
+bool ShotNotifications::notifySaved(const QString& file)
+{
+    m_lastMessage = QStringLiteral("Saved to %1").arg(QDir::toNativeSeparators(file));
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(QLatin1String(service), QLatin1String(path),
+                                       QLatin1String(service), QStringLiteral("Notify"));
+    const QStringList actions{QStringLiteral("default"), QStringLiteral("Open"),
+                              QStringLiteral("show"), QStringLiteral("Show in Folder")};
+    call << QStringLiteral("Nubo Shot") << uint(0) << QStringLiteral("nuboshot")
+         << QStringLiteral("Nubo Shot") << m_lastMessage << actions << QVariantMap() << int(-1);
+    const QDBusReply<uint> reply = QDBusConnection::sessionBus().call(call, QDBus::Block, 2000);
+    if (!reply.isValid()) {
+        qCInfo(lcApp, "No desktop notification for the save: %s",
+               qPrintable(reply.error().message()));
+        return false;
+    }
+    m_saved.insert(reply.value(), file);
+    return true;
+}
+
+void ShotNotifications::actionInvoked(uint id, const QString& action)
+{
+    const QString file = m_saved.value(id);
+    if (file.isEmpty()) {
+        return;
+    }
+    if (action == QLatin1String("show")) {
+        // The file manager's own "show this item" where there is one.
+        QDBusMessage show = QDBusMessage::createMethodCall(
+            QStringLiteral("org.freedesktop.FileManager1"),
+            QStringLiteral("/org/freedesktop/FileManager1"),
+            QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+        show << QStringList{QUrl::fromLocalFile(file).toString()} << QString();
+        if (!QDBusConnection::sessionBus()
+                 .call(show, QDBus::Block, 2000)
+                 .errorMessage()
+                 .isEmpty()) {
+            QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(file).absolutePath()));
+        }
+    } else {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    }
+}
+
+} // namespace nubo

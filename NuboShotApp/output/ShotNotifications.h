@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QString>
+
+namespace nubo {
+
+// Desktop notifications (org.freedesktop.Notifications) with actions.
+class ShotNotifications : public QObject {
+    Q_OBJECT
+public:
+    static ShotNotifications& shared();
+
+    // "Saved to …" with actions that open the file and show its folder.
+    // Returns false when no notification service answered.
+    bool notifySaved(const QString& path);
+    const QString& lastMessage() const { return m_lastMessage; }
+
+private slots:
+    void actionInvoked(uint id, const QString& action);
+
+private:
+    ShotNotifications();
+
+    QHash<uint, QString> m_saved;
+    QString m_lastMessage;
+};
+
+} // namespace nubo

@@ -1,0 +1,102 @@
+#include "output/ShotSaveOptions.h"
+
+#include "core/EnumStrings.h"
+
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSlider>
+
+namespace nubo {
+
+QString ShotSaveOptions::withExtension(const QString& fileName, ShotFormat format)
+{
+    const QFileInfo info(fileName);
+    const QString base = info.suffix().isEmpty() || !formatForFileName(fileName)
+                             ? info.fileName()
+                             : info.completeBaseName();
+    const QString name = base + QLatin1Char('.') + fileExtension(format);
+    return info.path() == QLatin1String(".") && !fileName.startsWith(QLatin1String("./"))
+               ? name
+               : info.path() + QLatin1Char('/') + name;
+}
+
+QString ShotSaveOptions::nameFilter(ShotFormat format)
+{
+    static constexpr const char* titles[] = {"PNG", "JPEG", "HEIC", "WebP"};
+    return QStringLiteral("%1 (*.%2)")
+        .arg(QLatin1String(titles[int(format)]), fileExtension(format));
+}
+
+ShotSaveDialog::ShotSaveDialog(QFileDialog& dialog, const ShotSaveOptions& initial)
+    : m_dialog(dialog), m_options(initial)
+{
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    QStringList filters;
+    for (const ShotFormat format : allCases<ShotFormat>()) {
+        filters << ShotSaveOptions::nameFilter(format);
+    }
+    dialog.setNameFilters(filters);
+    dialog.selectNameFilter(ShotSaveOptions::nameFilter(initial.format));
+
+    // The options sit under the file list of Qt's own dialog.
+    auto* grid = qobject_cast<QGridLayout*>(dialog.layout());
+    auto* panel = new QWidget(&dialog);
+    auto* form = new QFormLayout(panel);
+    form->setContentsMargins(0, 0, 0, 0);
+    auto* quality = new QSlider(Qt::Horizontal, panel);
+    quality->setObjectName(QStringLiteral("quality"));
+    quality->setRange(0, 100);
+    quality->setValue(qRound(initial.quality * 100));
+    auto* scale = new QComboBox(panel);
+    scale->setObjectName(QStringLiteral("scale"));
+    scale->addItem(QStringLiteral("1\u00d7"), 1.0);
+    scale->addItem(QStringLiteral("2\u00d7"), 2.0);
+    scale->setCurrentIndex(initial.scale >= 2 ? 1 : 0);
+    form->addRow(QStringLiteral("Quality:"), quality);
+    form->addRow(QStringLiteral("Scale:"), scale);
+    if (grid) {
+        grid->addWidget(panel, grid->rowCount(), 0, 1, grid->columnCount());
+    }
+    quality->setEnabled(ShotSaveOptions::isLossy(initial.format));
+
+    QObject::connect(quality, &QSlider::valueChanged, &dialog,
+                     [this](int value) { m_options.quality = value / 100.0; });
+    QObject::connect(scale, &QComboBox::currentIndexChanged, &dialog,
+                     [this, scale](int) { m_options.scale = scale->currentData().toDouble(); });
+    // The format follows the type list; the typed name follows the format.
+    auto* types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    const auto formatChosen = [this, quality](int index) {
+        if (index < 0 || index >= int(allCases<ShotFormat>().size())) {
+            return;
+        }
+        const ShotFormat format = allCases<ShotFormat>()[size_t(index)];
+        m_options.format = format;
+        quality->setEnabled(ShotSaveOptions::isLossy(format));
+        if (auto* edit = m_dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+            edit->setText(ShotSaveOptions::withExtension(edit->text(), format));
+        }
+    };
+    if (types) {
+        QObject::connect(types, &QComboBox::currentIndexChanged, &dialog, formatChosen);
+    }
+}
+
+ShotSaveOptions ShotSaveDialog::options() const
+{
+    ShotSaveOptions options = m_options;
+    const QString filter = m_dialog.selectedNameFilter();
+    for (const ShotFormat format : allCases<ShotFormat>()) {
+        if (filter == ShotSaveOptions::nameFilter(format)) {
+            options.format = format;
+        }
+    }
+    return options;
+}
+
+} // namespace nubo

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "export/ShotFormat.h"
+
+#include <QString>
+
+class QFileDialog;
+
+namespace nubo {
+
+// What Save As writes: the format, the quality of lossy formats and the scale.
+struct ShotSaveOptions {
+    ShotFormat format = ShotFormat::png;
+    double quality = 0.9;
+    double scale = 1;
+
+    static bool isLossy(ShotFormat format) { return format != ShotFormat::png; }
+    // The file name with its extension replaced by the format's one.
+    static QString withExtension(const QString& fileName, ShotFormat format);
+    // The name filter the dialog shows for a format, e.g. "PNG (*.png)".
+    static QString nameFilter(ShotFormat format);
+};
+
+// A Save As dialog with the format, quality (lossy formats only) and scale
+// beside the file list; changing the format changes the name's extension.
+class ShotSaveDialog {
+public:
+    ShotSaveDialog(QFileDialog& dialog, const ShotSaveOptions& initial);
+    ShotSaveOptions options() const;
+
+private:
+    QFileDialog& m_dialog;
+    ShotSaveOptions m_options;
+};
+
+} // namespace nubo

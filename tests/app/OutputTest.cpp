@@ -1,0 +1,333 @@
+#include "core/Settings.h"
+#include "editor/ShotEditorWindow.h"
+#include "export/PngEncoder.h"
+#include "output/ShotBottomBar.h"
+#include "output/ShotClipboard.h"
+#include "output/ShotOutput.h"
+#include "output/ShotRawClipboardTracker.h"
+#include "output/ShotSaveOptions.h"
+#include "render/ShotRenderer.h"
+#include "support/ArchiveFixtures.h"
+#include "support/QtPrinters.h"
+#include "support/RenderFixtures.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QTimer>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+// Runs a program while this process keeps serving the clipboard and its
+// windows; returns what it printed.
+QByteArray run(const QString& program, const QStringList& arguments, const QByteArray& input = {})
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!input.isNull()) {
+        process.write(input);
+        process.closeWriteChannel();
+    }
+    QByteArray output;
+    while (!process.waitForFinished(10)) {
+        QApplication::processEvents();
+        output += process.readAllStandardOutput();
+    }
+    output += process.readAllStandardOutput();
+    return output;
+}
+
+void settle(int ms = 150)
+{
+    const QDeadlineTimer until(ms);
+    while (!until.hasExpired()) {
+        QApplication::processEvents();
+        QThread::msleep(5);
+    }
+}
+
+class Output : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (qEnvironmentVariableIsEmpty("DISPLAY")) {
+            GTEST_SKIP() << "needs the private desktop session of scripts/test";
+        }
+        ASSERT_TRUE(m_dir.isValid());
+        m_preferences =
+            std::make_unique<ShotPreferences>(m_dir.filePath(QStringLiteral("prefs.ini")));
+        m_preferences->setValue(keys::quickSaveFolder, m_dir.filePath(QStringLiteral("saved")));
+        QDir(m_dir.path()).mkpath(QStringLiteral("saved"));
+    }
+    void TearDown() override
+    {
+        if (m_window) {
+            ShotRawClipboardTracker::shared().forget(&m_window->model());
+        }
+    }
+
+    ShotEditorWindow& open(const QImage& image = test::patternImage(640, 400), double scale = 1)
+    {
+        m_window = std::make_unique<ShotEditorWindow>(ShotDocument::fromImage(image, scale),
+                                                      *m_preferences, m_renderer);
+        m_window->resize(900, 620);
+        m_window->show();
+        m_window->activateWindow();
+        run(QStringLiteral("xdotool"),
+            {"windowactivate", "--sync", QString::number(m_window->winId())});
+        settle();
+        return *m_window;
+    }
+    // Clicks a widget of ours with real input.
+    void click(QWidget* widget)
+    {
+        const QPoint at = widget->mapToGlobal(widget->rect().center());
+        run(QStringLiteral("xdotool"),
+            {"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "1"});
+        settle();
+    }
+    QStringList saved() const
+    {
+        return QDir(m_dir.filePath(QStringLiteral("saved"))).entryList(QDir::Files, QDir::Name);
+    }
+    void addArrow(ShotEditorWindow& window)
+    {
+        ShotDocument edited = window.model().document();
+        edited.annotations.append(test::markedUpShot().annotations.first());
+        window.model().apply(edited);
+    }
+
+    QTemporaryDir m_dir;
+    std::unique_ptr<ShotPreferences> m_preferences;
+    ShotRenderer m_renderer;
+    std::unique_ptr<ShotEditorWindow> m_window;
+};
+
+TEST_F(Output, CopiedShotReadsBackFromAnotherProcess)
+{
+    ShotEditorWindow& window = open(test::patternImage(640, 400), 2);
+    m_preferences->setValue(closeAfterKey(ShotOutputAction::copy), false);
+    addArrow(window);
+    test::saveArtifact(window.grab().toImage(), QStringLiteral("editor-with-output-bar.png"));
+    run(QStringLiteral("xdotool"), {"key", "ctrl+c"});
+    settle();
+
+    const QByteArray png =
+        run(QStringLiteral("xclip"), {"-selection", "clipboard", "-t", "image/png", "-o"});
+    const QImage pasted = QImage::fromData(png, "PNG");
+    ASSERT_FALSE(pasted.isNull());
+    const QImage expected = m_renderer.render(window.model().document(), 2);
+    EXPECT_EQ(pasted.size(), expected.size());
+    EXPECT_EQ(test::compareImages(pasted, expected, 0).maximum, 0);
+    // Its size in points survives as the density: 144 dpi for a 2x shot.
+    EXPECT_EQ(qRound(pasted.dotsPerMeterX() * 0.0254), 144);
+    EXPECT_TRUE(window.model().isOutputCurrent());
+    EXPECT_TRUE(ShotClipboard::shared().isOwnWrite(ShotClipboard::shared().changeCount()));
+}
+
+TEST_F(Output, CloseAfterFollowsTheSettingAltAndThePin)
+{
+    struct Case {
+        const char* name;
+        ShotOutputAction action;
+        QVariant setting; // invalid: missing
+        bool alt;
+        bool pinned;
+        bool closes;
+    };
+    const Case cases[] = {
+        {"copy, missing", ShotOutputAction::copy, {}, false, false, true},
+        {"copy, true", ShotOutputAction::copy, true, false, false, true},
+        {"copy, false", ShotOutputAction::copy, false, false, false, false},
+        {"copy, mistyped", ShotOutputAction::copy, QStringLiteral("nope"), false, false, true},
+        {"copy, Alt held", ShotOutputAction::copy, true, true, false, false},
+        {"copy, pinned", ShotOutputAction::copy, true, false, true, false},
+        {"save, missing", ShotOutputAction::save, {}, false, false, true},
+        {"save, false", ShotOutputAction::save, false, false, false, false},
+        {"save, Alt held", ShotOutputAction::save, {}, true, false, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        m_preferences->remove(closeAfterKey(c.action));
+        if (c.setting.isValid()) {
+            m_preferences->setValue(closeAfterKey(c.action), c.setting);
+        }
+        ShotEditorWindow& window = open();
+        window.bottomBar().pinButton()->setChecked(c.pinned);
+        QWidget* button = c.action == ShotOutputAction::copy
+                              ? static_cast<QWidget*>(window.bottomBar().copyButton())
+                              : window.bottomBar().saveButton();
+        if (c.alt) {
+            // Alt-clicks belong to the window manager here: the keys hold Alt instead.
+            run(QStringLiteral("xdotool"),
+                {"key", c.action == ShotOutputAction::copy ? "ctrl+alt+c" : "ctrl+alt+s"});
+            settle();
+        } else {
+            click(button);
+        }
+        EXPECT_EQ(!window.isVisible(), c.closes);
+        EXPECT_TRUE(window.model().isOutputCurrent());
+    }
+    EXPECT_EQ(saved().size(), 3);
+}
+
+TEST_F(Output, NothingClosesWhenTheEditorMovedOn)
+{
+    ShotEditorWindow& window = open();
+    const ShotDocument output = window.model().document();
+    addArrow(window);
+    EXPECT_FALSE(finishOutput(window, output, ShotOutputAction::copy, {}, true, *m_preferences));
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_FALSE(window.model().isOutputCurrent());
+
+    // A text being typed keeps the editor open as well.
+    const ShotDocument now = window.model().document();
+    window.model().setEditingText(true);
+    EXPECT_FALSE(finishOutput(window, now, ShotOutputAction::copy, {}, true, *m_preferences));
+    window.model().setEditingText(false);
+    EXPECT_TRUE(finishOutput(window, now, ShotOutputAction::copy, {}, true, *m_preferences));
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(Output, QuickSavesNeverOverwriteEachOther)
+{
+    m_preferences->setValue(closeAfterKey(ShotOutputAction::save), false);
+    open();
+    run(QStringLiteral("xdotool"), {"key", "ctrl+s", "key", "ctrl+s"});
+    settle(300);
+    const QStringList files = saved();
+    ASSERT_EQ(files.size(), 2) << files.join(u',').toStdString();
+    for (const QString& file : files) {
+        EXPECT_TRUE(file.startsWith(QStringLiteral("Nubo Shot "))) << file.toStdString();
+        EXPECT_TRUE(file.endsWith(QStringLiteral(".png"))) << file.toStdString();
+    }
+    // Within one second the second save is numbered.
+    if (files[0].left(33) == files[1].left(33)) {
+        EXPECT_TRUE(files[1].contains(QStringLiteral(" (2).png"))) << files[1].toStdString();
+    }
+    EXPECT_TRUE(m_window->lastNotice().startsWith(QStringLiteral("Saved to ")));
+}
+
+TEST_F(Output, SaveAsWritesTheChosenFormatUnderTheChosenName)
+{
+    m_preferences->setValue(closeAfterKey(ShotOutputAction::save), false);
+    ShotEditorWindow& window = open();
+    struct Case {
+        ShotFormat format;
+        QByteArray magic;
+        int offset;
+    };
+    const Case cases[] = {{ShotFormat::png, "\x89PNG", 0},
+                          {ShotFormat::jpeg, "\xff\xd8\xff", 0},
+                          {ShotFormat::heic, "ftyp", 4},
+                          {ShotFormat::webp, "WEBP", 8}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(fileExtension(c.format).toStdString());
+        // The dialog is answered as a user would: pick the format, type a name.
+        QTimer::singleShot(300, [&] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr);
+            auto* types = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+            auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            ASSERT_NE(types, nullptr);
+            ASSERT_NE(name, nullptr);
+            name->setText(QStringLiteral("chosen.png"));
+            types->setCurrentIndex(int(c.format));
+            EXPECT_EQ(name->text(), QStringLiteral("chosen.") + fileExtension(c.format));
+            QMetaObject::invokeMethod(dialog, "accept");
+        });
+        window.saveAs();
+        QFile file(m_dir.filePath(QStringLiteral("saved/chosen.") + fileExtension(c.format)));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        EXPECT_EQ(file.read(16).mid(c.offset, c.magic.size()), c.magic);
+    }
+}
+
+TEST_F(Output, ExtensionsFollowTheFormat)
+{
+    const struct {
+        const char* name;
+        ShotFormat format;
+        const char* expected;
+    } cases[] = {
+        {"shot.png", ShotFormat::jpeg, "shot.jpg"},
+        {"shot", ShotFormat::webp, "shot.webp"},
+        {"/tmp/a.b/shot.jpeg", ShotFormat::heic, "/tmp/a.b/shot.heic"},
+        {"notes.txt", ShotFormat::png, "notes.txt.png"},
+        {"Nubo Shot 2026-01-02 at 03.04.05.heic", ShotFormat::png,
+         "Nubo Shot 2026-01-02 at 03.04.05.png"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(ShotSaveOptions::withExtension(QString::fromUtf8(c.name), c.format),
+                  QString::fromUtf8(c.expected))
+            << c.name;
+    }
+}
+
+TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
+{
+    ShotRawClipboardTracker& tracker = ShotRawClipboardTracker::shared();
+    ShotClipboard& clipboard = ShotClipboard::shared();
+    tracker.renderClipboardItem = [this](const ShotDocument& shot, double scale) {
+        return ShotClipboard::renderItem(m_renderer, shot, scale);
+    };
+    for (const bool userCopiedText : {false, true}) {
+        SCOPED_TRACE(userCopiedText ? "text copied meanwhile" : "raw shot still there");
+        const QImage raw = test::patternImage(320, 200);
+        const ShotDocument shot = ShotDocument::fromImage(raw, 1);
+        auto mime = std::make_unique<QMimeData>();
+        mime->setData(QStringLiteral("image/png"), PngEncoder::encode(raw));
+        clipboard.write(std::move(mime));
+        tracker.recordRawCopy(shot, clipboard);
+
+        m_window = std::make_unique<ShotEditorWindow>(shot, *m_preferences, m_renderer);
+        ShotEditorWindow& window = *m_window;
+        tracker.adoptForEditor(&window.model());
+        if (userCopiedText) {
+            run(QStringLiteral("xclip"), {"-selection", "clipboard", "-i"}, "someone else's text");
+            settle(300);
+        }
+        int notices = 0;
+        tracker.presentNotice = [&](const QString& text) {
+            EXPECT_EQ(text, QStringLiteral("Clipboard still holds the original screenshot"));
+            ++notices;
+        };
+        addArrow(window);
+        tracker.noticeIfStillRaw(&window.model());
+        tracker.noticeIfStillRaw(&window.model());
+        EXPECT_EQ(notices, userCopiedText ? 0 : 1);
+
+        window.show();
+        window.close();
+        settle(300);
+        if (userCopiedText) {
+            EXPECT_EQ(run(QStringLiteral("xclip"), {"-selection", "clipboard", "-o"}),
+                      QByteArray("someone else's text"));
+        } else {
+            const QImage pasted = QImage::fromData(
+                run(QStringLiteral("xclip"), {"-selection", "clipboard", "-t", "image/png", "-o"}),
+                "PNG");
+            EXPECT_EQ(
+                test::compareImages(pasted, m_renderer.render(window.model().document(), 1), 0)
+                    .maximum,
+                0);
+            EXPECT_TRUE(window.model().isOutputCurrent());
+        }
+        EXPECT_FALSE(tracker.holdsCapture(&window.model()));
+    }
+}
+
+} // namespace
+} // namespace nubo
