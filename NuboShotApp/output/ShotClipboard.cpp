@@ -3,6 +3,7 @@
 #include "core/Error.h"
 #include "core/Logging.h"
 #include "export/PngEncoder.h"
+#include "export/ShotExporter.h"
 #include "render/ShotRenderer.h"
 
 #include <QClipboard>
@@ -48,7 +49,10 @@ long ShotClipboard::write(std::unique_ptr<QMimeData> data)
 std::unique_ptr<QMimeData> ShotClipboard::renderItem(ShotRenderer& renderer,
                                                      const ShotDocument& document, double scale)
 {
-    const QImage image = renderer.render(document, scale);
+    // A fresh capture at its own density is its image: nothing to draw.
+    const QImage image = ShotExporter::isBareCapture(document, scale)
+                             ? document.layers.first().image
+                             : renderer.render(document, scale);
     PngEncoder::Options options;
     options.pixelsPerPoint = scale;
     const QByteArray png = image.isNull() ? QByteArray() : PngEncoder::encode(image, options);
