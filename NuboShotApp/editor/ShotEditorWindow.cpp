@@ -13,6 +13,7 @@
 #include "output/ShotOutput.h"
 #include "output/ShotRawClipboardTracker.h"
 #include "output/ShotSaveOptions.h"
+#include "output/ShotShare.h"
 #include "render/ShotFonts.h"
 #include "render/ShotRenderer.h"
 
@@ -83,7 +84,9 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
             [this] { quickSave(QGuiApplication::queryKeyboardModifiers()); });
     connect(m_bottomBar, &ShotBottomBar::saveAsRequested, this, &ShotEditorWindow::saveAs);
     connect(m_bottomBar, &ShotBottomBar::dragRequested, this, &ShotEditorWindow::dragOut);
-    m_bottomBar->setShareAvailable(false);
+    connect(m_bottomBar, &ShotBottomBar::shareRequested, this, &ShotEditorWindow::share);
+    // Without a portal there is nobody to share with: no button then.
+    m_bottomBar->setShareAvailable(ShotShare::isAvailable());
     connect(m_canvas, &ShotCanvas::colorPickRequested, this, &ShotEditorWindow::pickColor);
     connect(m_model.get(), &ShotEditorModel::textEditingStarted, this,
             &ShotEditorWindow::startTextEditor);
@@ -456,6 +459,21 @@ void ShotEditorWindow::saveAs()
     qCInfo(lcApp, "Editor saved the shot as %s", qPrintable(path));
     finishOutput(*this, output, ShotOutputAction::save, QGuiApplication::queryKeyboardModifiers(),
                  true, m_preferences);
+}
+
+void ShotEditorWindow::share()
+{
+    QString file;
+    try {
+        file = ShotQuickSave::temporaryExport(m_model->document(), m_model->exportScale());
+    } catch (const Error& error) {
+        presentFailure(QStringLiteral("Could Not Share Screenshot"), error.message());
+        return;
+    }
+    const QString failure = ShotShare::openWith(file, this);
+    if (!failure.isEmpty()) {
+        presentFailure(QStringLiteral("Could Not Share Screenshot"), failure);
+    }
 }
 
 void ShotEditorWindow::dragOut()

@@ -36,6 +36,7 @@ public:
     bool quickSave(Qt::KeyboardModifiers modifiers);
     void saveAs();
     void dragOut();
+    void share();
     bool isPinned() const;
     ShotBottomBar& bottomBar() { return *m_bottomBar; }
     void showNotice(const QString& text);

@@ -16,6 +16,7 @@
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QProcess>
@@ -218,6 +219,8 @@ TEST_F(Output, QuickSavesNeverOverwriteEachOther)
         EXPECT_TRUE(files[1].contains(QStringLiteral(" (2).png"))) << files[1].toStdString();
     }
     EXPECT_TRUE(m_window->lastNotice().startsWith(QStringLiteral("Saved to ")));
+    // No portal runs in this session: sharing is not offered rather than broken.
+    EXPECT_FALSE(m_window->bottomBar().shareButton()->isVisible());
 }
 
 TEST_F(Output, SaveAsWritesTheChosenFormatUnderTheChosenName)
@@ -253,6 +256,88 @@ TEST_F(Output, SaveAsWritesTheChosenFormatUnderTheChosenName)
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         EXPECT_EQ(file.read(16).mid(c.offset, c.magic.size()), c.magic);
     }
+}
+
+TEST_F(Output, DragsCopiesToAnotherProgramAndClosesOnceAccepted)
+{
+    const QString dropped = m_dir.filePath(QStringLiteral("dropped"));
+    QDir().mkpath(dropped);
+    QProcess target;
+    target.start(QStringLiteral(NUBOSHOT_DROP_TARGET),
+                 {dropped, QStringLiteral("--geometry"), QStringLiteral("300x200+1300+200")});
+    const QDeadlineTimer ready(10000);
+    while (!target.canReadLine() && !ready.hasExpired()) {
+        target.waitForReadyRead(50);
+    }
+    ASSERT_EQ(target.readLine().trimmed(), QByteArray("ready"));
+    settle(300);
+
+    // Drags the handle onto the other program's window with real input.
+    const auto dragOnce = [&](ShotEditorWindow& window) {
+        const QPoint from = window.bottomBar().dragHandle()->mapToGlobal(
+            window.bottomBar().dragHandle()->rect().center());
+        run(QStringLiteral("xdotool"), {"mousemove",
+                                        QString::number(from.x()),
+                                        QString::number(from.y()),
+                                        "mousedown",
+                                        "1",
+                                        "sleep",
+                                        "0.1",
+                                        "mousemove",
+                                        QString::number(from.x() + 30),
+                                        QString::number(from.y() - 30),
+                                        "sleep",
+                                        "0.3",
+                                        "mousemove",
+                                        "1400",
+                                        "300",
+                                        "sleep",
+                                        "0.3",
+                                        "mousemove",
+                                        "1450",
+                                        "300",
+                                        "sleep",
+                                        "0.3",
+                                        "mouseup",
+                                        "1",
+                                        "sleep",
+                                        "0.3"});
+        settle(300);
+    };
+    QStringList received;
+    const auto readReceived = [&] {
+        while (target.canReadLine() || target.waitForReadyRead(500)) {
+            received << QString::fromUtf8(target.readLine().trimmed());
+        }
+    };
+
+    // Kept open by the setting: two drops, two copies, the source stays.
+    m_preferences->setValue(closeAfterKey(ShotOutputAction::drag), false);
+    ShotEditorWindow& window = open();
+    dragOnce(window);
+    dragOnce(window);
+    readReceived();
+    ASSERT_EQ(received.size(), 2) << received.join(u',').toStdString();
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(window.model().isOutputCurrent());
+    for (const QString& line : received) {
+        const QStringList paths = line.split(u'\t');
+        ASSERT_EQ(paths.size(), 2);
+        EXPECT_FALSE(QImage(paths[0]).isNull()) << line.toStdString();
+        EXPECT_TRUE(paths[0].endsWith(QStringLiteral(".png")));
+        // Copied, never moved: the file we offered is still there.
+        EXPECT_TRUE(QFileInfo::exists(paths[1])) << line.toStdString();
+    }
+
+    // The default closes the editor once the drop was accepted.
+    m_preferences->remove(closeAfterKey(ShotOutputAction::drag));
+    ShotEditorWindow& second = open();
+    dragOnce(second);
+    readReceived();
+    EXPECT_EQ(received.size(), 3);
+    EXPECT_FALSE(second.isVisible());
+    target.kill();
+    target.waitForFinished();
 }
 
 TEST_F(Output, ExtensionsFollowTheFormat)

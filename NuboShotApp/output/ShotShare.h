@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace nubo {
+
+// Sharing through the desktop's portal: the "open with" chooser of the
+// OpenURI portal for a file.
+class ShotShare {
+public:
+    // Whether a portal answers (running or startable on the session bus).
+    static bool isAvailable();
+    // Asks the portal to offer `file` to the applications that open it, the
+    // chooser parented to `window`. Returns an error text, empty on success.
+    static QString openWith(const QString& file, const QWidget* window);
+};
+
+} // namespace nubo
