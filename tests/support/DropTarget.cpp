@@ -1,7 +1,7 @@
 // A real X client that accepts dropped files, as a file manager does: each
 // dropped file is copied into the folder given on the command line, and its
-// new path and the source's are printed on a line of their own, tab between. Prints "ready" once it
-// is mapped.
+// new path and the source's are printed on a line of their own, tab between.
+// Prints "ready" once it is mapped.
 //
 //   test-drop-target FOLDER --geometry 300x200+1200+100
 
