@@ -3,6 +3,7 @@
 #include "capture/xcb/XcbScreenCapturer.h"
 #include "core/Logging.h"
 #include "core/Settings.h"
+#include "editor/ShotEditorWindow.h"
 #include "render/ShotRenderer.h"
 #include "shell/GrabRequest.h"
 #include "shell/ShotBusService.h"
@@ -105,7 +106,14 @@ TrayApplication::Start TrayApplication::start()
     m_menu = std::make_unique<ShotStatusMenu>(
         ShotStatusMenu::Actions{[this](CaptureMode mode) { m_feature->capture(mode); },
                                 [this] { openImage(); }, [this] { showSettings(); },
-                                [] {
+                                [this] {
+                                    // Each editor asks about its unsaved changes
+                                    // first; one that stays open keeps us running.
+                                    for (ShotEditorWindow* editor : m_feature->editors()) {
+                                        if (!editor->close()) {
+                                            return;
+                                        }
+                                    }
                                     QCoreApplication::quit();
                                 }});
     m_tray.setContextMenu(&m_menu->menu());

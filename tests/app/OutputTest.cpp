@@ -18,6 +18,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QProcess>
 #include <QPushButton>
@@ -338,6 +339,51 @@ TEST_F(Output, DragsCopiesToAnotherProgramAndClosesOnceAccepted)
     EXPECT_FALSE(second.isVisible());
     target.kill();
     target.waitForFinished();
+}
+
+TEST_F(Output, ClosingUnsavedChangesAsksFirst)
+{
+    struct Case {
+        const char* name;
+        bool edited;
+        bool copiedAfter;
+        const char* answer; // the button pressed, or nullptr when nothing should ask
+        bool closes;
+    };
+    const Case cases[] = {
+        {"untouched", false, false, nullptr, true},
+        {"edited, Cancel", true, false, "Cancel", false},
+        {"edited, Discard", true, false, "Discard", true},
+        {"edited and copied", true, true, nullptr, true},
+    };
+    m_preferences->setValue(closeAfterKey(ShotOutputAction::copy), false);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        ShotEditorWindow& window = open();
+        if (c.edited) {
+            addArrow(window);
+        }
+        if (c.copiedAfter) {
+            ASSERT_TRUE(window.copyShot({}));
+        }
+        bool asked = false;
+        QTimer::singleShot(300, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box) {
+                return;
+            }
+            asked = true;
+            for (QAbstractButton* button : box->buttons()) {
+                if (c.answer && button->text() == QLatin1String(c.answer)) {
+                    button->click();
+                }
+            }
+        });
+        window.close();
+        settle(500);
+        EXPECT_EQ(asked, c.answer != nullptr);
+        EXPECT_EQ(!window.isVisible(), c.closes);
+    }
 }
 
 TEST_F(Output, ExtensionsFollowTheFormat)
