@@ -220,6 +220,12 @@ TEST_F(Output, QuickSavesNeverOverwriteEachOther)
         EXPECT_TRUE(files[1].contains(QStringLiteral(" (2).png"))) << files[1].toStdString();
     }
     EXPECT_TRUE(m_window->lastNotice().startsWith(QStringLiteral("Saved to ")));
+    // The desktop's notification service (dunst here, started by the bus)
+    // received "Saved to …" for the second file.
+    run(QStringLiteral("dunstctl"), {"close-all"}); // shown ones move to the history
+    const QByteArray history = run(QStringLiteral("dunstctl"), {"history"});
+    EXPECT_TRUE(history.contains(QFileInfo(files[1]).fileName().toUtf8()))
+        << history.left(2000).toStdString();
     // No portal runs in this session: sharing is not offered rather than broken.
     EXPECT_FALSE(m_window->bottomBar().shareButton()->isVisible());
 }
