@@ -350,6 +350,30 @@ TEST_F(Tray, TheOverlayTakesExactlyTheFramedPixels)
     }));
     EXPECT_EQ(test::compareImages(copied, before, 0).pixelsOver, 0) << "the framed pixels, exactly";
 
+    // Drawing on that shot and closing its editor leaves the edited shot on
+    // the clipboard in place of the raw one.
+    const QString editor =
+        run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", "100 \u00d7 80"})
+            .split(u'\n', Qt::SkipEmptyParts)
+            .value(0);
+    ASSERT_FALSE(editor.isEmpty());
+    xdotool({"windowactivate", "--sync", editor});
+    const QString canvasTop = QString::number(70); // below the two tool rows
+    xdotool({"mousemove", "--window", editor, "10", canvasTop, "mousedown", "1", "mousemove",
+             "--window", editor, "50", "100", "mousemove", "--window", editor, "90", "140",
+             "mouseup", "1"});
+    QThread::msleep(200);
+    xdotool({"key", "alt+F4"});
+    ASSERT_TRUE(waitUntil([&] { return !shown(QStringLiteral("100 \u00d7 80")); }));
+    QImage edited;
+    ASSERT_TRUE(waitUntil([&] {
+        const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+        edited = mime ? QImage::fromData(mime->data(QStringLiteral("image/png")), "PNG") : QImage();
+        return !edited.isNull() && test::compareImages(edited, before, 0).pixelsOver > 0;
+    })) << "the clipboard still holds the raw shot";
+    EXPECT_EQ(edited.size(), before.size());
+    saveArtifact(edited, QStringLiteral("clipboard-after-edit.png"));
+
     // Space switches to windows; a click takes the one under the pointer.
     ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
     ASSERT_TRUE(waitUntil(overlayShown));
