@@ -3,6 +3,7 @@
 #include "editor/ShotEditorWindow.h"
 #include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
+#include "support/LiveProcess.h"
 #include "support/QtPrinters.h"
 #include "support/RenderFixtures.h"
 
@@ -18,20 +19,7 @@
 namespace nubo {
 namespace {
 
-// Runs xdotool while this process keeps handling its events.
-void xdotool(const QStringList& arguments)
-{
-    QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
-    while (!process.waitForFinished(10)) {
-        QApplication::processEvents();
-    }
-    const QDeadlineTimer settle(150);
-    while (!settle.hasExpired()) {
-        QApplication::processEvents();
-        QThread::msleep(5);
-    }
-}
+using test::xdotool;
 
 class EditorWindow : public ::testing::Test {
 protected:

@@ -8,6 +8,7 @@
 #include "output/ShotSaveOptions.h"
 #include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
+#include "support/LiveProcess.h"
 #include "support/QtPrinters.h"
 #include "support/RenderFixtures.h"
 
@@ -32,32 +33,11 @@
 namespace nubo {
 namespace {
 
-// Runs a program while this process keeps serving the clipboard and its
-// windows; returns what it printed.
+using test::settle;
+
 QByteArray run(const QString& program, const QStringList& arguments, const QByteArray& input = {})
 {
-    QProcess process;
-    process.start(program, arguments);
-    if (!input.isNull()) {
-        process.write(input);
-        process.closeWriteChannel();
-    }
-    QByteArray output;
-    while (!process.waitForFinished(10)) {
-        QApplication::processEvents();
-        output += process.readAllStandardOutput();
-    }
-    output += process.readAllStandardOutput();
-    return output;
-}
-
-void settle(int ms = 150)
-{
-    const QDeadlineTimer until(ms);
-    while (!until.hasExpired()) {
-        QApplication::processEvents();
-        QThread::msleep(5);
-    }
+    return test::runServing(program, arguments, input);
 }
 
 class Output : public ::testing::Test {
