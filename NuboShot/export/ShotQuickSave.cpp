@@ -111,4 +111,23 @@ QString ShotQuickSave::temporaryExport(const ShotDocument& document, double scal
     return path;
 }
 
+int ShotQuickSave::sweepTemporaryExports(const QDateTime& cutoff)
+{
+    QDir base(temporaryBase());
+    int removed = 0;
+    // Only our own folders: a UUID name, nothing else is touched.
+    for (const QFileInfo& folder : base.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if (QUuid::fromString(folder.fileName()).isNull() || folder.lastModified() >= cutoff) {
+            continue;
+        }
+        if (QDir(folder.absoluteFilePath()).removeRecursively()) {
+            ++removed;
+        } else {
+            qCWarning(lcExport, "Temporary export folder could not be removed: %s",
+                      qPrintable(folder.absoluteFilePath()));
+        }
+    }
+    return removed;
+}
+
 } // namespace nubo

@@ -39,6 +39,10 @@ public:
     static QString temporaryExport(const ShotDocument& document, double scale,
                                    const QDateTime& now = QDateTime::currentDateTime());
     static QString temporaryBase();
+    // Removes the private folders of temporary exports last changed before
+    // `cutoff` (a receiver of a drop may still read a recent one). Returns
+    // how many went.
+    static int sweepTemporaryExports(const QDateTime& cutoff);
 };
 
 } // namespace nubo

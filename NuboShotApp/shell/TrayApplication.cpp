@@ -4,6 +4,7 @@
 #include "core/Logging.h"
 #include "core/Settings.h"
 #include "editor/ShotEditorWindow.h"
+#include "export/ShotQuickSave.h"
 #include "render/ShotRenderer.h"
 #include "shell/GrabRequest.h"
 #include "shell/ShotBusService.h"
@@ -101,6 +102,8 @@ TrayApplication::Start TrayApplication::start()
     } catch (const Error& error) {
         qCWarning(lcApp) << "Screen capture is not available:" << error.message();
     }
+    // Drag and share files from earlier sessions that nobody reads any more.
+    ShotQuickSave::sweepTemporaryExports(QDateTime::currentDateTime().addSecs(-3600));
     m_preferences = std::make_unique<ShotPreferences>();
     m_feature = std::make_unique<ShotFeature>(m_capturer, *m_preferences, ShotRenderer::shared());
     m_menu = std::make_unique<ShotStatusMenu>(

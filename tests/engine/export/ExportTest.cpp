@@ -15,9 +15,12 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include <ctime>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <libheif/heif.h>
 #include <spng.h>
+#include <sys/stat.h>
 #include <thread>
 #include <webp/decode.h>
 
@@ -545,6 +548,28 @@ TEST_F(QuickSave, TemporaryExportsLiveAloneAndVanishOnFailure)
     EXPECT_EQ(folders(), before);
     QDir(QFileInfo(first).absolutePath()).removeRecursively();
     QDir(QFileInfo(second).absolutePath()).removeRecursively();
+}
+
+TEST_F(QuickSave, SweepsOnlyOldTemporaryExportsOfOurs)
+{
+    const QString recent =
+        QFileInfo(ShotQuickSave::temporaryExport(m_shot, 2, m_now)).absolutePath();
+    const QString old = QFileInfo(ShotQuickSave::temporaryExport(m_shot, 2, m_now)).absolutePath();
+    const QString foreign = ShotQuickSave::temporaryBase() + QStringLiteral("/not-ours");
+    ASSERT_TRUE(QDir().mkpath(foreign));
+    // Two days old, as the folder's own time says.
+    const timespec longAgo{::time(nullptr) - 2 * 86400, 0};
+    const timespec times[2] = {longAgo, longAgo};
+    for (const QString& folder : {old, foreign}) {
+        ASSERT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(folder).constData(), times, 0), 0);
+    }
+
+    EXPECT_EQ(ShotQuickSave::sweepTemporaryExports(QDateTime::currentDateTime().addSecs(-3600)), 1);
+    EXPECT_FALSE(QFileInfo::exists(old));
+    EXPECT_TRUE(QFileInfo::exists(recent));
+    EXPECT_TRUE(QFileInfo::exists(foreign));
+    QDir(recent).removeRecursively();
+    QDir(foreign).removeRecursively();
 }
 
 } // namespace
