@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSlider>
@@ -58,15 +59,23 @@ ShotSaveDialog::ShotSaveDialog(QFileDialog& dialog, const ShotSaveOptions& initi
     scale->addItem(QStringLiteral("1\u00d7"), 1.0);
     scale->addItem(QStringLiteral("2\u00d7"), 2.0);
     scale->setCurrentIndex(initial.scale >= 2 ? 1 : 0);
-    form->addRow(QStringLiteral("Quality:"), quality);
+    auto* qualityRow = new QHBoxLayout;
+    auto* percent = new QLabel(panel);
+    percent->setMinimumWidth(40);
+    percent->setText(QStringLiteral("%1 %").arg(quality->value()));
+    qualityRow->addWidget(quality, 1);
+    qualityRow->addWidget(percent);
+    form->addRow(QStringLiteral("Quality:"), qualityRow);
     form->addRow(QStringLiteral("Scale:"), scale);
     if (grid) {
         grid->addWidget(panel, grid->rowCount(), 0, 1, grid->columnCount());
     }
     quality->setEnabled(ShotSaveOptions::isLossy(initial.format));
 
-    QObject::connect(quality, &QSlider::valueChanged, &dialog,
-                     [this](int value) { m_options.quality = value / 100.0; });
+    QObject::connect(quality, &QSlider::valueChanged, &dialog, [this, percent](int value) {
+        m_options.quality = value / 100.0;
+        percent->setText(QStringLiteral("%1 %").arg(value));
+    });
     QObject::connect(scale, &QComboBox::currentIndexChanged, &dialog,
                      [this, scale](int) { m_options.scale = scale->currentData().toDouble(); });
     // The format follows the type list; the typed name follows the format.

@@ -236,6 +236,9 @@ TEST_F(Output, SaveAsWritesTheChosenFormatUnderTheChosenName)
             name->setText(QStringLiteral("chosen.png"));
             types->setCurrentIndex(int(c.format));
             EXPECT_EQ(name->text(), QStringLiteral("chosen.") + fileExtension(c.format));
+            if (c.format == ShotFormat::jpeg) {
+                test::saveArtifact(dialog->grab().toImage(), QStringLiteral("save-as-dialog.png"));
+            }
             QMetaObject::invokeMethod(dialog, "accept");
         });
         window.saveAs();
