@@ -3,6 +3,7 @@
 #include "editor/ShotEditorWindow.h"
 #include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
+#include "support/EditorFixture.h"
 #include "support/LiveProcess.h"
 #include "support/QtPrinters.h"
 #include "support/RenderFixtures.h"
@@ -21,27 +22,14 @@ namespace {
 
 using test::xdotool;
 
-class EditorWindow : public ::testing::Test {
+class EditorWindow : public test::EditorFixture {
 protected:
     void SetUp() override
     {
-        if (qEnvironmentVariableIsEmpty("DISPLAY")) {
-            GTEST_SKIP() << "needs the private desktop session of scripts/test";
+        test::EditorFixture::SetUp();
+        if (!IsSkipped() && !HasFatalFailure()) {
+            openEditor(test::patternImage(800, 500), 1);
         }
-        ASSERT_TRUE(m_dir.isValid());
-        m_preferences =
-            std::make_unique<ShotPreferences>(m_dir.filePath(QStringLiteral("prefs.ini")));
-        m_window = std::make_unique<ShotEditorWindow>(
-            ShotDocument::fromImage(test::patternImage(800, 500), 1), *m_preferences, m_renderer);
-        m_window->resize(900, 620);
-        m_window->show();
-        m_window->activateWindow();
-        const QDeadlineTimer shown(5000);
-        while (!m_window->isActiveWindow() && !shown.hasExpired()) {
-            QApplication::processEvents();
-            QThread::msleep(10);
-        }
-        xdotool({"windowactivate", "--sync", QString::number(m_window->winId())});
     }
 
     // A point of the document on the screen.
@@ -58,11 +46,6 @@ protected:
                  "mousemove", QString::number(middle.x()), QString::number(middle.y()), "mousemove",
                  QString::number(b.x()), QString::number(b.y()), "mouseup", "1"});
     }
-
-    QTemporaryDir m_dir;
-    std::unique_ptr<ShotPreferences> m_preferences;
-    ShotRenderer m_renderer;
-    std::unique_ptr<ShotEditorWindow> m_window;
 };
 
 TEST_F(EditorWindow, DrawsWithRealMouseAndKeys)

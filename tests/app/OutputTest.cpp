@@ -8,6 +8,7 @@
 #include "output/ShotSaveOptions.h"
 #include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
+#include "support/EditorFixture.h"
 #include "support/LiveProcess.h"
 #include "support/QtPrinters.h"
 #include "support/RenderFixtures.h"
@@ -40,16 +41,14 @@ QByteArray run(const QString& program, const QStringList& arguments, const QByte
     return test::runServing(program, arguments, input);
 }
 
-class Output : public ::testing::Test {
+class Output : public test::EditorFixture {
 protected:
     void SetUp() override
     {
-        if (qEnvironmentVariableIsEmpty("DISPLAY")) {
-            GTEST_SKIP() << "needs the private desktop session of scripts/test";
+        test::EditorFixture::SetUp();
+        if (IsSkipped() || HasFatalFailure()) {
+            return;
         }
-        ASSERT_TRUE(m_dir.isValid());
-        m_preferences =
-            std::make_unique<ShotPreferences>(m_dir.filePath(QStringLiteral("prefs.ini")));
         m_preferences->setValue(keys::quickSaveFolder, m_dir.filePath(QStringLiteral("saved")));
         QDir(m_dir.path()).mkpath(QStringLiteral("saved"));
     }
@@ -62,15 +61,9 @@ protected:
 
     ShotEditorWindow& open(const QImage& image = test::patternImage(640, 400), double scale = 1)
     {
-        m_window = std::make_unique<ShotEditorWindow>(ShotDocument::fromImage(image, scale),
-                                                      *m_preferences, m_renderer);
-        m_window->resize(900, 620);
-        m_window->show();
-        m_window->activateWindow();
-        run(QStringLiteral("xdotool"),
-            {"windowactivate", "--sync", QString::number(m_window->winId())});
+        ShotEditorWindow& window = openEditor(image, scale);
         settle();
-        return *m_window;
+        return window;
     }
     // Clicks a widget of ours with real input.
     void click(QWidget* widget)
@@ -90,11 +83,6 @@ protected:
         edited.annotations.append(test::markedUpShot().annotations.first());
         window.model().apply(edited);
     }
-
-    QTemporaryDir m_dir;
-    std::unique_ptr<ShotPreferences> m_preferences;
-    ShotRenderer m_renderer;
-    std::unique_ptr<ShotEditorWindow> m_window;
 };
 
 TEST_F(Output, CopiedShotReadsBackFromAnotherProcess)

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "core/Settings.h"
+#include "editor/ShotEditorWindow.h"
+#include "render/ShotRenderer.h"
+#include "support/LiveProcess.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace nubo::test {
+
+// An editor window on screen in the private desktop session, with its own
+// preferences file, made active with real window-manager requests.
+class EditorFixture : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        if (qEnvironmentVariableIsEmpty("DISPLAY")) {
+            GTEST_SKIP() << "needs the private desktop session of scripts/test";
+        }
+        ASSERT_TRUE(m_dir.isValid());
+        m_preferences =
+            std::make_unique<ShotPreferences>(m_dir.filePath(QStringLiteral("prefs.ini")));
+    }
+
+    ShotEditorWindow& openEditor(const QImage& image, double scale)
+    {
+        m_window = std::make_unique<ShotEditorWindow>(ShotDocument::fromImage(image, scale),
+                                                      *m_preferences, m_renderer);
+        m_window->resize(900, 620);
+        m_window->show();
+        m_window->activateWindow();
+        const QDeadlineTimer shown(5000);
+        while (!m_window->isActiveWindow() && !shown.hasExpired()) {
+            QApplication::processEvents();
+            QThread::msleep(10);
+        }
+        xdotool({"windowactivate", "--sync", QString::number(m_window->winId())});
+        return *m_window;
+    }
+
+    QTemporaryDir m_dir;
+    std::unique_ptr<ShotPreferences> m_preferences;
+    ShotRenderer m_renderer;
+    std::unique_ptr<ShotEditorWindow> m_window;
+};
+
+} // namespace nubo::test
