@@ -2,12 +2,11 @@
 
 #include "document/ShotDocument.h"
 
+#include <QMimeData>
 #include <QObject>
 #include <QSet>
 
 #include <memory>
-
-class QMimeData;
 
 namespace nubo {
 

@@ -2,18 +2,15 @@
 
 #include "core/Logging.h"
 #include "core/Settings.h"
-#include "export/PngEncoder.h"
 #include "output/ShotClipboard.h"
 #include "output/ShotRawClipboardTracker.h"
 #include "overlay/ShotCaptureOverlay.h"
 #include "shell/EditorCommands.h"
 #include "shell/ShotStatusMenu.h"
 
-#include <QClipboard>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QMessageBox>
-#include <QMimeData>
 #include <QThread>
 
 namespace nubo {
@@ -185,12 +182,13 @@ void ShotFeature::finishCapture(const QImage& image, double scale)
     qCInfo(lcApp, "Capture opening editor size=%dx%d", image.width(), image.height());
     ShotDocument document = ShotDocument::fromImage(image, scale);
     if (m_preferences.boolean(keys::copyRawOnCapture, false)) {
-        auto mime = std::make_unique<QMimeData>();
-        PngEncoder::Options options;
-        options.pixelsPerPoint = scale;
-        mime->setData(QStringLiteral("image/png"), PngEncoder::encode(image, options));
-        ShotClipboard::shared().write(std::move(mime));
-        ShotRawClipboardTracker::shared().recordRawCopy(document, ShotClipboard::shared());
+        try {
+            ShotClipboard::shared().write(ShotClipboard::renderItem(m_renderer, document, scale));
+            ShotRawClipboardTracker::shared().recordRawCopy(document, ShotClipboard::shared());
+        } catch (const Error& error) {
+            // The shot itself is fine: the editor still opens on it.
+            qCWarning(lcApp, "Raw shot not copied: %s", qPrintable(error.message()));
+        }
     }
     openEditor(std::move(document));
 }
