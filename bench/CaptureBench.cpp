@@ -5,6 +5,8 @@
 // Display capture into memory (3840 × 2160) and the region stream's sustained
 // frame rate over a 1920 × 1080 region.
 
+#include "capture/CaptureSelection.h"
+#include "capture/xcb/XcbRegionStream.h"
 #include "capture/xcb/XcbScreenCapturer.h"
 
 #include <QGuiApplication>
@@ -34,10 +36,9 @@ BENCHMARK(BM_CaptureDisplay)->Unit(benchmark::kMillisecond)->UseRealTime();
 void BM_RegionStream1080p(benchmark::State& state)
 {
     XcbScreenCapturer capturer;
-    const quint32 display = capturer.monitors().first().id;
-    const ScreenCaptureRegion region{QRect(0, 0, 1920, 1080), QRectF(0, 0, 1920, 1080),
-                                     QRectF(0, 0, 1920, 1080)};
-    auto stream = capturer.streamRegion(display, region);
+    const ScreenSpace space = capturer.displays().first().space;
+    const ScreenCaptureRegion region = captureRegion(space, QRectF(0, 0, 1920, 1080));
+    auto stream = XcbRegionStreaming({}, {}).streamRegion(space.displayID, region);
     for (auto _ : state) {
         auto frame = stream->next();
         benchmark::DoNotOptimize(frame);

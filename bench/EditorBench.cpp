@@ -9,7 +9,7 @@
 #include "document/ShotDocumentArchive.h"
 #include "editor/ShotEditorWindow.h"
 #include "export/ShotQuickSave.h"
-#include "output/ShotOutput.h"
+#include "output/ShotClipboard.h"
 #include "render/ShotRenderer.h"
 
 #include <QApplication>
@@ -129,7 +129,8 @@ void BM_CopyBigShot(benchmark::State& state)
     const ShotDocument document = outputShot(state.range(0) != 0);
     ShotRenderer renderer;
     for (auto _ : state) {
-        copyShot(renderer, document, 2);
+        ShotClipboard::shared().write(
+            ShotClipboard::makeItem(ShotClipboard::encodeItem(renderer, document, 2)));
     }
 }
 BENCHMARK(BM_CopyBigShot)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -45,6 +45,18 @@ struct DisplayCapture {
     ScreenSpace space;
 };
 
+// A display without its pixels: what listing the displays answers.
+// `pixelGeometry` is in the backend's desktop pixels; `space` ties it to
+// the desktop's logical coordinates and gives its scale.
+struct CaptureDisplay {
+    quint32 id = 0;
+    QString name;
+    QRect pixelGeometry;
+    bool primary = false;
+    ScreenSpace space;
+    bool operator==(const CaptureDisplay&) const = default;
+};
+
 struct WindowCapture {
     QImage image;
     float scale = 1;
@@ -106,77 +118,15 @@ struct WindowCaptureFraming {
     static QSize pixelSize(QSizeF size, double scale);
 };
 
-// A rectangle of one display: `pixelRect` sets the output size, `sourceRect`
-// is in the display's points (origin top-left), `globalRect` places chrome.
+// A rectangle of one display: `pixelRect` in the display's own pixels (its
+// size is the output size), `sourceRect` in the display's points (origin
+// top-left), `globalRect` in the desktop's global points, to place chrome.
+// Made from a framing by captureRegion() (CaptureSelection.h).
 struct ScreenCaptureRegion {
     QRect pixelRect;
     QRectF sourceRect;
     QRectF globalRect;
     bool operator==(const ScreenCaptureRegion&) const = default;
-};
-
-struct ScreenRegionFrame {
-    QImage image;
-};
-
-// A running region stream with one consumer.
-class ScreenRegionStream {
-public:
-    virtual ~ScreenRegionStream() = default;
-    // The next frame, waiting for it; nothing once the stream has stopped.
-    // Throws CaptureError when capturing fails.
-    virtual std::optional<ScreenRegionFrame> next() = 0;
-    // Ends the stream promptly; a waiting next() returns nothing.
-    virtual void stopCapture() = 0;
-};
-
-// What the capture commands, the overlay and the scrolling session ask of
-// the platform. Calls block; callers run them off the main thread.
-class ScreenCapturing {
-public:
-    virtual ~ScreenCapturing() = default;
-    virtual WindowCaptureSnapshot listWindows(bool withPreviews) = 0;
-    // Every display, or the one asked for.
-    virtual QList<DisplayCapture>
-    captureDisplays(std::optional<quint32> display = std::nullopt) = 0;
-    virtual WindowCapture captureWindow(quint32 windowID) = 0;
-    virtual QImage captureRegion(quint32 display, const ScreenCaptureRegion& region) = 0;
-};
-
-class ScreenRegionStreaming {
-public:
-    virtual ~ScreenRegionStreaming() = default;
-    virtual std::unique_ptr<ScreenRegionStream> streamRegion(quint32 display,
-                                                             const ScreenCaptureRegion& region) = 0;
-};
-
-// Which windows the user may pick, front-most order kept.
-class WindowCaptureFilter {
-public:
-    static bool keep(const WindowCaptureDescriptor& descriptor,
-                     const QList<WindowCaptureDisplay>& displays, qint32 ownProcessID);
-    static QList<CapturableWindow> filter(const QList<WindowCaptureDescriptor>& descriptors,
-                                          const QList<WindowCaptureDisplay>& displays,
-                                          qint32 ownProcessID);
-};
-
-// Whether the program may capture the screen. On X11 there is no permission:
-// access is granted when a 1 × 1 capture succeeds and missing when the
-// display cannot be reached. The inputs can be replaced.
-class ShotScreenRecordingAccess {
-public:
-    enum class Status { missing, granted, restartRequired };
-
-    bool verifiedLiveGrant = false;
-    std::function<bool()> cgPreflight;
-    std::function<bool()> liveGrant;
-    std::function<void()> probe; // throws when a capture fails
-
-    ShotScreenRecordingAccess();
-    Status status();
-};
-template <> struct EnumNames<ShotScreenRecordingAccess::Status> {
-    static constexpr std::array names{"missing", "granted", "restartRequired"};
 };
 
 } // namespace nubo

@@ -48,4 +48,27 @@ double arrowWidth(ArrowSizePreset preset)
     return 4;
 }
 
+QRectF ShotDocument::visibleRect() const
+{
+    return (crop ? *crop : canvasBounds).normalized();
+}
+
+double ShotDocument::frameInset() const
+{
+    return frame ? std::max(frame->padding, 0.0) : 0.0;
+}
+
+QSizeF ShotDocument::exportSize() const
+{
+    const double pad = 2 * frameInset();
+    const QRectF visible = visibleRect();
+    return {visible.width() + pad, visible.height() + pad};
+}
+
+QPointF ShotDocument::exportPoint(QPointF documentPoint, double scale) const
+{
+    const double inset = frameInset();
+    return (documentPoint - visibleRect().topLeft() + QPointF(inset, inset)) * scale;
+}
+
 } // namespace nubo

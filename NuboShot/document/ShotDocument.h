@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/EnumStrings.h"
+#include "core/ResizeHandle.h"
 #include "document/Annotation.h"
 
 #include <QImage>
@@ -48,6 +49,16 @@ struct ShotDocument {
 
     // Every piece of geometry and every number is finite.
     bool isFinite() const;
+
+    // What is shown and exported: the crop, else the canvas, standardised.
+    QRectF visibleRect() const;
+    // The frame's padding around the visible rectangle; 0 without a frame.
+    double frameInset() const;
+    // The size in points an export covers: the visible rectangle and the
+    // frame's padding on every side.
+    QSizeF exportSize() const;
+    // Where a document point lands in an export drawn at `scale`.
+    QPointF exportPoint(QPointF documentPoint, double scale) const;
 };
 
 enum class ArrowSizePreset { s, m, l, xl };
@@ -57,11 +68,6 @@ template <> struct EnumNames<ArrowSizePreset> {
 // The arrow line width a preset stands for, in points.
 double arrowWidth(ArrowSizePreset preset);
 
-enum class ResizeHandle { topLeft, top, topRight, right, bottomRight, bottom, bottomLeft, left };
-template <> struct EnumNames<ResizeHandle> {
-    static constexpr std::array names{"topLeft",     "top",    "topRight",   "right",
-                                      "bottomRight", "bottom", "bottomLeft", "left"};
-};
 
 // Ties one display to document space. `globalFrame` is the display in the
 // desktop's global logical coordinates (for placing windows), `captureFrame`

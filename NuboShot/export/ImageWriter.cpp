@@ -192,8 +192,12 @@ QByteArray ImageWriter::encode(const QImage& image, ImageWriterFormat format, do
 void ImageWriter::write(const QImage& image, ImageWriterFormat format, double quality,
                         double pixelsPerPoint, const QString& path)
 {
+    writeData(encode(image, format, quality, pixelsPerPoint, QFileInfo(path).fileName()), path);
+}
+
+void ImageWriter::writeData(const QByteArray& data, const QString& path)
+{
     const QString fileName = QFileInfo(path).fileName();
-    const QByteArray data = encode(image, format, quality, pixelsPerPoint, fileName);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
         throw ImageWriterError(fileName, file.errorString());

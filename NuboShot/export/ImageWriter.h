@@ -36,6 +36,8 @@ public:
     // place: a failure leaves neither a partial file nor a damaged old one.
     static void write(const QImage& image, ImageWriterFormat format, double quality,
                       double pixelsPerPoint, const QString& path);
+    // Writes encoded bytes the same way.
+    static void writeData(const QByteArray& data, const QString& path);
 
     static QByteArray encodeJpeg(const QImage& image, double quality, const QString& fileName);
     static QByteArray encodeHeic(const QImage& image, double quality, const QString& fileName);

@@ -15,9 +15,7 @@ ShotExportError::ShotExportError(Code code)
 
 QSizeF ShotExporter::exportSize(const ShotDocument& document)
 {
-    const double pad = document.frame ? 2 * std::max(document.frame->padding, 0.0) : 0.0;
-    const QRectF extent = (document.crop ? *document.crop : document.canvasBounds).normalized();
-    return {extent.width() + pad, extent.height() + pad};
+    return document.exportSize();
 }
 
 void ShotExporter::validate(const ShotDocument& document, double quality, double scale)
@@ -34,6 +32,30 @@ void ShotExporter::validate(const ShotDocument& document, double quality, double
     }
 }
 
+QImage ShotExporter::flatten(ShotRenderer& renderer, const ShotDocument& document, double scale,
+                            const QString& fileName)
+{
+    validate(document, 1, scale);
+    const QImage image = isBareCapture(document, scale) ? document.layers.first().image
+                                                        : renderer.render(document, scale);
+    if (image.isNull()) {
+        throw ImageWriterError(fileName, QStringLiteral("there is not enough memory to draw it"));
+    }
+    return image;
+}
+
+QByteArray ShotExporter::encode(ShotRenderer& renderer, const ShotDocument& document,
+                                ShotFormat format, double quality, double scale,
+                                const QString& fileName, QImage* drawn)
+{
+    validate(document, quality, scale);
+    const QImage image = flatten(renderer, document, scale, fileName);
+    if (drawn) {
+        *drawn = image;
+    }
+    return ImageWriter::encode(image, writerFormat(format), quality, scale, fileName);
+}
+
 void ShotExporter::exportShot(const ShotDocument& document, ShotFormat format, const QString& path,
                               double quality, double scale)
 {
@@ -41,17 +63,12 @@ void ShotExporter::exportShot(const ShotDocument& document, ShotFormat format, c
 }
 
 void ShotExporter::exportShot(ShotRenderer& renderer, const ShotDocument& document,
-                              ShotFormat format, const QString& path, double quality, double scale)
+                              ShotFormat format, const QString& path, double quality, double scale,
+                              QImage* drawn)
 {
-    validate(document, quality, scale);
-    // A bare capture at its own density is its image: nothing to draw.
-    const QImage image = isBareCapture(document, scale) ? document.layers.first().image
-                                                        : renderer.render(document, scale);
-    if (image.isNull()) {
-        throw ImageWriterError(QFileInfo(path).fileName(),
-                               QStringLiteral("there is not enough memory to draw it"));
-    }
-    ImageWriter::write(image, writerFormat(format), quality, scale, path);
+    const QString fileName = QFileInfo(path).fileName();
+    ImageWriter::writeData(encode(renderer, document, format, quality, scale, fileName, drawn),
+                           path);
 }
 
 bool ShotExporter::isBareCapture(const ShotDocument& document, double scale)
@@ -60,7 +77,7 @@ bool ShotExporter::isBareCapture(const ShotDocument& document, double scale)
         return false;
     }
     const ImageLayer& layer = document.layers.first();
-    const QRectF visible = (document.crop ? *document.crop : document.canvasBounds).normalized();
+    const QRectF visible = document.visibleRect();
     return visible == layer.frame && layer.frame.topLeft() == QPointF(0, 0) &&
            QSizeF(layer.image.size()) == layer.frame.size() * scale &&
            layer.image.format() == QImage::Format_RGBA8888_Premultiplied;

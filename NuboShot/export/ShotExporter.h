@@ -34,12 +34,28 @@ public:
     // anything is rendered or written.
     static void validate(const ShotDocument& document, double quality, double scale);
 
-    // Writes the shot to `path` (its extension is neither checked nor
-    // changed). Throws ShotExportError or ImageWriterError.
+    // The shot drawn at `scale`. A bare capture at its own density is its
+    // image: nothing is drawn. Throws ShotExportError for options out of
+    // range, ImageWriterError naming `fileName` when it cannot be drawn.
+    static QImage flatten(ShotRenderer& renderer, const ShotDocument& document, double scale,
+                          const QString& fileName);
+
+    // The one way a shot becomes image bytes, for files, the clipboard,
+    // drags and shares alike: validated, drawn (or not, as above) and
+    // encoded; PNGs record `scale` as their density. `drawn`, when given,
+    // receives the drawn image. Throws ShotExportError or ImageWriterError
+    // naming `fileName`.
+    static QByteArray encode(ShotRenderer& renderer, const ShotDocument& document,
+                             ShotFormat format, double quality, double scale,
+                             const QString& fileName, QImage* drawn = nullptr);
+
+    // encode() written to `path` (its extension is neither checked nor
+    // changed) whole or not at all.
     static void exportShot(const ShotDocument& document, ShotFormat format, const QString& path,
                            double quality, double scale);
     static void exportShot(ShotRenderer& renderer, const ShotDocument& document, ShotFormat format,
-                           const QString& path, double quality, double scale);
+                           const QString& path, double quality, double scale,
+                           QImage* drawn = nullptr);
 
     // A single image with nothing on it, exported at its own density: its
     // pixels are the export.

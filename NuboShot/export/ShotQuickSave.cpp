@@ -5,6 +5,7 @@
 #include "export/ImageWriter.h"
 #include "export/ShotExporter.h"
 #include "export/ShotFileName.h"
+#include "render/ShotRenderer.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -90,7 +91,7 @@ QString ShotQuickSave::temporaryBase()
 }
 
 QString ShotQuickSave::temporaryExport(const ShotDocument& document, double scale,
-                                       const QDateTime& now)
+                                       const QDateTime& now, QImage* drawn)
 {
     const QString folder =
         temporaryBase() + QLatin1Char('/') + QUuid::createUuid().toString(QUuid::WithoutBraces);
@@ -100,7 +101,8 @@ QString ShotQuickSave::temporaryExport(const ShotDocument& document, double scal
     const QString path =
         folder + QLatin1Char('/') + ShotFileName::make(now, ShotFormat::png, now.timeZone());
     try {
-        ShotExporter::exportShot(document, ShotFormat::png, path, quality, scale);
+        ShotExporter::exportShot(ShotRenderer::shared(), document, ShotFormat::png, path, quality,
+                                 scale, drawn);
     } catch (...) {
         if (!QDir(folder).removeRecursively()) {
             throw FileError(QStringLiteral("remove the folder"), folder,

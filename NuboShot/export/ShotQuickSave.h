@@ -36,8 +36,10 @@ public:
 
     // A PNG of the shot, alone in a fresh private folder under the runtime
     // directory; the folder is removed again when the export fails.
+    // `drawn`, when given, receives the drawn shot (for a drag's picture).
     static QString temporaryExport(const ShotDocument& document, double scale,
-                                   const QDateTime& now = QDateTime::currentDateTime());
+                                   const QDateTime& now = QDateTime::currentDateTime(),
+                                   QImage* drawn = nullptr);
     static QString temporaryBase();
     // Removes the private folders of temporary exports last changed before
     // `cutoff` (a receiver of a drop may still read a recent one). Returns

@@ -117,10 +117,11 @@ QImage ShotRenderer::render(const ShotDocument& document, double scale)
     if (!std::isfinite(scale) || scale <= 0) {
         qFatal("ShotRenderer::render: the scale must be finite and positive, not %g", scale);
     }
-    const QRectF visible = (document.crop ? *document.crop : document.canvasBounds).normalized();
-    const double inset = document.frame ? std::max(document.frame->padding, 0.0) : 0.0;
-    const double width = std::max(1.0, std::ceil(scale * (2 * inset + visible.width())));
-    const double height = std::max(1.0, std::ceil(scale * (2 * inset + visible.height())));
+    const QRectF visible = document.visibleRect();
+    const double inset = document.frameInset();
+    const QSizeF size = document.exportSize();
+    const double width = std::max(1.0, std::ceil(scale * size.width()));
+    const double height = std::max(1.0, std::ceil(scale * size.height()));
     if (!(width * height * 4 < double(LLONG_MAX)) || width > INT_MAX / 4 || height > INT_MAX / 4) {
         return {};
     }

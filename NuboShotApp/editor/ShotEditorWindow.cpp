@@ -4,16 +4,8 @@
 #include "core/Logging.h"
 #include "editor/ShotCropBar.h"
 #include "editor/ShotStyleBar.h"
-#include "export/ShotExporter.h"
-#include "export/ShotFileName.h"
-#include "export/ShotQuickSave.h"
-#include "output/ShotBottomBar.h"
-#include "output/ShotClipboard.h"
-#include "output/ShotNotifications.h"
-#include "output/ShotOutput.h"
-#include "output/ShotRawClipboardTracker.h"
-#include "output/ShotSaveOptions.h"
-#include "output/ShotShare.h"
+#include "editor/ShotZoomControls.h"
+#include "output/ShotOutputActions.h"
 #include "render/ShotFonts.h"
 #include "render/ShotRenderer.h"
 
@@ -21,18 +13,17 @@
 #include <QActionGroup>
 #include <QClipboard>
 #include <QCloseEvent>
-#include <QDrag>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTextEdit>
-#include <QTimeZone>
 #include <QToolBar>
 
 namespace nubo {
@@ -76,17 +67,18 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     QToolBar* outputBar = addToolBar(QStringLiteral("Output"));
     addToolBar(Qt::BottomToolBarArea, outputBar);
     outputBar->setMovable(false);
-    m_bottomBar = new ShotBottomBar(*m_canvas, outputBar);
-    outputBar->addWidget(m_bottomBar);
-    connect(m_bottomBar, &ShotBottomBar::copyRequested, this,
-            [this] { copyShot(QGuiApplication::queryKeyboardModifiers()); });
-    connect(m_bottomBar, &ShotBottomBar::quickSaveRequested, this,
-            [this] { quickSave(QGuiApplication::queryKeyboardModifiers()); });
-    connect(m_bottomBar, &ShotBottomBar::saveAsRequested, this, &ShotEditorWindow::saveAs);
-    connect(m_bottomBar, &ShotBottomBar::dragRequested, this, &ShotEditorWindow::dragOut);
-    connect(m_bottomBar, &ShotBottomBar::shareRequested, this, &ShotEditorWindow::share);
-    // Without a portal there is nobody to share with: no button then.
-    m_bottomBar->setShareAvailable(ShotShare::isAvailable());
+    m_output = new ShotOutputActions(*this, preferences, renderer, this);
+    auto* bottom = new QWidget(outputBar);
+    auto* bottomLayout = new QHBoxLayout(bottom);
+    bottomLayout->setContentsMargins(0, 0, 0, 0);
+    bottomLayout->addWidget(m_output->barWidget(), 1);
+    bottomLayout->addWidget(new ShotZoomControls(*m_canvas, bottom));
+    outputBar->addWidget(bottom);
+    connect(m_output, &ShotOutputActions::idle, this, [this] {
+        if (std::exchange(m_closeWhenIdle, false)) {
+            close();
+        }
+    });
     connect(m_canvas, &ShotCanvas::colorPickRequested, this, &ShotEditorWindow::pickColor);
     connect(m_model.get(), &ShotEditorModel::textEditingStarted, this,
             &ShotEditorWindow::startTextEditor);
@@ -104,14 +96,14 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     add(QStringLiteral("Delete"), QKeySequence::Delete, [this] { m_model->deleteSelection(); });
     add(QStringLiteral("Copy"), QKeySequence::Copy, [this] { copy(); });
     add(QStringLiteral("Save"), QKeySequence(Qt::CTRL | Qt::Key_S),
-        [this] { quickSave(QGuiApplication::queryKeyboardModifiers()); });
+        [this] { m_output->quickSave(QGuiApplication::queryKeyboardModifiers()); });
     // Alt with the output keys keeps the editor open, as Alt on the buttons does.
     add(QStringLiteral("Copy and Keep Open"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_C),
-        [this] { copyShot(Qt::AltModifier); });
+        [this] { m_output->copy(Qt::AltModifier); });
     add(QStringLiteral("Save and Keep Open"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_S),
-        [this] { quickSave(Qt::AltModifier); });
+        [this] { m_output->quickSave(Qt::AltModifier); });
     add(QStringLiteral("Save As"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
-        [this] { saveAs(); });
+        [this] { m_output->saveAs(); });
     add(QStringLiteral("Cut"), QKeySequence::Cut, [this] {
         copy();
         m_model->cutSelection();
@@ -133,6 +125,7 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     connect(m_model.get(), &ShotEditorModel::changed, this, [this] {
         syncTools();
         updateTitle();
+        m_output->documentChanged(m_model->canUndo());
     });
     syncTools();
     updateTitle();
@@ -146,9 +139,7 @@ void ShotEditorWindow::pickColor(QPointF point)
     const ShotDocument& document = m_model->document();
     const double scale = m_model->exportScale();
     const QImage rendered = m_renderer.render(document, scale);
-    const QRectF visible = (document.crop ? *document.crop : document.canvasBounds).normalized();
-    const double inset = document.frame ? std::max(document.frame->padding, 0.0) : 0.0;
-    const QPoint pixel = ((point - visible.topLeft() + QPointF(inset, inset)) * scale).toPoint();
+    const QPoint pixel = document.exportPoint(point, scale).toPoint();
     if (!rendered.rect().contains(pixel)) {
         return;
     }
@@ -274,7 +265,7 @@ void ShotEditorWindow::copy()
     const QByteArray data =
         m_model->selectionIsExplicit() ? m_model->copySelection() : QByteArray();
     if (data.isEmpty()) {
-        copyShot(QGuiApplication::queryKeyboardModifiers());
+        m_output->copy(QGuiApplication::queryKeyboardModifiers());
         return;
     }
     auto* mime = new QMimeData;
@@ -332,11 +323,7 @@ void ShotEditorWindow::syncTools()
 
 void ShotEditorWindow::updateTitle()
 {
-    const QSizeF size =
-        (m_model->document().crop ? *m_model->document().crop : m_model->document().canvasBounds)
-            .normalized()
-            .size() *
-        m_model->exportScale();
+    const QSizeF size = m_model->document().visibleRect().size() * m_model->exportScale();
     setWindowTitle(
         QStringLiteral("%1 \u00d7 %2").arg(qRound(size.width())).arg(qRound(size.height())));
 }
@@ -382,7 +369,7 @@ void ShotEditorWindow::keyPressEvent(QKeyEvent* event)
 
 bool ShotEditorWindow::isPinned() const
 {
-    return m_bottomBar->isPinned();
+    return m_output->isPinned();
 }
 
 void ShotEditorWindow::showNotice(const QString& text)
@@ -391,128 +378,16 @@ void ShotEditorWindow::showNotice(const QString& text)
     statusBar()->showMessage(text, 4000);
 }
 
-void ShotEditorWindow::presentFailure(const QString& title, const QString& message)
-{
-    qCWarning(lcApp, "%s: %s", qPrintable(title), qPrintable(message));
-    QMessageBox box(QMessageBox::Warning, title, message, QMessageBox::Ok, this);
-    box.setWindowModality(Qt::WindowModal);
-    box.exec();
-}
-
-bool ShotEditorWindow::copyShot(Qt::KeyboardModifiers modifiers)
-{
-    const ShotDocument output = m_model->document();
-    try {
-        nubo::copyShot(m_renderer, output, m_model->exportScale());
-    } catch (const Error& error) {
-        presentFailure(QStringLiteral("Could Not Copy Screenshot"), error.message());
-        return false;
-    }
-    qCInfo(lcApp, "Editor copied the shot");
-    // The clipboard now holds this editor's shot, not the raw capture.
-    ShotRawClipboardTracker::shared().forget(m_model.get());
-    finishOutput(*this, output, ShotOutputAction::copy, modifiers, true, m_preferences);
-    return true;
-}
-
-bool ShotEditorWindow::quickSave(Qt::KeyboardModifiers modifiers)
-{
-    const ShotDocument output = m_model->document();
-    QString path;
-    try {
-        path = ShotQuickSave::save(output, m_model->exportScale(), m_preferences);
-    } catch (const Error& error) {
-        presentFailure(QStringLiteral("Could Not Save Screenshot"), error.message());
-        return false;
-    }
-    qCInfo(lcApp, "Editor saved the shot to %s", qPrintable(path));
-    ShotNotifications::shared().notifySaved(path);
-    showNotice(ShotNotifications::shared().lastMessage());
-    finishOutput(*this, output, ShotOutputAction::save, modifiers, true, m_preferences);
-    return true;
-}
-
-void ShotEditorWindow::saveAs()
-{
-    const ShotDocument output = m_model->document();
-    ShotSaveOptions initial;
-    initial.format = ShotQuickSave::format(m_preferences);
-    initial.scale = m_model->exportScale();
-    QFileDialog dialog(this, QStringLiteral("Save As"), ShotQuickSave::folder(m_preferences));
-    ShotSaveDialog options(dialog, initial);
-    dialog.selectFile(ShotFileName::make(QDateTime::currentDateTime(), initial.format,
-                                         QTimeZone::systemTimeZone()));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return;
-    }
-    const ShotSaveOptions chosen = options.options();
-    qCInfo(lcApp, "Save As format=%d quality=%.2f scale=%g", int(chosen.format), chosen.quality,
-           chosen.scale);
-    const QString path = dialog.selectedFiles().first();
-    try {
-        ShotExporter::exportShot(m_renderer, output, chosen.format, path, chosen.quality,
-                                 chosen.scale);
-    } catch (const Error& error) {
-        presentFailure(QStringLiteral("Could Not Save Screenshot"), error.message());
-        return;
-    }
-    qCInfo(lcApp, "Editor saved the shot as %s", qPrintable(path));
-    finishOutput(*this, output, ShotOutputAction::save, QGuiApplication::queryKeyboardModifiers(),
-                 true, m_preferences);
-}
-
-void ShotEditorWindow::share()
-{
-    QString file;
-    try {
-        file = ShotQuickSave::temporaryExport(m_model->document(), m_model->exportScale());
-    } catch (const Error& error) {
-        presentFailure(QStringLiteral("Could Not Share Screenshot"), error.message());
-        return;
-    }
-    const QString failure = ShotShare::openWith(file, this);
-    if (!failure.isEmpty()) {
-        presentFailure(QStringLiteral("Could Not Share Screenshot"), failure);
-    }
-}
-
-void ShotEditorWindow::dragOut()
-{
-    const ShotDocument output = m_model->document();
-    QString file;
-    try {
-        file = ShotQuickSave::temporaryExport(output, m_model->exportScale());
-    } catch (const Error& error) {
-        presentFailure(QStringLiteral("Could Not Drag Screenshot"), error.message());
-        return;
-    }
-    auto* data = new QMimeData;
-    data->setUrls({QUrl::fromLocalFile(file)});
-    auto* drag = new QDrag(this);
-    drag->setMimeData(data);
-    drag->setPixmap(QPixmap::fromImage(
-        QImage(file).scaled(160, 160, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
-    // Receivers copy the file; we never offer a move, so every drop gets
-    // its own copy and the temporary file stays for the next one.
-    const Qt::DropAction result = drag->exec(Qt::CopyAction, Qt::CopyAction);
-    const Qt::KeyboardModifiers modifiers = QGuiApplication::queryKeyboardModifiers();
-    const bool overOwnWindow = drag->target() != nullptr;
-    const bool accepted = result == Qt::CopyAction && !overOwnWindow;
-    if (!accepted) {
-        qCInfo(lcApp, "Image drag output waiting or failed accepted=%d ownWindow=%d",
-               int(result == Qt::CopyAction), int(overOwnWindow));
-        return;
-    }
-    qCInfo(lcApp, "Image drag accepted external output promiseWritten=%d option=%d", 1,
-           int(bool(modifiers & Qt::AltModifier)));
-    finishOutput(*this, output, ShotOutputAction::drag, modifiers, true, m_preferences);
-}
-
 void ShotEditorWindow::closeEvent(QCloseEvent* event)
 {
-    ShotRawClipboardTracker& tracker = ShotRawClipboardTracker::shared();
+    if (m_output->isBusy()) {
+        // A copy or save is still under way: the editor goes once it is done.
+        m_closeWhenIdle = true;
+        event->ignore();
+        return;
+    }
     const bool unsaved = m_model->canUndo() && !m_model->isOutputCurrent();
-    if (unsaved && !tracker.holdsCapture(m_model.get())) {
+    if (unsaved && !m_output->closeKeepsEdits()) {
         QMessageBox box(QMessageBox::Question, QStringLiteral("Discard this screenshot?"),
                         QStringLiteral("Your changes to this screenshot have not been copied or "
                                        "saved."),
@@ -527,12 +402,7 @@ void ShotEditorWindow::closeEvent(QCloseEvent* event)
             return;
         }
     }
-    try {
-        tracker.replaceRawWithEdited(m_model.get());
-    } catch (const Error& error) {
-        presentFailure(QStringLiteral("Could Not Copy Screenshot"), error.message());
-    }
-    tracker.forget(m_model.get());
+    m_output->editorClosing();
     event->accept();
 }
 

@@ -2,6 +2,7 @@
 
 #include "editor/ShotCanvas.h"
 #include "editor/ShotEditorModel.h"
+#include "output/ShotOutputHost.h"
 
 #include <QMainWindow>
 
@@ -12,12 +13,13 @@ class QTextEdit;
 
 namespace nubo {
 
-class ShotBottomBar;
+class ShotOutputActions;
 class ShotPreferences;
 class ShotRenderer;
 
 // One editor window: the tools, the canvas and the editor's own shortcuts.
-class ShotEditorWindow : public QMainWindow {
+// Its shot leaves through the output actions, which it serves as their host.
+class ShotEditorWindow : public QMainWindow, public ShotOutputHost {
     Q_OBJECT
 public:
     ShotEditorWindow(ShotDocument document, ShotPreferences& preferences, ShotRenderer& renderer,
@@ -31,15 +33,17 @@ public:
     void copy();
     void paste();
 
-    // The output actions; Alt in `modifiers` keeps the editor open.
-    bool copyShot(Qt::KeyboardModifiers modifiers);
-    bool quickSave(Qt::KeyboardModifiers modifiers);
-    void saveAs();
-    void dragOut();
-    void share();
+    // Copy, save, drag and share, with their close-after rules.
+    ShotOutputActions& output() { return *m_output; }
     bool isPinned() const;
-    ShotBottomBar& bottomBar() { return *m_bottomBar; }
-    void showNotice(const QString& text);
+    void showNotice(const QString& text) override;
+
+    // What the output actions see of this editor.
+    const ShotDocument& outputDocument() const override { return m_model->document(); }
+    bool isOutputIdle() const override { return m_model->isIdle(); }
+    void markOutput(const ShotDocument& document) override { m_model->markOutput(document); }
+    void closeAfterOutput() override { close(); }
+    QWidget* outputWindow() override { return this; }
     void addImageFromFile();
     // Samples the shown colour at a document point: on the clipboard as
     // "#RRGGBB", the colour of the tools, and a short notice.
@@ -58,12 +62,11 @@ private:
     void updateTitle();
     void syncTools();
 
-    void presentFailure(const QString& title, const QString& message);
-
     std::unique_ptr<ShotEditorModel> m_model;
     ShotPreferences& m_preferences;
     ShotRenderer& m_renderer;
-    ShotBottomBar* m_bottomBar = nullptr;
+    ShotOutputActions* m_output = nullptr;
+    bool m_closeWhenIdle = false;
     QString m_lastNotice;
     QTextEdit* m_textEditor = nullptr;
     ShotCanvas* m_canvas = nullptr;

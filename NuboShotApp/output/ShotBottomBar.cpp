@@ -1,7 +1,5 @@
 #include "output/ShotBottomBar.h"
 
-#include "editor/ShotCanvas.h"
-
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QMouseEvent>
@@ -26,6 +24,9 @@ void ShotDragHandle::mousePressEvent(QMouseEvent* event)
 {
     m_armed = event->button() == Qt::LeftButton;
     m_pressed = event->position().toPoint();
+    if (m_armed) {
+        emit pressed();
+    }
 }
 
 void ShotDragHandle::mouseMoveEvent(QMouseEvent* event)
@@ -38,8 +39,7 @@ void ShotDragHandle::mouseMoveEvent(QMouseEvent* event)
     }
 }
 
-ShotBottomBar::ShotBottomBar(ShotCanvas& canvas, QWidget* parent)
-    : QWidget(parent), m_canvas(canvas)
+ShotBottomBar::ShotBottomBar(QWidget* parent) : QWidget(parent)
 {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 4, 8, 4);
@@ -75,31 +75,6 @@ ShotBottomBar::ShotBottomBar(ShotCanvas& canvas, QWidget* parent)
     m_pin->setFocusPolicy(Qt::NoFocus);
     m_pin->setToolTip(QStringLiteral("Keep this editor open after copying, saving or dragging"));
     layout->addWidget(m_pin);
-
-    const auto zoomButton = [this, layout](const QString& title, const QString& help,
-                                           std::function<void()> action) {
-        auto* b = new QToolButton(this);
-        b->setText(title);
-        b->setToolTip(help);
-        b->setFocusPolicy(Qt::NoFocus);
-        connect(b, &QToolButton::clicked, this, [this, action] {
-            action();
-            updateZoom();
-        });
-        layout->addWidget(b);
-    };
-    zoomButton(QStringLiteral("\u2212"), QStringLiteral("Zoom Out (Ctrl+-)"),
-               [this] { m_canvas.setZoom(m_canvas.zoom() / 1.25); });
-    m_zoom = new QLabel(this);
-    m_zoom->setMinimumWidth(48);
-    m_zoom->setAlignment(Qt::AlignCenter);
-    layout->addWidget(m_zoom);
-    zoomButton(QStringLiteral("+"), QStringLiteral("Zoom In (Ctrl++)"),
-               [this] { m_canvas.setZoom(m_canvas.zoom() * 1.25); });
-    zoomButton(QStringLiteral("Fit"), QStringLiteral("Fit in Window (Ctrl+9)"),
-               [this] { m_canvas.setFitsWindow(true); });
-    connect(&m_canvas, &ShotCanvas::zoomChanged, this, &ShotBottomBar::updateZoom);
-    updateZoom();
 }
 
 bool ShotBottomBar::isPinned() const
@@ -112,9 +87,9 @@ void ShotBottomBar::setShareAvailable(bool available)
     m_share->setVisible(available);
 }
 
-void ShotBottomBar::updateZoom()
+void ShotBottomBar::addTrailing(QWidget* widget)
 {
-    m_zoom->setText(QStringLiteral("%1%").arg(qRound(m_canvas.zoom() * 100)));
+    layout()->addWidget(widget);
 }
 
 } // namespace nubo

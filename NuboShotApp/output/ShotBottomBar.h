@@ -10,8 +10,6 @@ class QToolButton;
 
 namespace nubo {
 
-class ShotCanvas;
-
 // The handle a shot is dragged out by.
 class ShotDragHandle : public QLabel {
     Q_OBJECT
@@ -19,6 +17,8 @@ public:
     explicit ShotDragHandle(QWidget* parent = nullptr);
 
 signals:
+    // The button went down on the handle: a drag may follow.
+    void pressed();
     // The pointer left the press distance with the button down.
     void dragStarted();
 
@@ -31,12 +31,12 @@ private:
     bool m_armed = false;
 };
 
-// The editor's bottom bar: the ways a shot leaves the editor, the pin that
-// keeps the editor open, and the zoom.
+// The editor's bottom bar: the ways a shot leaves the editor and the pin
+// that keeps the editor open; the editor adds its own controls at the end.
 class ShotBottomBar : public QWidget {
     Q_OBJECT
 public:
-    ShotBottomBar(ShotCanvas& canvas, QWidget* parent = nullptr);
+    explicit ShotBottomBar(QWidget* parent = nullptr);
 
     QPushButton* copyButton() const { return m_copy; }
     QPushButton* saveButton() const { return m_save; }
@@ -46,6 +46,8 @@ public:
     ShotDragHandle* dragHandle() const { return m_drag; }
     bool isPinned() const;
     void setShareAvailable(bool available);
+    // Adds a widget after the pin (the editor's zoom controls).
+    void addTrailing(QWidget* widget);
 
 signals:
     void copyRequested();
@@ -55,16 +57,12 @@ signals:
     void shareRequested();
 
 private:
-    void updateZoom();
-
-    ShotCanvas& m_canvas;
     QPushButton* m_copy = nullptr;
     QPushButton* m_save = nullptr;
     QPushButton* m_saveAs = nullptr;
     QPushButton* m_share = nullptr;
     QToolButton* m_pin = nullptr;
     ShotDragHandle* m_drag = nullptr;
-    QLabel* m_zoom = nullptr;
 };
 
 } // namespace nubo

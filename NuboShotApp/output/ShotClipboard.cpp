@@ -2,7 +2,6 @@
 
 #include "core/Error.h"
 #include "core/Logging.h"
-#include "export/PngEncoder.h"
 #include "export/ShotExporter.h"
 #include "render/ShotRenderer.h"
 
@@ -46,24 +45,30 @@ long ShotClipboard::write(std::unique_ptr<QMimeData> data)
     return m_changeCount;
 }
 
-std::unique_ptr<QMimeData> ShotClipboard::renderItem(ShotRenderer& renderer,
-                                                     const ShotDocument& document, double scale)
+QByteArray ShotClipboard::encodeItem(ShotRenderer& renderer, const ShotDocument& document,
+                                     double scale)
 {
-    // A fresh capture at its own density is its image: nothing to draw.
-    const QImage image = ShotExporter::isBareCapture(document, scale)
-                             ? document.layers.first().image
-                             : renderer.render(document, scale);
-    PngEncoder::Options options;
-    options.pixelsPerPoint = scale;
-    const QByteArray png = image.isNull() ? QByteArray() : PngEncoder::encode(image, options);
-    if (png.isEmpty()) {
-        qCWarning(lcExport, "Clipboard item could not be made size=%dx%d", image.width(),
-                  image.height());
-        throw Error(QStringLiteral("The screenshot could not be put on the clipboard."));
+    try {
+        return ShotExporter::encode(renderer, document, ShotFormat::png, 1, scale,
+                                    QStringLiteral("clipboard image"));
+    } catch (const Error& error) {
+        qCWarning(lcExport, "Clipboard item could not be made: %s", qPrintable(error.message()));
+        throw Error(QStringLiteral("The screenshot could not be put on the clipboard. %1")
+                        .arg(error.message()));
     }
+}
+
+std::unique_ptr<QMimeData> ShotClipboard::makeItem(const QByteArray& png)
+{
     auto data = std::make_unique<QMimeData>();
     data->setData(QStringLiteral("image/png"), png);
     return data;
+}
+
+std::unique_ptr<QMimeData> ShotClipboard::renderItem(ShotRenderer& renderer,
+                                                     const ShotDocument& document, double scale)
+{
+    return makeItem(encodeItem(renderer, document, scale));
 }
 
 } // namespace nubo

@@ -29,8 +29,13 @@ public:
     bool isOwnWrite(long changeCount) const { return m_ownWrites.contains(changeCount); }
     void recordOwnWrite(long changeCount) { m_ownWrites.insert(changeCount); }
 
-    // The shot drawn at `scale` as PNG data (our encoder) that records its
-    // size in points (as its density). Throws Error when it cannot be made.
+    // The shot drawn at `scale` as PNG data that records its size in points
+    // (as its density); any thread. Throws Error when it cannot be made.
+    static QByteArray encodeItem(ShotRenderer& renderer, const ShotDocument& document,
+                                 double scale);
+    // The clipboard item carrying that PNG; main thread.
+    static std::unique_ptr<QMimeData> makeItem(const QByteArray& png);
+    // Both at once, on the main thread.
     static std::unique_ptr<QMimeData> renderItem(ShotRenderer& renderer,
                                                  const ShotDocument& document, double scale);
 

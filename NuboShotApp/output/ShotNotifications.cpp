@@ -4,7 +4,8 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusReply>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
@@ -31,7 +32,7 @@ ShotNotifications::ShotNotifications()
                                           this, SLOT(actionInvoked(uint, QString)));
 }
 
-bool ShotNotifications::notifySaved(const QString& file)
+void ShotNotifications::notifySaved(const QString& file)
 {
     m_lastMessage = QStringLiteral("Saved to %1").arg(QDir::toNativeSeparators(file));
     QDBusMessage call =
@@ -41,14 +42,20 @@ bool ShotNotifications::notifySaved(const QString& file)
                               QStringLiteral("show"), QStringLiteral("Show in Folder")};
     call << QStringLiteral("Nubo Shot") << uint(0) << QStringLiteral("nuboshot")
          << QStringLiteral("Nubo Shot") << m_lastMessage << actions << QVariantMap() << int(-1);
-    const QDBusReply<uint> reply = QDBusConnection::sessionBus().call(call, QDBus::Block, 2000);
-    if (!reply.isValid()) {
-        qCInfo(lcApp, "No desktop notification for the save: %s",
-               qPrintable(reply.error().message()));
-        return false;
-    }
-    m_saved.insert(reply.value(), file);
-    return true;
+    // Asked without waiting: a slow or missing notification service never
+    // holds up the editor.
+    auto* watcher = new QDBusPendingCallWatcher(
+        QDBusConnection::sessionBus().asyncCall(call, 2000), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, file] {
+        watcher->deleteLater();
+        const QDBusPendingReply<uint> reply = *watcher;
+        if (reply.isError()) {
+            qCInfo(lcApp, "No desktop notification for the save: %s",
+                   qPrintable(reply.error().message()));
+            return;
+        }
+        m_saved.insert(reply.value(), file);
+    });
 }
 
 void ShotNotifications::actionInvoked(uint id, const QString& action)

@@ -12,9 +12,9 @@ class ShotNotifications : public QObject {
 public:
     static ShotNotifications& shared();
 
-    // "Saved to …" with actions that open the file and show its folder.
-    // Returns false when no notification service answered.
-    bool notifySaved(const QString& path);
+    // "Saved to …" with actions that open the file and show its folder; a
+    // missing notification service is logged, nothing more.
+    void notifySaved(const QString& path);
     const QString& lastMessage() const { return m_lastMessage; }
 
 private slots:

@@ -2,10 +2,7 @@
 
 #include "core/Logging.h"
 #include "core/Settings.h"
-#include "editor/ShotEditorWindow.h"
-#include "output/ShotClipboard.h"
-
-#include <QMimeData>
+#include "output/ShotOutputHost.h"
 
 namespace nubo {
 
@@ -20,28 +17,21 @@ bool closesAfter(const ShotPreferences& preferences, ShotOutputAction action)
     return preferences.boolean(closeAfterKey(action), true);
 }
 
-bool finishOutput(ShotEditorWindow& editor, const ShotDocument& output, ShotOutputAction action,
-                  Qt::KeyboardModifiers modifiers, bool mayClose,
+bool finishOutput(ShotOutputHost& editor, const ShotDocument& output, ShotOutputAction action,
+                  Qt::KeyboardModifiers modifiers, bool mayClose, bool keepOpen,
                   const ShotPreferences& preferences)
 {
-    ShotEditorModel& model = editor.model();
-    if (!(model.document() == output) || !model.isIdle()) {
+    if (!(editor.outputDocument() == output) || !editor.isOutputIdle()) {
         return false; // the user moved on meanwhile: leave the editor alone
     }
-    model.markOutput(output);
-    if (!mayClose || (modifiers & Qt::AltModifier) || editor.isPinned() ||
+    editor.markOutput(output);
+    if (!mayClose || (modifiers & Qt::AltModifier) || keepOpen ||
         !closesAfter(preferences, action)) {
         return false;
     }
     qCInfo(lcApp, "Editor closing after output action=%d", int(action));
-    editor.close();
+    editor.closeAfterOutput();
     return true;
-}
-
-void copyShot(ShotRenderer& renderer, const ShotDocument& document, double scale)
-{
-    std::unique_ptr<QMimeData> item = ShotClipboard::renderItem(renderer, document, scale);
-    ShotClipboard::shared().write(std::move(item));
 }
 
 } // namespace nubo

@@ -2,10 +2,14 @@
 
 #include "core/Error.h"
 #include "core/Logging.h"
-#include "editor/ShotEditorModel.h"
+#include "export/ShotExporter.h"
 #include "output/ShotClipboard.h"
+#include "output/ShotOutputHost.h"
 
+#include <QFutureWatcher>
 #include <QMimeData>
+#include <QPointer>
+#include <QtConcurrent>
 
 namespace nubo {
 
@@ -36,9 +40,9 @@ void ShotRawClipboardTracker::recordRawCopy(const ShotDocument& document, ShotCl
     }
 }
 
-void ShotRawClipboardTracker::adoptForEditor(const ShotEditorModel* editor)
+void ShotRawClipboardTracker::adoptForEditor(const ShotOutputHost* editor)
 {
-    const auto id = identity(editor->document());
+    const auto id = identity(editor->outputDocument());
     if (!id) {
         return;
     }
@@ -53,7 +57,7 @@ void ShotRawClipboardTracker::adoptForEditor(const ShotEditorModel* editor)
     }
 }
 
-void ShotRawClipboardTracker::noticeIfStillRaw(const ShotEditorModel* editor)
+void ShotRawClipboardTracker::noticeIfStillRaw(const ShotOutputHost* editor)
 {
     if (m_notices.contains(editor)) {
         return;
@@ -65,13 +69,13 @@ void ShotRawClipboardTracker::noticeIfStillRaw(const ShotEditorModel* editor)
     }
 }
 
-void ShotRawClipboardTracker::forget(const ShotEditorModel* editor)
+void ShotRawClipboardTracker::forget(const ShotOutputHost* editor)
 {
     m_editors.remove(editor);
     m_notices.remove(editor);
 }
 
-void ShotRawClipboardTracker::replaceRawWithEdited(ShotEditorModel* editor)
+void ShotRawClipboardTracker::replaceRawWithEdited(ShotOutputHost* editor, QObject* alive)
 {
     const auto found = m_editors.constFind(editor);
     if (found == m_editors.cend()) {
@@ -80,19 +84,42 @@ void ShotRawClipboardTracker::replaceRawWithEdited(ShotEditorModel* editor)
     }
     const Capture capture = *found;
     forget(editor);
-    if (!isCurrent(capture) || !renderClipboardItem) {
+    if (!isCurrent(capture) || !encodeClipboardItem) {
         return;
     }
-    const ShotDocument document = editor->document();
-    std::unique_ptr<QMimeData> item = renderClipboardItem(document, editor->exportScale());
-    if (!isCurrent(capture)) {
-        return; // the user copied something else while we drew
-    }
-    capture.clipboard->write(std::move(item));
-    qCInfo(lcApp, "Clipboard raw shot replaced with the edited shot");
-    if (editor->document() == document) {
-        editor->markOutput(document);
-    }
+    const ShotDocument document = editor->outputDocument();
+    const auto encode = encodeClipboardItem;
+    // The PNG, or why it could not be made.
+    using Encoded = std::pair<QByteArray, QString>;
+    auto* watcher = new QFutureWatcher<Encoded>(capture.clipboard);
+    QObject::connect(
+        watcher, &QFutureWatcherBase::finished, capture.clipboard,
+        [this, watcher, capture, document, editor, guard = QPointer<QObject>(alive)] {
+            watcher->deleteLater();
+            const auto [png, failure] = watcher->result();
+            if (!failure.isEmpty()) {
+                qCWarning(lcApp, "Edited shot not put on the clipboard: %s", qPrintable(failure));
+                if (presentFailure) {
+                    presentFailure(failure);
+                }
+                return;
+            }
+            if (!isCurrent(capture)) {
+                return; // the user copied something else while we drew
+            }
+            capture.clipboard->write(ShotClipboard::makeItem(png));
+            qCInfo(lcApp, "Clipboard raw shot replaced with the edited shot");
+            if (guard && editor->outputDocument() == document) {
+                editor->markOutput(document);
+            }
+        });
+    watcher->setFuture(QtConcurrent::run([encode, document]() -> Encoded {
+        try {
+            return {encode(document, ShotExporter::defaultScale(document)), {}};
+        } catch (const Error& error) {
+            return {{}, error.message()};
+        }
+    }));
 }
 
 } // namespace nubo

@@ -14,7 +14,7 @@ class QMimeData;
 namespace nubo {
 
 class ShotClipboard;
-class ShotEditorModel;
+class ShotOutputHost;
 
 // Keeps the clipboard honest when the raw shot was copied at capture time:
 // an editor that opens on that shot adopts the copy, and when the editor
@@ -31,29 +31,35 @@ public:
     static constexpr char noticeText[] = "Clipboard still holds the original screenshot";
 
     std::function<void(const QString&)> presentNotice;
-    std::function<std::unique_ptr<QMimeData>(const ShotDocument&, double)> renderClipboardItem;
+    // The PNG of the clipboard item of a document at a scale; runs on a
+    // worker thread and throws Error when it cannot be made.
+    std::function<QByteArray(const ShotDocument&, double)> encodeClipboardItem;
+    // A replacement that failed after its editor had gone.
+    std::function<void(const QString&)> presentFailure;
 
     // Right after the capture wrote the raw shot to `clipboard`.
     void recordRawCopy(const ShotDocument& document, ShotClipboard& clipboard);
     // When an editor opens a shot.
-    void adoptForEditor(const ShotEditorModel* editor);
+    void adoptForEditor(const ShotOutputHost* editor);
     // The first time an editor changes its shot: tells the user once.
-    void noticeIfStillRaw(const ShotEditorModel* editor);
-    // When the editor closes: the edited shot takes the raw one's place.
-    // Throws Error when the clipboard could not be written.
-    void replaceRawWithEdited(ShotEditorModel* editor);
+    void noticeIfStillRaw(const ShotOutputHost* editor);
+    // When the editor closes: the edited shot takes the raw one's place. It
+    // is drawn on a worker thread; it goes on the clipboard only when the
+    // raw shot is still there by then. `alive` guards the editor: while it
+    // lives, its document is marked as output once the write is done.
+    void replaceRawWithEdited(ShotOutputHost* editor, QObject* alive);
     // The editor is gone without its shot replacing anything.
-    void forget(const ShotEditorModel* editor);
+    void forget(const ShotOutputHost* editor);
 
-    bool holdsCapture(const ShotEditorModel* editor) const { return m_editors.contains(editor); }
+    bool holdsCapture(const ShotOutputHost* editor) const { return m_editors.contains(editor); }
 
 private:
     static std::optional<QUuid> identity(const ShotDocument& document);
     static bool isCurrent(const Capture& capture);
 
     QHash<QUuid, Capture> m_captures;
-    QHash<const ShotEditorModel*, Capture> m_editors;
-    QSet<const ShotEditorModel*> m_notices;
+    QHash<const ShotOutputHost*, Capture> m_editors;
+    QSet<const ShotOutputHost*> m_notices;
 };
 
 } // namespace nubo

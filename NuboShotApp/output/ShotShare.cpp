@@ -4,7 +4,9 @@
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QCoreApplication>
 #include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
 #include <QDBusUnixFileDescriptor>
 #include <QFile>
 #include <QVariantMap>
@@ -31,11 +33,13 @@ bool ShotShare::isAvailable()
     return bus->activatableServiceNames().value().contains(QLatin1String(portal));
 }
 
-QString ShotShare::openWith(const QString& file, const QWidget* window)
+void ShotShare::openWith(const QString& file, const QWidget* window,
+                         std::function<void(const QString& error)> done)
 {
     const int fd = ::open(QFile::encodeName(file).constData(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) {
-        return QStringLiteral("The shot could not be prepared for sharing.");
+        done(QStringLiteral("The shot could not be prepared for sharing."));
+        return;
     }
     QDBusMessage call = QDBusMessage::createMethodCall(
         QLatin1String(portal), QStringLiteral("/org/freedesktop/portal/desktop"),
@@ -46,13 +50,21 @@ QString ShotShare::openWith(const QString& file, const QWidget* window)
     options.insert(QStringLiteral("ask"), true);
     call << parent << QVariant::fromValue(QDBusUnixFileDescriptor(fd)) << options;
     ::close(fd); // the message holds its own copy
-    const QDBusMessage reply = QDBusConnection::sessionBus().call(call, QDBus::Block, 10000);
-    if (reply.type() == QDBusMessage::ErrorMessage) {
-        qCWarning(lcApp, "Share failed: %s", qPrintable(reply.errorMessage()));
-        return QStringLiteral("No application could be offered to open the shot.");
-    }
-    qCInfo(lcApp, "Share chooser opened");
-    return {};
+    auto* watcher = new QDBusPendingCallWatcher(
+        QDBusConnection::sessionBus().asyncCall(call, 10000), QCoreApplication::instance());
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher,
+                     [watcher, done = std::move(done)] {
+                         watcher->deleteLater();
+                         if (watcher->isError()) {
+                             qCWarning(lcApp, "Share failed: %s",
+                                       qPrintable(watcher->error().message()));
+                             done(QStringLiteral(
+                                 "No application could be offered to open the shot."));
+                             return;
+                         }
+                         qCInfo(lcApp, "Share chooser opened");
+                         done({});
+                     });
 }
 
 } // namespace nubo

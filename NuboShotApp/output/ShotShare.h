@@ -2,6 +2,8 @@
 
 #include <QString>
 
+#include <functional>
+
 class QWidget;
 
 namespace nubo {
@@ -13,8 +15,10 @@ public:
     // Whether a portal answers (running or startable on the session bus).
     static bool isAvailable();
     // Asks the portal to offer `file` to the applications that open it, the
-    // chooser parented to `window`. Returns an error text, empty on success.
-    static QString openWith(const QString& file, const QWidget* window);
+    // chooser parented to `window`; `done` hears an error text, empty on
+    // success, when the portal has answered.
+    static void openWith(const QString& file, const QWidget* window,
+                         std::function<void(const QString& error)> done);
 };
 
 } // namespace nubo

@@ -44,39 +44,9 @@ QString ShotCaptureOverlay::instruction(Mode mode)
                : QStringLiteral("Click a window \u00b7 Space: Area \u00b7 Esc: Cancel");
 }
 
-QImage ShotCaptureOverlay::cut(const QRectF& rect) const
-{
-    const double s = m_display.space.scale;
-    const QRect pixels = QRectF(rect.topLeft() * s, rect.size() * s)
-                             .toAlignedRect()
-                             .intersected(m_display.image.rect());
-    return m_display.image.copy(pixels);
-}
-
 std::optional<ResizeHandle> ShotCaptureOverlay::cornerAt(const QRectF& selection, QPointF point)
 {
-    const std::pair<ResizeHandle, QPointF> corners[] = {
-        {ResizeHandle::topLeft, selection.topLeft()},
-        {ResizeHandle::topRight, selection.topRight()},
-        {ResizeHandle::bottomRight, selection.bottomRight()},
-        {ResizeHandle::bottomLeft, selection.bottomLeft()}};
-    // A corner is a candidate within handleReach on both axes; the nearest
-    // candidate wins, the earlier corner on a tie.
-    std::optional<ResizeHandle> nearest;
-    double best = 0;
-    for (const auto& [handle, corner] : corners) {
-        const double dx = std::abs(corner.x() - point.x());
-        const double dy = std::abs(corner.y() - point.y());
-        if (dx > handleReach || dy > handleReach) {
-            continue;
-        }
-        const double distance = std::hypot(dx, dy);
-        if (!nearest || distance < best) {
-            nearest = handle;
-            best = distance;
-        }
-    }
-    return nearest;
+    return ShotGeometry::cornerNear(selection, point, handleReach);
 }
 
 QRectF ShotCaptureOverlay::nudged(const QRectF& selection, QPointF by, const QSizeF& bounds)
@@ -151,12 +121,9 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
                               .arg(qRound(clear->width() * s))
                               .arg(qRound(clear->height() * s)));
             painter.setBrush(Qt::white);
-            const std::pair<ResizeHandle, QPointF> corners[] = {
-                {ResizeHandle::topLeft, clear->topLeft()},
-                {ResizeHandle::topRight, clear->topRight()},
-                {ResizeHandle::bottomRight, clear->bottomRight()},
-                {ResizeHandle::bottomLeft, clear->bottomLeft()}};
-            for (const auto& [handle, corner] : corners) {
+            for (const ResizeHandle handle : {ResizeHandle::topLeft, ResizeHandle::topRight,
+                                              ResizeHandle::bottomRight, ResizeHandle::bottomLeft}) {
+                const QPointF corner = ShotGeometry::handlePoint(*clear, handle);
                 // The hovered corner grows for a moment, then stays larger.
                 const bool hot = handle == m_hoveredCorner;
                 const double radius = !hot ? 4 : m_hoverStarted.elapsed() < 100 ? 7 : 6;
@@ -264,22 +231,7 @@ void ShotCaptureOverlay::mouseMoveEvent(QMouseEvent* event)
                              : Qt::SizeBDiagCursor);
     }
     if (m_resizing && m_selection) {
-        QRectF r = *m_selection;
-        switch (*m_resizing) {
-        case ResizeHandle::topLeft:
-            r.setTopLeft(p);
-            break;
-        case ResizeHandle::topRight:
-            r.setTopRight(p);
-            break;
-        case ResizeHandle::bottomRight:
-            r.setBottomRight(p);
-            break;
-        default:
-            r.setBottomLeft(p);
-            break;
-        }
-        setSelection(r);
+        setSelection(ShotGeometry::resized(*m_selection, *m_resizing, p));
     } else if (m_dragStart) {
         setSelection(QRectF(*m_dragStart, p));
     }
@@ -292,18 +244,14 @@ void ShotCaptureOverlay::mouseReleaseEvent(QMouseEvent* event)
     }
     if (m_mode == Mode::window) {
         if (const auto window = windowAt(event->position())) {
-            m_selection = localFrame(*window).intersected(QRectF(QPointF(0, 0), QSizeF(size())));
-            accept();
+            accept({ShotCaptureSelection::Window{m_display.id, *window}});
         }
         return;
     }
     m_dragStart.reset();
     m_resizing.reset();
     // Mouse-up takes the selection only when it is large enough to mean it.
-    if (m_selection && m_selection->width() >= minimumSide &&
-        m_selection->height() >= minimumSide) {
-        accept();
-    }
+    acceptSelection();
 }
 
 void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
@@ -312,7 +260,7 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
     QPointF by;
     switch (event->key()) {
     case Qt::Key_Escape:
-        emit finished(std::nullopt);
+        emit cancelled();
         return;
     case Qt::Key_Space:
         emit modeToggled(m_mode == Mode::area ? Mode::window : Mode::area);
@@ -320,11 +268,9 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (m_mode == Mode::window && m_hovered) {
-            m_selection = localFrame(*m_hovered).intersected(QRectF(QPointF(0, 0), QSizeF(size())));
-            accept();
-        } else if (m_mode == Mode::area && m_selection && m_selection->width() >= minimumSide &&
-                   m_selection->height() >= minimumSide) {
-            accept();
+            accept({ShotCaptureSelection::Window{m_display.id, *m_hovered}});
+        } else if (m_mode == Mode::area) {
+            acceptSelection();
         }
         return;
     case Qt::Key_Left:
@@ -356,11 +302,19 @@ void ShotCaptureOverlay::enterEvent(QEnterEvent*)
     setFocus();
 }
 
-void ShotCaptureOverlay::accept()
+void ShotCaptureOverlay::acceptSelection()
 {
-    if (m_selection) {
-        emit finished(cut(*m_selection));
+    // Only a selection large enough to mean it is taken.
+    if (m_selection && m_selection->width() >= minimumSide &&
+        m_selection->height() >= minimumSide) {
+        accept({ShotCaptureSelection::Area{
+            m_display.id, m_selection->translated(m_display.space.globalFrame.topLeft())}});
     }
+}
+
+void ShotCaptureOverlay::accept(const ShotCaptureSelection& selection)
+{
+    emit answered({ShotOverlayOutcome::Capture{selection}});
 }
 
 } // namespace nubo

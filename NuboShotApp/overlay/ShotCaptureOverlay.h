@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/CaptureTypes.h"
+#include "capture/CaptureSelection.h"
 
 #include <QElapsedTimer>
 #include <QWidget>
@@ -10,10 +10,22 @@
 
 namespace nubo {
 
+// The overlay's answer: what the user framed, for a still capture. (The
+// recording variant answers with its target the same way.)
+struct ShotOverlayOutcome {
+    struct Capture {
+        ShotCaptureSelection selection;
+        bool operator==(const Capture&) const = default;
+    };
+    std::variant<Capture> outcome;
+    bool operator==(const ShotOverlayOutcome&) const = default;
+};
+
 // The frozen screen of one display, dimmed, over which the user frames a
 // shot: an area by dragging (then handles, arrow keys, Return), or a window
-// by pointing at it. What is framed is cut from the frozen image, so it is
-// exactly what was on screen.
+// by pointing at it. It answers with the framing, not with pixels: the
+// caller cuts stills from the frozen image (so they are exactly what was on
+// screen), and scrolling and recording take the same framing.
 class ShotCaptureOverlay : public QWidget {
     Q_OBJECT
 public:
@@ -34,8 +46,6 @@ public:
 
     // The instruction line of a mode.
     static QString instruction(Mode mode);
-    // The frozen pixels of a display-local rectangle.
-    QImage cut(const QRectF& rect) const;
     // The corner handle a point grabs: within handleReach on both axes, the
     // nearest, ties in the order top-left, top-right, bottom-right, bottom-left.
     static std::optional<ResizeHandle> cornerAt(const QRectF& selection, QPointF point);
@@ -43,8 +53,10 @@ public:
     static QRectF nudged(const QRectF& selection, QPointF by, const QSizeF& bounds);
 
 signals:
-    // The framed image, or nothing when the user cancelled.
-    void finished(std::optional<QImage> image);
+    // What the user framed; once, unless cancelled.
+    void answered(const ShotOverlayOutcome& outcome);
+    // Escape.
+    void cancelled();
     // Space switches every overlay between area and window mode.
     void modeToggled(Mode mode);
     // The first time the frozen screen is on the display.
@@ -59,7 +71,8 @@ protected:
     void enterEvent(QEnterEvent* event) override;
 
 private:
-    void accept();
+    void accept(const ShotCaptureSelection& selection);
+    void acceptSelection();
     std::optional<CapturableWindow> windowAt(QPointF local) const;
     QRectF localFrame(const CapturableWindow& window) const;
 

@@ -1,6 +1,6 @@
 #include "shell/CaptureCommands.h"
 
-#include "capture/xcb/XcbScreenCapturer.h"
+#include "capture/CapturePlatform.h"
 #include "core/Logging.h"
 #include "export/ShotExporter.h"
 #include "shell/CommandLine.h"
@@ -78,7 +78,7 @@ namespace {
 
 // A listing command: plain lines, or the same rows as JSON with --json.
 int runListing(const QStringList& arguments, const char* command,
-               const std::function<void(XcbScreenCapturer&, QJsonArray&, QStringList&)>& list)
+               const std::function<void(ScreenCapturing&, QJsonArray&, QStringList&)>& list)
 {
     if (arguments.contains(QLatin1String("-h")) || arguments.contains(QLatin1String("--help"))) {
         print(QStringLiteral("Usage: nuboshot %1 [--json]\n\n%2")
@@ -96,10 +96,10 @@ int runListing(const QStringList& arguments, const char* command,
         return status;
     }
     try {
-        XcbScreenCapturer capturer;
+        const auto platform = CapturePlatformLoader::load();
         QJsonArray rows;
         QStringList lines;
-        list(capturer, rows, lines);
+        list(*platform->capturer(), rows, lines);
         print(json
                   ? QString::fromUtf8(QJsonDocument(rows).toJson(QJsonDocument::Indented)).trimmed()
                   : lines.join(QLatin1Char('\n')));
@@ -114,18 +114,18 @@ int runListing(const QStringList& arguments, const char* command,
 int runDisplaysCommand(const QStringList& arguments)
 {
     return runListing(arguments, "displays",
-                      [](XcbScreenCapturer& capturer, QJsonArray& rows, QStringList& lines) {
-                          for (const auto& m : capturer.monitors()) {
+                      [](ScreenCapturing& capturer, QJsonArray& rows, QStringList& lines) {
+                          for (const CaptureDisplay& m : capturer.displays()) {
                               rows.append(QJsonObject{{"id", qint64(m.id)},
                                                       {"name", m.name},
-                                                      {"pixels", rectJson(m.geometry)},
+                                                      {"pixels", rectJson(m.pixelGeometry)},
                                                       {"frame", rectJson(m.space.globalFrame)},
                                                       {"scale", m.space.scale},
                                                       {"primary", m.primary}});
                               lines
                                   << QStringLiteral("%1\t%2\t%3\tscale %4%5")
                                          .arg(m.id)
-                                         .arg(m.name, rectText(m.geometry))
+                                         .arg(m.name, rectText(m.pixelGeometry))
                                          .arg(m.space.scale)
                                          .arg(m.primary ? QStringLiteral("\tprimary") : QString());
                           }
@@ -135,7 +135,7 @@ int runDisplaysCommand(const QStringList& arguments)
 int runWindowsCommand(const QStringList& arguments)
 {
     return runListing(arguments, "windows",
-                      [](XcbScreenCapturer& capturer, QJsonArray& rows, QStringList& lines) {
+                      [](ScreenCapturing& capturer, QJsonArray& rows, QStringList& lines) {
                           for (const CapturableWindow& w : capturer.listWindows(false).windows) {
                               rows.append(QJsonObject{{"id", qint64(w.id)},
                                                       {"title", w.title},
@@ -246,8 +246,7 @@ int runGrabCommand(const QStringList& arguments)
         if (written) {
             qCDebug(lcCapture) << "Grabbed by the running instance";
         } else {
-            XcbScreenCapturer capturer;
-            written = request.perform(capturer);
+            written = request.perform(*CapturePlatformLoader::load()->capturer());
         }
         print(*written);
     } catch (const Error& error) {

@@ -34,7 +34,7 @@ QImage combined(const QList<DisplayCapture>& captures)
 
 } // namespace
 
-QString GrabRequest::perform(XcbScreenCapturer& capturer) const
+QString GrabRequest::perform(ScreenCapturing& capturer) const
 {
     const auto format = formatForFileName(output);
     if (!format) {
@@ -58,24 +58,17 @@ QString GrabRequest::perform(XcbScreenCapturer& capturer) const
         break;
     }
     case Mode::region: {
-        std::optional<XcbScreenCapturer::Monitor> on;
-        for (const auto& m : capturer.monitors()) {
-            if (!on && m.space.globalFrame.contains(region.topLeft())) {
-                on = m;
+        QList<ScreenSpace> spaces;
+        for (const CaptureDisplay& d : capturer.displays()) {
+            spaces.append(d.space);
+        }
+        const ShotCaptureSelection selection = framing(spaces);
+        image = capturer.captureRegion(selection.display(), captureRegion(selection, spaces));
+        for (const ScreenSpace& space : spaces) {
+            if (space.displayID == selection.display()) {
+                density = space.scale;
             }
         }
-        if (!on) {
-            throw CaptureError(CaptureError::Code::noContent,
-                               QStringLiteral("no display holds that region"));
-        }
-        ScreenCaptureRegion r;
-        r.sourceRect = region.translated(-on->space.globalFrame.topLeft())
-                           .intersected(QRectF(QPointF(0, 0), on->space.globalFrame.size()));
-        r.globalRect = r.sourceRect.translated(on->space.globalFrame.topLeft());
-        r.pixelRect = QRect(QPoint(0, 0),
-                            WindowCaptureFraming::pixelSize(r.sourceRect.size(), on->space.scale));
-        image = capturer.captureRegion(on->id, r);
-        density = on->space.scale;
         break;
     }
     }
@@ -86,6 +79,11 @@ QString GrabRequest::perform(XcbScreenCapturer& capturer) const
     qCDebug(lcCapture) << "Grab: captured in" << captured << "ms, written in"
                        << clock.elapsed() - captured << "ms";
     return output;
+}
+
+ShotCaptureSelection GrabRequest::framing(const QList<ScreenSpace>& displays) const
+{
+    return ShotCaptureSelection::fromDesktopPixels(region, displays);
 }
 
 QVariantList GrabOverBus::arguments(const GrabRequest& r)

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "capture/xcb/XcbScreenCapturer.h"
+#include "capture/CaptureSelection.h"
+#include "capture/ScreenCapturing.h"
 
 #include <QRectF>
 #include <QString>
@@ -17,12 +18,14 @@ struct GrabRequest {
     Mode mode = Mode::fullscreen;
     std::optional<quint32> display; // fullscreen: one display
     quint32 window = 0;             // window: its id
-    QRectF region;                  // region: desktop pixels
+    QRectF region;                  // region: desktop pixels, on the display holding its corner
     QString output;                 // absolute path; the format follows its extension
     double quality = 0.9;
 
     // Captures and writes; returns the path written. Throws Error.
-    QString perform(XcbScreenCapturer& capturer) const;
+    QString perform(ScreenCapturing& capturer) const;
+    // A region grab's framing: the same an area drawn on the overlay makes.
+    ShotCaptureSelection framing(const QList<ScreenSpace>& displays) const;
 };
 
 // The running instance's side of a grab over the session bus, and the

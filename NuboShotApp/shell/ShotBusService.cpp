@@ -1,6 +1,6 @@
 #include "shell/ShotBusService.h"
 
-#include "capture/xcb/XcbScreenCapturer.h"
+#include "capture/CapturePlatform.h"
 #include "shell/GrabRequest.h"
 #include "shell/ShotFeature.h"
 
@@ -9,9 +9,9 @@
 
 namespace nubo {
 
-ShotBusService::ShotBusService(std::shared_ptr<XcbScreenCapturer> capturer, ShotFeature& feature,
+ShotBusService::ShotBusService(std::shared_ptr<CapturePlatform> platform, ShotFeature& feature,
                                QObject* parent)
-    : QObject(parent), m_capturer(std::move(capturer)), m_feature(feature)
+    : QObject(parent), m_platform(std::move(platform)), m_feature(feature)
 {}
 
 void ShotBusService::CaptureShot(const QString& mode, const QDBusMessage& message)
@@ -50,18 +50,21 @@ QString ShotBusService::Grab(int mode, qlonglong display, qlonglong window,
                              const QString& xDisplay, const QDBusMessage& message)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (xDisplay != qEnvironmentVariable("DISPLAY")) {
-        // Another X display than ours: the caller captures it itself.
-        bus.send(
-            message.createErrorReply(QStringLiteral("org.freedesktop.DBus.Error.NotSupported"),
-                                     QStringLiteral("This instance shows on another display.")));
+    if (xDisplay != qEnvironmentVariable("DISPLAY") || !m_platform) {
+        // Another X display than ours, or none we can capture: the caller
+        // captures by itself (and says why it cannot, if so).
+        bus.send(message.createErrorReply(
+            QStringLiteral("org.freedesktop.DBus.Error.NotSupported"),
+            m_platform ? QStringLiteral("This instance shows on another display.")
+                       : QStringLiteral("This instance cannot capture this desktop.")));
         message.setDelayedReply(true);
         return {};
     }
     message.setDelayedReply(true);
     const GrabRequest request =
         GrabOverBus::fromArguments({mode, display, window, region, output, quality, xDisplay});
-    QThreadPool::globalInstance()->start([request, message, bus, capturer = m_capturer]() mutable {
+    QThreadPool::globalInstance()->start([request, message, bus,
+                                          capturer = m_platform->capturer()]() mutable {
         QDBusMessage reply;
         try {
             reply = message.createReply(request.perform(*capturer));

@@ -8,7 +8,7 @@
 
 namespace nubo {
 
-class XcbScreenCapturer;
+class CapturePlatform;
 class ShotFeature;
 
 // What the running instance offers on the session bus. Captures run on a
@@ -17,7 +17,7 @@ class ShotBusService : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.corvane.lab.nuboshot")
 public:
-    ShotBusService(std::shared_ptr<XcbScreenCapturer> capturer, ShotFeature& feature,
+    ShotBusService(std::shared_ptr<CapturePlatform> platform, ShotFeature& feature,
                    QObject* parent = nullptr);
 
 public slots:
@@ -33,7 +33,7 @@ public slots:
                  const QDBusMessage& message);
 
 private:
-    std::shared_ptr<XcbScreenCapturer> m_capturer;
+    std::shared_ptr<CapturePlatform> m_platform;
     ShotFeature& m_feature;
 };
 

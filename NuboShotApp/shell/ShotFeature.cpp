@@ -1,30 +1,54 @@
 #include "shell/ShotFeature.h"
 
+#include "capture/ShotScreenRecordingAccess.h"
 #include "core/Logging.h"
 #include "core/Settings.h"
+#include "editor/ShotEditorWindow.h"
+#include "export/ShotExporter.h"
 #include "output/ShotClipboard.h"
+#include "output/ShotOutputActions.h"
 #include "output/ShotRawClipboardTracker.h"
-#include "overlay/ShotCaptureOverlay.h"
+#include "overlay/ShotOverlayController.h"
 #include "shell/EditorCommands.h"
 #include "shell/ShotStatusMenu.h"
 
 #include <QCursor>
+#include <QFutureWatcher>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QThread>
+#include <QtConcurrent>
 
 namespace nubo {
 
-ShotFeature::ShotFeature(std::shared_ptr<XcbScreenCapturer> capturer, ShotPreferences& preferences,
-                         ShotRenderer& renderer, QObject* parent)
-    : QObject(parent), m_capturer(std::move(capturer)), m_preferences(preferences),
-      m_renderer(renderer)
+ShotFeature::ShotFeature(std::shared_ptr<CapturePlatform> platform, QString platformProblem,
+                         ShotPreferences& preferences, ShotRenderer& renderer, QObject* parent)
+    : QObject(parent), m_platform(std::move(platform)),
+      m_platformProblem(std::move(platformProblem)), m_preferences(preferences),
+      m_renderer(renderer), m_overlay(std::make_unique<ShotOverlayController>())
 {
     presentAlert = [](const QString& title, const QString& text) {
         QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok);
         box.setWindowFlag(Qt::WindowStaysOnTopHint);
         box.exec();
     };
+    ShotRawClipboardTracker::shared().presentFailure = [this](const QString& text) {
+        presentAlert(QStringLiteral("Could Not Copy Screenshot"), text);
+    };
+    connect(m_overlay.get(), &ShotOverlayController::shown, this, [this] {
+        qCInfo(lcApp, "Capture overlay shown after %lld ms",
+               static_cast<long long>(m_requested.elapsed()));
+    });
+    connect(m_overlay.get(), &ShotOverlayController::answered, this,
+            [this](const ShotOverlayOutcome& outcome) {
+                m_accepted.start();
+                framed(std::get<ShotOverlayOutcome::Capture>(outcome.outcome).selection);
+            });
+    connect(m_overlay.get(), &ShotOverlayController::cancelled, this, [this] {
+        qCInfo(lcApp, "Capture cancelled");
+        m_frozen.clear();
+        m_capturing = false;
+    });
 }
 
 ShotFeature::~ShotFeature()
@@ -34,9 +58,10 @@ ShotFeature::~ShotFeature()
     }
 }
 
-bool ShotFeature::isOffered(CaptureMode mode)
+bool ShotFeature::isOffered(CaptureMode mode) const
 {
-    return mode != CaptureMode::scrolling; // scrolling comes with its session
+    return mode != CaptureMode::scrolling && // scrolling comes with its session
+           (!m_platform || m_platform->features().modes.contains(mode));
 }
 
 QList<ShotEditorWindow*> ShotFeature::editors() const
@@ -62,20 +87,6 @@ ShotEditorWindow* ShotFeature::openEditor(ShotDocument document)
             m_accepted.invalidate();
         });
     }
-    ShotRawClipboardTracker& tracker = ShotRawClipboardTracker::shared();
-    tracker.renderClipboardItem = [this](const ShotDocument& shot, double scale) {
-        return ShotClipboard::renderItem(m_renderer, shot, scale);
-    };
-    tracker.adoptForEditor(&editor->model());
-    // The first change of a shot whose raw form is on the clipboard says so once.
-    connect(&editor->model(), &ShotEditorModel::changed, editor, [editor] {
-        if (editor->model().canUndo()) {
-            ShotRawClipboardTracker::shared().presentNotice = [editor](const QString& text) {
-                editor->showNotice(text);
-            };
-            ShotRawClipboardTracker::shared().noticeIfStillRaw(&editor->model());
-        }
-    });
     editor->setAttribute(Qt::WA_DeleteOnClose);
     m_editors.append(editor);
     editor->show();
@@ -85,122 +96,166 @@ ShotEditorWindow* ShotFeature::openEditor(ShotDocument document)
     return editor;
 }
 
-DisplayCapture ShotFeature::captureUnderPointer()
-{
-    // All displays are frozen first; fullscreen keeps the one under the pointer.
-    const QPoint pointer = QCursor::pos();
-    const auto displays = m_capturer->captureDisplays();
-    qCInfo(lcApp, "Frozen displays ready count=%lld", static_cast<long long>(displays.size()));
-    for (const DisplayCapture& display : displays) {
-        if (display.space.globalFrame.contains(pointer)) {
-            return display;
-        }
-    }
-    return displays.first();
-}
-
 void ShotFeature::capture(CaptureMode mode)
 {
     Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
-    m_requested.start();
     qCInfo(lcApp, "Capture requested mode=%s active=%d", qPrintable(toString(mode)),
            int(QGuiApplication::applicationState() == Qt::ApplicationActive));
+    if (!isOffered(mode)) {
+        failed(QStringLiteral("%1 is not available yet.").arg(ShotStatusMenu::captureTitle(mode)));
+        return;
+    }
+    if (!m_platform) {
+        failed(m_platformProblem);
+        return;
+    }
+    if (m_capturing) {
+        qCInfo(lcApp, "Capture ignored: another one is under way");
+        return; // one capture at a time
+    }
+    m_capturing = true;
+    m_requested.start();
+    // Fullscreen freezes only the display it takes: the one under the pointer.
+    const QPoint pointer = QCursor::pos();
+    auto work = [capturer = m_platform->capturer(), mode, pointer]() {
+        Frozen result;
+        try {
+            ShotScreenRecordingAccess access([capturer] { capturer->probe(); });
+            if (access.status() != ShotScreenRecordingAccess::Status::granted) {
+                throw CaptureError(CaptureError::Code::permissionDenied);
+            }
+            qCInfo(lcApp, "Capture permission preflight passed");
+            if (mode == CaptureMode::fullscreen) {
+                const QList<CaptureDisplay> displays = capturer->displays();
+                quint32 chosen = displays.first().id;
+                for (const CaptureDisplay& d : displays) {
+                    if (d.space.globalFrame.contains(pointer)) {
+                        chosen = d.id;
+                        break;
+                    }
+                }
+                result.displays = capturer->captureDisplays(chosen);
+            } else {
+                // Every display frozen first; the user frames over these images.
+                result.displays = capturer->captureDisplays();
+                result.windows = capturer->listWindows(false).windows;
+            }
+            qCInfo(lcApp, "Frozen displays ready count=%lld",
+                   static_cast<long long>(result.displays.size()));
+        } catch (const CaptureError& error) {
+            result.cancelled = error.code() == CaptureError::Code::cancelled;
+            result.error = error.message();
+            if (!error.detail().isEmpty()) {
+                qCWarning(lcApp, "Capture failed because %s", qPrintable(error.detail()));
+            }
+        } catch (const Error& error) {
+            result.error = error.message();
+        }
+        return result;
+    };
+    auto* watcher = new QFutureWatcher<Frozen>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, mode] {
+        watcher->deleteLater();
+        frozen(mode, watcher->result());
+    });
+    watcher->setFuture(QtConcurrent::run(std::move(work)));
+}
+
+void ShotFeature::frozen(CaptureMode mode, const Frozen& result)
+{
+    if (result.cancelled) {
+        m_capturing = false;
+        return; // the user changed their mind: nothing to say
+    }
+    if (!result.error.isEmpty()) {
+        failed(result.error);
+        return;
+    }
+    if (mode == CaptureMode::fullscreen) {
+        m_accepted.start();
+        const DisplayCapture& display = result.displays.first();
+        finishCapture(display.image, display.space.scale);
+        return;
+    }
+    m_frozen = result.displays;
+    m_overlay->present(result.displays, result.windows, mode);
+}
+
+void ShotFeature::framed(const ShotCaptureSelection& selection)
+{
+    const QList<DisplayCapture> frozen = std::exchange(m_frozen, {});
+    QList<ScreenSpace> spaces;
+    for (const DisplayCapture& d : frozen) {
+        spaces.append(d.space);
+    }
     try {
-        if (!isOffered(mode)) {
-            throw Error(
-                QStringLiteral("%1 is not available yet.").arg(ShotStatusMenu::captureTitle(mode)));
-        }
-        ShotScreenRecordingAccess access;
-        access.probe = [this] {
-            m_capturer->probe();
-        };
-        if (access.status() != ShotScreenRecordingAccess::Status::granted) {
-            throw CaptureError(CaptureError::Code::permissionDenied);
-        }
-        qCInfo(lcApp, "Capture permission preflight passed");
-        if (mode == CaptureMode::fullscreen) {
-            const DisplayCapture display = captureUnderPointer();
-            finishCapture(display.image, display.space.scale);
-            return;
-        }
-        if (!m_overlays.isEmpty()) {
-            return; // one capture at a time
-        }
-        // Every display frozen first; the user frames over these images.
-        const QList<DisplayCapture> displays = m_capturer->captureDisplays();
-        qCInfo(lcApp, "Frozen displays ready count=%lld", static_cast<long long>(displays.size()));
-        const QList<CapturableWindow> windows = m_capturer->listWindows(false).windows;
-        const auto overlayMode = mode == CaptureMode::window ? ShotCaptureOverlay::Mode::window
-                                                             : ShotCaptureOverlay::Mode::area;
-        for (const DisplayCapture& display : displays) {
-            auto* overlay = new ShotCaptureOverlay(display, windows, overlayMode);
-            m_overlays.append(overlay);
-            const double scale = display.space.scale;
-            connect(overlay, &ShotCaptureOverlay::shown, this, [this] {
-                qCInfo(lcApp, "Capture overlay shown after %lld ms",
-                       static_cast<long long>(m_requested.elapsed()));
-            });
-            connect(overlay, &ShotCaptureOverlay::finished, this,
-                    [this, scale](std::optional<QImage> image) {
-                        m_accepted.start();
-                        closeOverlays();
-                        if (!image) {
-                            qCInfo(lcApp, "Capture cancelled");
-                            return;
-                        }
-                        finishCapture(*image, scale);
-                    });
-            connect(overlay, &ShotCaptureOverlay::modeToggled, this,
-                    [this](ShotCaptureOverlay::Mode next) {
-                        for (const QPointer<ShotCaptureOverlay>& o : std::as_const(m_overlays)) {
-                            if (o) {
-                                o->setMode(next);
-                            }
-                        }
-                    });
-            overlay->show();
-            overlay->raise();
-            if (display.space.globalFrame.contains(QCursor::pos())) {
-                overlay->activateWindow();
-                overlay->setFocus();
+        // The framing cut from the frozen image: exactly what the user saw.
+        const ScreenCaptureRegion region = captureRegion(selection, spaces);
+        for (const DisplayCapture& d : frozen) {
+            if (d.id == selection.display()) {
+                const QImage image = region.pixelRect == d.image.rect()
+                                         ? d.image
+                                         : d.image.copy(region.pixelRect);
+                finishCapture(image, d.space.scale);
+                return;
             }
         }
-    } catch (const CaptureError& error) {
-        if (error.code() == CaptureError::Code::cancelled) {
-            return; // the user changed their mind: nothing to say
-        }
-        qCWarning(lcApp, "Capture failed: %s", qPrintable(error.message()));
-        presentAlert(QStringLiteral("Could Not Capture Screen"), error.message());
     } catch (const Error& error) {
-        qCWarning(lcApp, "Capture failed: %s", qPrintable(error.message()));
-        presentAlert(QStringLiteral("Could Not Capture Screen"), error.message());
+        failed(error.message());
+        return;
     }
+    failed(CaptureError::messageFor(CaptureError::Code::noContent));
+}
+
+void ShotFeature::failed(const QString& message)
+{
+    m_capturing = false;
+    qCWarning(lcApp, "Capture failed: %s", qPrintable(message));
+    presentAlert(QStringLiteral("Could Not Capture Screen"), message);
 }
 
 void ShotFeature::finishCapture(const QImage& image, double scale)
 {
+    m_capturing = false;
     qCInfo(lcApp, "Capture opening editor size=%dx%d", image.width(), image.height());
     ShotDocument document = ShotDocument::fromImage(image, scale);
+    ShotEditorWindow* editor = openEditor(document);
     if (m_preferences.boolean(keys::copyRawOnCapture, false)) {
-        try {
-            ShotClipboard::shared().write(ShotClipboard::renderItem(m_renderer, document, scale));
-            ShotRawClipboardTracker::shared().recordRawCopy(document, ShotClipboard::shared());
-        } catch (const Error& error) {
-            // The shot itself is fine: the editor still opens on it.
-            qCWarning(lcApp, "Raw shot not copied: %s", qPrintable(error.message()));
-        }
+        copyRaw(editor, document);
     }
-    openEditor(std::move(document));
 }
 
-void ShotFeature::closeOverlays()
+void ShotFeature::copyRaw(ShotEditorWindow* editor, const ShotDocument& document)
 {
-    for (const QPointer<ShotCaptureOverlay>& overlay : std::as_const(m_overlays)) {
-        if (overlay) {
-            overlay->close();
+    // The raw shot is encoded while the editor opens, then goes on the
+    // clipboard and to that editor, which replaces it when edited.
+    using Encoded = std::pair<QByteArray, QString>;
+    auto* watcher = new QFutureWatcher<Encoded>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this,
+            [watcher, document, guard = QPointer<ShotEditorWindow>(editor)] {
+                watcher->deleteLater();
+                const auto [png, failure] = watcher->result();
+                if (!failure.isEmpty()) {
+                    // The shot itself is fine: the editor is open on it.
+                    qCWarning(lcApp, "Raw shot not copied: %s", qPrintable(failure));
+                    return;
+                }
+                ShotClipboard& clipboard = ShotClipboard::shared();
+                clipboard.write(ShotClipboard::makeItem(png));
+                ShotRawClipboardTracker::shared().recordRawCopy(document, clipboard);
+                if (guard) {
+                    guard->output().adoptRawCopy();
+                }
+            });
+    watcher->setFuture(QtConcurrent::run([&renderer = m_renderer, document]() -> Encoded {
+        try {
+            return {ShotClipboard::encodeItem(renderer, document,
+                                              ShotExporter::defaultScale(document)),
+                    {}};
+        } catch (const Error& error) {
+            return {{}, error.message()};
         }
-    }
-    m_overlays.clear();
+    }));
 }
 
 QStringList ShotFeature::openFiles(const QStringList& files)

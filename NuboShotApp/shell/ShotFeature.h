@@ -1,8 +1,8 @@
 #pragma once
 
-#include "capture/CaptureTypes.h"
-#include "capture/xcb/XcbScreenCapturer.h"
-#include "editor/ShotEditorWindow.h"
+#include "capture/CapturePlatform.h"
+#include "capture/CaptureSelection.h"
+#include "document/ShotDocument.h"
 
 #include <QElapsedTimer>
 #include <QList>
@@ -13,28 +13,33 @@
 
 namespace nubo {
 
-class ShotCaptureOverlay;
+class ShotEditorWindow;
+class ShotOverlayController;
 class ShotPreferences;
 class ShotRenderer;
 
 // Runs still captures and opens their results, and images from files, in
-// editor windows. Main thread only.
+// editor windows. Captures run on worker threads; the tray stays
+// responsive. Main thread only.
 class ShotFeature : public QObject {
     Q_OBJECT
 public:
-    ShotFeature(std::shared_ptr<XcbScreenCapturer> capturer, ShotPreferences& preferences,
-                ShotRenderer& renderer, QObject* parent = nullptr);
+    // `platform` may be null: captures then fail with `platformProblem`.
+    ShotFeature(std::shared_ptr<CapturePlatform> platform, QString platformProblem,
+                ShotPreferences& preferences, ShotRenderer& renderer, QObject* parent = nullptr);
     ~ShotFeature() override;
 
     // A capture request as the menu, the shortcuts and automation make it.
     void capture(CaptureMode mode);
+    // A capture is under way (from the request to the editor or the alert).
+    bool isCapturing() const { return m_capturing; }
     // Opens image files (or shot archives) in editors; returns the messages
     // of those that could not be opened.
     QStringList openFiles(const QStringList& files);
     // The editors open now.
     QList<ShotEditorWindow*> editors() const;
-    // Offered for the current platform and state (scrolling comes with its session).
-    static bool isOffered(CaptureMode mode);
+    // Offered by the platform, and by this program (scrolling comes with its session).
+    bool isOffered(CaptureMode mode) const;
 
     // How failures reach the user; replaceable for tests. The default is a
     // modal alert above other windows.
@@ -44,16 +49,28 @@ signals:
     void editorOpened(ShotEditorWindow* editor);
 
 private:
+    // What a capture's worker brings back.
+    struct Frozen {
+        QList<DisplayCapture> displays;
+        QList<CapturableWindow> windows;
+        QString error; // empty on success
+        bool cancelled = false;
+    };
+    void frozen(CaptureMode mode, const Frozen& result);
+    void framed(const ShotCaptureSelection& selection);
+    void failed(const QString& message);
     ShotEditorWindow* openEditor(ShotDocument document);
-    DisplayCapture captureUnderPointer();
     void finishCapture(const QImage& image, double scale);
-    void closeOverlays();
+    void copyRaw(ShotEditorWindow* editor, const ShotDocument& document);
 
-    std::shared_ptr<XcbScreenCapturer> m_capturer;
+    std::shared_ptr<CapturePlatform> m_platform;
+    QString m_platformProblem;
     ShotPreferences& m_preferences;
     ShotRenderer& m_renderer;
     QList<QPointer<ShotEditorWindow>> m_editors;
-    QList<QPointer<ShotCaptureOverlay>> m_overlays;
+    std::unique_ptr<ShotOverlayController> m_overlay;
+    QList<DisplayCapture> m_frozen; // the displays under the overlay
+    bool m_capturing = false;
     QElapsedTimer m_requested; // for the latencies the log reports
     QElapsedTimer m_accepted;
 };

@@ -2,41 +2,34 @@
 
 #include "capture/CaptureTypes.h"
 
-#include <QObject>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
 
-class QSocketNotifier;
-
 namespace nubo {
 
+class GlobalShortcuts;
 class ShotPreferences;
 
-// Capture shortcuts that work wherever the focus is: key grabs on the X root
-// window, one per capture mode, read from "shot.shortcut.<mode>" with
-// defaults Print (fullscreen), Shift+Print (area), Alt+Print (window) and
-// Ctrl+Shift+Print (scrolling). A key another program holds is skipped and
-// reported once, never fatal.
-class ShotGlobalShortcuts : public QObject {
-    Q_OBJECT
+// The capture shortcuts that work wherever the focus is, one per capture
+// mode, read from "shot.shortcut.<mode>" with the defaults Print
+// (fullscreen), Shift+Print (area), Alt+Print (window) and Ctrl+Shift+Print
+// (scrolling), bound through the capture platform. A shortcut that cannot be
+// had is skipped and reported once, never fatal.
+class ShotGlobalShortcuts {
 public:
-    ShotGlobalShortcuts(ShotPreferences& preferences, std::function<void(CaptureMode)> capture,
-                        QObject* parent = nullptr);
-    ~ShotGlobalShortcuts() override;
+    // `shortcuts` is the platform's (null: the platform has none).
+    ShotGlobalShortcuts(std::unique_ptr<GlobalShortcuts> shortcuts, ShotPreferences& preferences,
+                        std::function<void(CaptureMode)> capture);
+    ~ShotGlobalShortcuts();
 
     static QString defaultShortcut(CaptureMode mode);
     // The shortcuts that could not be had, with the reason, in words.
     const QStringList& problems() const { return m_problems; }
 
 private:
-    struct Grab;
-    void readEvents();
-
-    std::function<void(CaptureMode)> m_capture;
-    struct Connection;
-    std::unique_ptr<Connection> m_x;
-    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::unique_ptr<GlobalShortcuts> m_shortcuts;
     QStringList m_problems;
 };
 

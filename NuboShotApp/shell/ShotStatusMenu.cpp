@@ -1,6 +1,5 @@
 #include "shell/ShotStatusMenu.h"
 
-#include "shell/ShotFeature.h"
 
 namespace nubo {
 
@@ -29,7 +28,7 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
         QAction* item = m_menu.addAction(captureTitle(mode));
         item->setData(toString(mode));
         // Modes that need parts not built yet are shown but cannot be chosen.
-        item->setEnabled(ShotFeature::isOffered(mode));
+        item->setEnabled(!m_actions.isOffered || m_actions.isOffered(mode));
         connect(item, &QAction::triggered, this, [this, mode] { m_actions.capture(mode); });
     }
     m_menu.addSeparator();

@@ -20,6 +20,8 @@ public:
         std::function<void()> openImage;
         std::function<void()> settings;
         std::function<void()> quit;
+        // Whether a capture mode can be chosen; every one when not given.
+        std::function<bool(CaptureMode)> isOffered;
     };
 
     ShotStatusMenu(Actions actions, QObject* parent = nullptr);

@@ -1,6 +1,6 @@
 #include "shell/TrayApplication.h"
 
-#include "capture/xcb/XcbScreenCapturer.h"
+#include "capture/CapturePlatform.h"
 #include "core/Logging.h"
 #include "core/Settings.h"
 #include "editor/ShotEditorWindow.h"
@@ -87,25 +87,31 @@ TrayApplication::Start TrayApplication::start()
         const QRect logical = screen->geometry();
         densities.append({QRect(logical.topLeft() * ratio, logical.size() * ratio), ratio});
     }
-    m_capturer = std::make_shared<XcbScreenCapturer>([densities](const QRect& pixels) {
-        for (const auto& [geometry, ratio] : densities) {
-            if (geometry.contains(pixels.center())) {
-                return ratio;
-            }
-        }
-        return 1.0;
-    });
+    QString platformProblem;
     try {
+        m_platform = CapturePlatformLoader::load(
+            CapturePlatformEnvironment::fromProcess(), [densities](const QRect& pixels) {
+                for (const auto& [geometry, ratio] : densities) {
+                    if (geometry.contains(pixels.center())) {
+                        return ratio;
+                    }
+                }
+                return 1.0;
+            });
+        qCInfo(lcApp) << "Capture backend:" << m_platform->name();
         // Windows' own pixels are kept from now on: exact window captures,
         // and our own windows can be painted away from captures.
-        m_capturer->keepWindowPixels();
+        m_platform->capturer()->prepareWindowPixels();
     } catch (const Error& error) {
+        // The editor and everything else still work; captures say why not.
+        platformProblem = error.message();
         qCWarning(lcApp) << "Screen capture is not available:" << error.message();
     }
     // Drag and share files from earlier sessions that nobody reads any more.
     ShotQuickSave::sweepTemporaryExports(QDateTime::currentDateTime().addSecs(-3600));
     m_preferences = std::make_unique<ShotPreferences>();
-    m_feature = std::make_unique<ShotFeature>(m_capturer, *m_preferences, ShotRenderer::shared());
+    m_feature = std::make_unique<ShotFeature>(m_platform, platformProblem, *m_preferences,
+                                              ShotRenderer::shared());
     m_menu = std::make_unique<ShotStatusMenu>(
         ShotStatusMenu::Actions{[this](CaptureMode mode) { m_feature->capture(mode); },
                                 [this] { openImage(); }, [this] { showSettings(); },
@@ -118,17 +124,24 @@ TrayApplication::Start TrayApplication::start()
                                         }
                                     }
                                     QCoreApplication::quit();
-                                }});
+                                },
+                                [this](CaptureMode mode) { return m_feature->isOffered(mode); }});
     m_tray.setContextMenu(&m_menu->menu());
+    std::unique_ptr<GlobalShortcuts> keys;
+    try {
+        keys = m_platform ? m_platform->makeGlobalShortcuts() : nullptr;
+    } catch (const Error& error) {
+        qCWarning(lcApp) << "Global shortcuts are not available:" << error.message();
+    }
     m_shortcuts = std::make_unique<ShotGlobalShortcuts>(
-        *m_preferences, [this](CaptureMode mode) { m_feature->capture(mode); });
+        std::move(keys), *m_preferences, [this](CaptureMode mode) { m_feature->capture(mode); });
     if (!m_shortcuts->problems().isEmpty()) {
         // Told once, in the tray's own bubble; the rest of the program works as before.
         m_tray.showMessage(QStringLiteral("Nubo Shot"),
                            m_shortcuts->problems().join(QLatin1Char('\n')),
                            QSystemTrayIcon::Warning, 8000);
     }
-    m_service = std::make_unique<ShotBusService>(m_capturer, *m_feature);
+    m_service = std::make_unique<ShotBusService>(m_platform, *m_feature);
     if (bus.isConnected() && !bus.registerObject(QLatin1String(GrabOverBus::path), m_service.get(),
                                                  QDBusConnection::ExportAllSlots)) {
         qCWarning(lcApp) << "Could not offer the capture service on the session bus";

@@ -8,12 +8,12 @@
 
 namespace nubo {
 
+class CapturePlatform;
 class ShotBusService;
 class ShotFeature;
 class ShotPreferences;
 class ShotGlobalShortcuts;
 class ShotStatusMenu;
-class XcbScreenCapturer;
 
 // The program as it lives in the tray: one instance per session, found by
 // its name on the session bus.
@@ -41,7 +41,7 @@ private:
     std::unique_ptr<ShotFeature> m_feature;
     std::unique_ptr<ShotStatusMenu> m_menu;
     std::unique_ptr<ShotGlobalShortcuts> m_shortcuts;
-    std::shared_ptr<XcbScreenCapturer> m_capturer;
+    std::shared_ptr<CapturePlatform> m_platform;
     std::unique_ptr<ShotBusService> m_service;
 };
 

@@ -4,6 +4,7 @@
 #include "output/ShotBottomBar.h"
 #include "output/ShotClipboard.h"
 #include "output/ShotOutput.h"
+#include "output/ShotOutputActions.h"
 #include "output/ShotRawClipboardTracker.h"
 #include "output/ShotSaveOptions.h"
 #include "render/ShotRenderer.h"
@@ -55,7 +56,7 @@ protected:
     void TearDown() override
     {
         if (m_window) {
-            ShotRawClipboardTracker::shared().forget(&m_window->model());
+            ShotRawClipboardTracker::shared().forget(m_window.get());
         }
     }
 
@@ -93,6 +94,7 @@ TEST_F(Output, CopiedShotReadsBackFromAnotherProcess)
     test::saveArtifact(window.grab().toImage(), QStringLiteral("editor-with-output-bar.png"));
     run(QStringLiteral("xdotool"), {"key", "ctrl+c"});
     settle();
+    ASSERT_TRUE(outputDone(window));
 
     const QByteArray png =
         run(QStringLiteral("xclip"), {"-selection", "clipboard", "-t", "image/png", "-o"});
@@ -135,10 +137,10 @@ TEST_F(Output, CloseAfterFollowsTheSettingAltAndThePin)
             m_preferences->setValue(closeAfterKey(c.action), c.setting);
         }
         ShotEditorWindow& window = open();
-        window.bottomBar().pinButton()->setChecked(c.pinned);
+        window.output().bar().pinButton()->setChecked(c.pinned);
         QWidget* button = c.action == ShotOutputAction::copy
-                              ? static_cast<QWidget*>(window.bottomBar().copyButton())
-                              : window.bottomBar().saveButton();
+                              ? static_cast<QWidget*>(window.output().bar().copyButton())
+                              : window.output().bar().saveButton();
         if (c.alt) {
             // Alt-clicks belong to the window manager here: the keys hold Alt instead.
             run(QStringLiteral("xdotool"),
@@ -147,6 +149,7 @@ TEST_F(Output, CloseAfterFollowsTheSettingAltAndThePin)
         } else {
             click(button);
         }
+        ASSERT_TRUE(outputDone(window));
         EXPECT_EQ(!window.isVisible(), c.closes);
         EXPECT_TRUE(window.model().isOutputCurrent());
     }
@@ -158,16 +161,16 @@ TEST_F(Output, NothingClosesWhenTheEditorMovedOn)
     ShotEditorWindow& window = open();
     const ShotDocument output = window.model().document();
     addArrow(window);
-    EXPECT_FALSE(finishOutput(window, output, ShotOutputAction::copy, {}, true, *m_preferences));
+    EXPECT_FALSE(finishOutput(window, output, ShotOutputAction::copy, {}, true, false, *m_preferences));
     EXPECT_TRUE(window.isVisible());
     EXPECT_FALSE(window.model().isOutputCurrent());
 
     // A text being typed keeps the editor open as well.
     const ShotDocument now = window.model().document();
     window.model().setEditingText(true);
-    EXPECT_FALSE(finishOutput(window, now, ShotOutputAction::copy, {}, true, *m_preferences));
+    EXPECT_FALSE(finishOutput(window, now, ShotOutputAction::copy, {}, true, false, *m_preferences));
     window.model().setEditingText(false);
-    EXPECT_TRUE(finishOutput(window, now, ShotOutputAction::copy, {}, true, *m_preferences));
+    EXPECT_TRUE(finishOutput(window, now, ShotOutputAction::copy, {}, true, false, *m_preferences));
     EXPECT_FALSE(window.isVisible());
 }
 
@@ -177,6 +180,7 @@ TEST_F(Output, QuickSavesNeverOverwriteEachOther)
     open();
     run(QStringLiteral("xdotool"), {"key", "ctrl+s", "key", "ctrl+s"});
     settle(300);
+    ASSERT_TRUE(outputDone(*m_window));
     const QStringList files = saved();
     ASSERT_EQ(files.size(), 2) << files.join(u',').toStdString();
     for (const QString& file : files) {
@@ -195,7 +199,7 @@ TEST_F(Output, QuickSavesNeverOverwriteEachOther)
     EXPECT_TRUE(history.contains(QFileInfo(files[1]).fileName().toUtf8()))
         << history.left(2000).toStdString();
     // No portal runs in this session: sharing is not offered rather than broken.
-    EXPECT_FALSE(m_window->bottomBar().shareButton()->isVisible());
+    EXPECT_FALSE(m_window->output().bar().shareButton()->isVisible());
 }
 
 TEST_F(Output, SaveAsWritesTheChosenFormatUnderTheChosenName)
@@ -229,7 +233,8 @@ TEST_F(Output, SaveAsWritesTheChosenFormatUnderTheChosenName)
             }
             QMetaObject::invokeMethod(dialog, "accept");
         });
-        window.saveAs();
+        window.output().saveAs();
+        ASSERT_TRUE(outputDone(window));
         QFile file(m_dir.filePath(QStringLiteral("saved/chosen.") + fileExtension(c.format)));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly));
         EXPECT_EQ(file.read(16).mid(c.offset, c.magic.size()), c.magic);
@@ -252,8 +257,8 @@ TEST_F(Output, DragsCopiesToAnotherProgramAndClosesOnceAccepted)
 
     // Drags the handle onto the other program's window with real input.
     const auto dragOnce = [&](ShotEditorWindow& window) {
-        const QPoint from = window.bottomBar().dragHandle()->mapToGlobal(
-            window.bottomBar().dragHandle()->rect().center());
+        const QPoint from = window.output().bar().dragHandle()->mapToGlobal(
+            window.output().bar().dragHandle()->rect().center());
         run(QStringLiteral("xdotool"), {"mousemove",
                                         QString::number(from.x()),
                                         QString::number(from.y()),
@@ -341,7 +346,8 @@ TEST_F(Output, ClosingUnsavedChangesAsksFirst)
             addArrow(window);
         }
         if (c.copiedAfter) {
-            ASSERT_TRUE(window.copyShot({}));
+            window.output().copy({});
+            ASSERT_TRUE(outputDone(window));
         }
         bool asked = false;
         QTimer::singleShot(300, [&] {
@@ -388,8 +394,8 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
 {
     ShotRawClipboardTracker& tracker = ShotRawClipboardTracker::shared();
     ShotClipboard& clipboard = ShotClipboard::shared();
-    tracker.renderClipboardItem = [this](const ShotDocument& shot, double scale) {
-        return ShotClipboard::renderItem(m_renderer, shot, scale);
+    tracker.encodeClipboardItem = [this](const ShotDocument& shot, double scale) {
+        return ShotClipboard::encodeItem(m_renderer, shot, scale);
     };
     for (const bool userCopiedText : {false, true}) {
         SCOPED_TRACE(userCopiedText ? "text copied meanwhile" : "raw shot still there");
@@ -402,20 +408,20 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
 
         m_window = std::make_unique<ShotEditorWindow>(shot, *m_preferences, m_renderer);
         ShotEditorWindow& window = *m_window;
-        tracker.adoptForEditor(&window.model());
+        tracker.adoptForEditor(&window);
         if (userCopiedText) {
             run(QStringLiteral("xclip"), {"-selection", "clipboard", "-i"}, "someone else's text");
             settle(300);
         }
-        int notices = 0;
-        tracker.presentNotice = [&](const QString& text) {
-            EXPECT_EQ(text, QStringLiteral("Clipboard still holds the original screenshot"));
-            ++notices;
-        };
+        // The first edit says so in the editor, once.
         addArrow(window);
-        tracker.noticeIfStillRaw(&window.model());
-        tracker.noticeIfStillRaw(&window.model());
-        EXPECT_EQ(notices, userCopiedText ? 0 : 1);
+        EXPECT_EQ(window.lastNotice() ==
+                      QStringLiteral("Clipboard still holds the original screenshot"),
+                  !userCopiedText);
+        int later = 0;
+        tracker.presentNotice = [&](const QString&) { ++later; };
+        tracker.noticeIfStillRaw(&window);
+        EXPECT_EQ(later, 0);
 
         window.show();
         window.close();
@@ -433,7 +439,7 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
                 0);
             EXPECT_TRUE(window.model().isOutputCurrent());
         }
-        EXPECT_FALSE(tracker.holdsCapture(&window.model()));
+        EXPECT_FALSE(tracker.holdsCapture(&window));
     }
 }
 

@@ -1,3 +1,5 @@
+#include "capture/CaptureSelection.h"
+#include "capture/xcb/XcbRegionStream.h"
 #include "capture/xcb/XcbScreenCapturer.h"
 #include "support/Process.h"
 #include "support/QtPrinters.h"
@@ -98,6 +100,7 @@ protected:
         }
     }
     XcbScreenCapturer capturer;
+    XcbRegionStreaming streaming{{}, {}};
 };
 
 TEST_F(Capture, OffersOnlyWindowsAUserWouldPick)
@@ -150,7 +153,7 @@ TEST_F(Capture, OffersOnlyWindowsAUserWouldPick)
 
 TEST_F(Capture, CoveredWindowsShowTheirOwnPixels)
 {
-    // Without keepWindowPixels(): the first window capture redirects the
+    // Without prepareWindowPixels(): the first window capture redirects the
     // windows itself and waits for them to be drawn.
     TestWindow below({"--geometry", "200x150+100+500", "--color", "ff0000", "--undecorated"});
     ASSERT_TRUE(waitUntil([&] { return isListed(capturer, below.id); }));
@@ -187,7 +190,7 @@ TEST_F(Capture, AWindowThatIsGoneHasNoContent)
 
 TEST_F(Capture, OurOwnWindowsNeverShow)
 {
-    capturer.keepWindowPixels(); // as the tray application does at start
+    capturer.prepareWindowPixels(); // as the tray application does at start
     TestWindow under({"--geometry", "300x200+900+300", "--color", "ff0000", "--undecorated"});
     ASSERT_TRUE(waitUntil([&] { return isListed(capturer, under.id); }));
 
@@ -211,10 +214,9 @@ TEST_F(Capture, OurOwnWindowsNeverShow)
     const QImage display = capturer.captureDisplays().first().image;
     test::saveArtifact(display, QStringLiteral("capture-without-own-window.png"));
     EXPECT_TRUE(allOf(display, QColor(255, 0, 0), QRect(950, 350, 150, 100)));
-    ScreenCaptureRegion region{QRect(0, 0, 100, 100), QRectF(975, 375, 100, 100),
-                               QRectF(975, 375, 100, 100)};
-    EXPECT_TRUE(
-        allOf(capturer.captureRegion(capturer.monitors().first().id, region), QColor(255, 0, 0)));
+    const ScreenSpace space = capturer.displays().first().space;
+    const ScreenCaptureRegion region = captureRegion(space, QRectF(975, 375, 100, 100));
+    EXPECT_TRUE(allOf(capturer.captureRegion(space.displayID, region), QColor(255, 0, 0)));
     // The user still sees it.
     EXPECT_EQ(screen->grabWindow(0, 1000, 400, 1, 1).toImage().pixelColor(0, 0),
               QColor(255, 0, 255));
@@ -227,7 +229,7 @@ TEST_F(Capture, OurWindowEmbeddedInAnotherDoesNotMakeItOurs)
 {
     // Like our tray icon inside the panel: a window of ours inside another
     // client's window. The other window must stay in captures.
-    capturer.keepWindowPixels();
+    capturer.prepareWindowPixels();
     // An unframed host, as a panel may be: our window is its direct child.
     TestWindow host({"--geometry", "200x100+1300+200", "--color", "00ff00", "--override"});
     QThread::msleep(100); // override-redirect windows are never listed: just wait
@@ -263,7 +265,7 @@ TEST_F(Capture, MonitorsAreDisplaysAndSpanningWindowsAreFree)
         process.waitForFinished(5000);
         return process.exitCode() == 0;
     };
-    const auto original = capturer.monitors();
+    const auto original = capturer.displays();
     ASSERT_TRUE(xrandr({"--setmonitor", "nubo-left", "960/254x1080/286+0+0", "none"}));
     ASSERT_TRUE(xrandr({"--setmonitor", "nubo-right", "960/254x1080/286+960+0", "none"}));
     struct Restore {
@@ -274,8 +276,8 @@ TEST_F(Capture, MonitorsAreDisplaysAndSpanningWindowsAreFree)
         xrandr({"--delmonitor", "nubo-right"});
     }};
     QList<QRect> geometries;
-    for (const auto& m : capturer.monitors()) {
-        geometries << m.geometry;
+    for (const auto& m : capturer.displays()) {
+        geometries << m.pixelGeometry;
     }
     EXPECT_TRUE(geometries.contains(QRect(0, 0, 960, 1080)));
     EXPECT_TRUE(geometries.contains(QRect(960, 0, 960, 1080)));
@@ -284,9 +286,9 @@ TEST_F(Capture, MonitorsAreDisplaysAndSpanningWindowsAreFree)
     TestWindow across({"--geometry", "200x100+860+700", "--color", "00ffff", "--undecorated"});
     ASSERT_TRUE(waitUntil([&] { return isListed(capturer, across.id); }));
     QList<std::pair<quint32, QRectF>> bounds;
-    for (const auto& m : capturer.monitors()) {
-        if (m.geometry.width() == 960) {
-            bounds.append({m.id, QRectF(m.geometry)});
+    for (const auto& m : capturer.displays()) {
+        if (m.pixelGeometry.width() == 960) {
+            bounds.append({m.id, QRectF(m.pixelGeometry)});
         }
     }
     EXPECT_EQ(WindowCaptureFraming::forWindow({860, 700, 200, 100}, bounds),
@@ -307,10 +309,10 @@ TEST_F(Capture, RegionStreamsDeliverFramesUntilStopped)
 {
     TestWindow window({"--geometry", "200x100+40+700", "--color", "ff8000", "--undecorated"});
     ASSERT_TRUE(waitUntil([&] { return isListed(capturer, window.id); }));
-    const quint32 display = capturer.monitors().first().id;
-    const ScreenCaptureRegion region{QRect(0, 0, 100, 50), QRectF(60, 720, 100, 50),
-                                     QRectF(60, 720, 100, 50)};
-    auto stream = capturer.streamRegion(display, region);
+    const ScreenSpace space = capturer.displays().first().space;
+    const quint32 display = space.displayID;
+    const ScreenCaptureRegion region = captureRegion(space, QRectF(60, 720, 100, 50));
+    auto stream = streaming.streamRegion(display, region);
     for (int i = 0; i < 5; ++i) {
         const auto frame = stream->next();
         ASSERT_TRUE(frame.has_value());
@@ -323,8 +325,10 @@ TEST_F(Capture, RegionStreamsDeliverFramesUntilStopped)
     EXPECT_EQ(stream->next(), std::nullopt);
     stream.reset();
     EXPECT_LT(stopping.elapsed(), 500);
-    const ScreenCaptureRegion outside{QRect(0, 0, 10, 10), QRectF(5000, 5000, 10, 10), QRectF()};
-    EXPECT_THROW(capturer.streamRegion(display, outside), CaptureError);
+    const ScreenCaptureRegion outside{QRect(5000, 5000, 10, 10), QRectF(5000, 5000, 10, 10),
+                                      QRectF()};
+    EXPECT_THROW(streaming.streamRegion(display, outside), CaptureError);
+    EXPECT_THROW(captureRegion(space, QRectF(5000, 5000, 10, 10)), CaptureError);
 }
 
 TEST_F(Capture, GrabCommandsWriteWhatIsOnScreen)

@@ -2,6 +2,7 @@
 
 #include "core/Settings.h"
 #include "editor/ShotEditorWindow.h"
+#include "output/ShotOutputActions.h"
 #include "render/ShotRenderer.h"
 #include "support/LiveProcess.h"
 
@@ -43,6 +44,19 @@ protected:
         }
         xdotool({"windowactivate", "--sync", QString::number(m_window->winId())});
         return *m_window;
+    }
+
+    // Handles events until the editor's outputs are done; false when they
+    // are still under way after ten seconds.
+    static bool outputDone(ShotEditorWindow& window)
+    {
+        const QDeadlineTimer deadline(10000);
+        while (window.output().isBusy() && !deadline.hasExpired()) {
+            QApplication::processEvents();
+            QThread::msleep(5);
+        }
+        QApplication::processEvents();
+        return !window.output().isBusy();
     }
 
     QTemporaryDir m_dir;

@@ -1,4 +1,5 @@
-#include "capture/CaptureTypes.h"
+#include "capture/ShotScreenRecordingAccess.h"
+#include "capture/WindowCaptureFilter.h"
 #include "support/QtPrinters.h"
 
 #include <functional>
@@ -134,7 +135,7 @@ TEST(ShotScreenRecordingAccess, DecidesFromItsInputsInOrder)
         {false, true, false, true, S::restartRequired, false, 1},
     };
     for (const Case& c : cases) {
-        ShotScreenRecordingAccess access;
+        ShotScreenRecordingAccess access({});
         access.verifiedLiveGrant = true;
         int probes = 0, liveCalls = 0;
         access.cgPreflight = [&] {

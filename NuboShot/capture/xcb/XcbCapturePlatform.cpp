@@ -1,0 +1,44 @@
+#include "capture/xcb/XcbCapturePlatform.h"
+
+#include "capture/xcb/XcbGlobalShortcuts.h"
+#include "capture/xcb/XcbRegionStream.h"
+#include "capture/xcb/XcbScreenCapturer.h"
+
+namespace nubo {
+
+XcbCapturePlatform::XcbCapturePlatform(QByteArray displayName, ScaleLookup scale)
+    : m_displayName(std::move(displayName)),
+      m_capturer(std::make_shared<XcbScreenCapturer>(m_displayName, scale)),
+      m_streaming(std::make_shared<XcbRegionStreaming>(m_displayName, scale))
+{
+    m_capturer->connect();
+}
+
+XcbCapturePlatform::~XcbCapturePlatform() = default;
+
+CapturePlatformFeatures XcbCapturePlatform::features() const
+{
+    return {{CaptureMode::area, CaptureMode::window, CaptureMode::fullscreen,
+             CaptureMode::scrolling},
+            true,
+            true,
+            true,
+            false};
+}
+
+std::shared_ptr<ScreenCapturing> XcbCapturePlatform::capturer()
+{
+    return m_capturer;
+}
+
+std::shared_ptr<ScreenRegionStreaming> XcbCapturePlatform::regionStreaming()
+{
+    return m_streaming;
+}
+
+std::unique_ptr<GlobalShortcuts> XcbCapturePlatform::makeGlobalShortcuts()
+{
+    return std::make_unique<XcbGlobalShortcuts>(m_displayName);
+}
+
+} // namespace nubo

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "capture/CapturePlatform.h"
+
+#include <QByteArray>
+
+namespace nubo {
+
+class XcbScreenCapturer;
+class XcbRegionStreaming;
+
+// The X11 backend: still captures, region streams and key grabs, each over
+// its own connection to the same display.
+class XcbCapturePlatform : public CapturePlatform {
+public:
+    // Connects at once; throws CaptureError naming the display when it
+    // cannot be reached.
+    XcbCapturePlatform(QByteArray displayName, ScaleLookup scale);
+    ~XcbCapturePlatform() override;
+
+    QString name() const override { return QStringLiteral("x11"); }
+    CapturePlatformFeatures features() const override;
+    std::shared_ptr<ScreenCapturing> capturer() override;
+    std::shared_ptr<ScreenRegionStreaming> regionStreaming() override;
+    std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override;
+
+private:
+    QByteArray m_displayName;
+    std::shared_ptr<XcbScreenCapturer> m_capturer;
+    std::shared_ptr<XcbRegionStreaming> m_streaming;
+};
+
+} // namespace nubo

@@ -1,0 +1,257 @@
+#include "capture/xcb/XcbConnection.h"
+
+#include "capture/CaptureTypes.h"
+#include "core/Logging.h"
+
+#include <sys/ipc.h>
+#include <sys/shm.h>
+#include <thread>
+#include <xcb/composite.h>
+#include <xcb/shape.h>
+#include <xcb/shm.h>
+
+namespace nubo {
+
+namespace {
+
+const char* const atomNames[] = {
+    "_NET_CLIENT_LIST_STACKING",
+    "_NET_WM_NAME",
+    "UTF8_STRING",
+    "_NET_WM_PID",
+    "_NET_WM_WINDOW_TYPE",
+    "_NET_WM_STATE",
+    "_NET_WM_STATE_HIDDEN",
+    "_NET_WM_STATE_ABOVE",
+    "_NET_WM_STATE_BELOW",
+    "_NET_WM_WINDOW_OPACITY",
+    "_NET_WORKAREA",
+    "_XROOTPMAP_ID",
+    "WM_STATE",
+};
+static_assert(std::size(atomNames) == XcbConnection::atomCount);
+
+QString errorText(const xcb_generic_error_t* error)
+{
+    return QStringLiteral("X error %1 (request %2.%3)")
+        .arg(error->error_code)
+        .arg(error->major_code)
+        .arg(error->minor_code);
+}
+
+// Errors that mean the window is gone or cannot be drawn any more.
+bool windowGone(const xcb_generic_error_t* error)
+{
+    return error->error_code == XCB_WINDOW || error->error_code == XCB_DRAWABLE ||
+           error->error_code == XCB_MATCH || error->error_code == XCB_PIXMAP;
+}
+
+} // namespace
+
+XcbConnection::XcbConnection(const QByteArray& displayName)
+{
+    int screenNumber = 0;
+    c = xcb_connect(displayName.isEmpty() ? nullptr : displayName.constData(), &screenNumber);
+    if (xcb_connection_has_error(c)) {
+        xcb_disconnect(c);
+        c = nullptr;
+        const QByteArray shown = displayName.isEmpty() ? qgetenv("DISPLAY") : displayName;
+        throw CaptureError(
+            CaptureError::Code::noContent,
+            shown.isEmpty()
+                ? QStringLiteral("no X display is set (DISPLAY is empty)")
+                : QStringLiteral("the X display \u201c%1\u201d cannot be reached")
+                      .arg(QString::fromLocal8Bit(shown)));
+    }
+    xcb_screen_iterator_t it = xcb_setup_roots_iterator(xcb_get_setup(c));
+    for (int i = 0; i < screenNumber && it.rem; ++i) {
+        xcb_screen_next(&it);
+    }
+    screen = it.data;
+    root = screen->root;
+    xcb_intern_atom_cookie_t cookies[atomCount];
+    for (int i = 0; i < atomCount; ++i) {
+        cookies[i] = xcb_intern_atom(c, 0, uint16_t(strlen(atomNames[i])), atomNames[i]);
+    }
+    for (int i = 0; i < atomCount; ++i) {
+        auto r = xcbReply(xcb_intern_atom_reply(c, cookies[i], nullptr));
+        atoms[i] = r ? r->atom : xcb_atom_t(XCB_ATOM_NONE);
+    }
+    shm = xcb_get_extension_data(c, &xcb_shm_id) && xcb_get_extension_data(c, &xcb_shm_id)->present;
+    shape = xcb_get_extension_data(c, &xcb_shape_id) &&
+            xcb_get_extension_data(c, &xcb_shape_id)->present;
+    const auto* compositeData = xcb_get_extension_data(c, &xcb_composite_id);
+    if (compositeData && compositeData->present) {
+        auto version = xcbReply(
+            xcb_composite_query_version_reply(c, xcb_composite_query_version(c, 0, 4), nullptr));
+        composite = version && (version->major_version > 0 || version->minor_version >= 2);
+    }
+    if (!composite) {
+        qCWarning(lcCapture)
+            << "The X server has no Composite extension: covered windows cannot be captured";
+    }
+}
+
+XcbConnection::~XcbConnection()
+{
+    releaseSegment();
+    xcb_disconnect(c);
+}
+
+void XcbConnection::redirect()
+{
+    if (!composite || redirected.isValid()) {
+        return;
+    }
+    if (xcbReply(xcb_request_check(c, xcb_composite_redirect_subwindows_checked(
+                                          c, root, XCB_COMPOSITE_REDIRECT_AUTOMATIC)))) {
+        composite = false;
+        return;
+    }
+    redirected.start();
+}
+
+void XcbConnection::releaseSegment()
+{
+    if (m_shmData) {
+        xcb_shm_detach(c, m_shmSeg);
+        shmdt(m_shmData);
+        m_shmData = nullptr;
+        m_shmSize = 0;
+    }
+}
+
+bool XcbConnection::segment(size_t size)
+{
+    if (!shm) {
+        return false;
+    }
+    if (m_shmData && m_shmSize >= size) {
+        return true;
+    }
+    releaseSegment();
+    m_shmId = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
+    if (m_shmId < 0) {
+        shm = false;
+        return false;
+    }
+    m_shmData = static_cast<uint8_t*>(shmat(m_shmId, nullptr, 0));
+    shmctl(m_shmId, IPC_RMID, nullptr); // freed when both sides detach
+    if (m_shmData == reinterpret_cast<uint8_t*>(-1)) {
+        m_shmData = nullptr;
+        shm = false;
+        return false;
+    }
+    // Touch the new segment on two threads, so that the server finds its
+    // pages already there instead of faulting them in one by one.
+    const size_t half = size / 2 / 4096 * 4096;
+    std::thread second([this, half, size] { std::memset(m_shmData + half, 0, size - half); });
+    std::memset(m_shmData, 0, half);
+    second.join();
+    m_shmSeg = xcb_generate_id(c);
+    if (xcbReply(xcb_request_check(c, xcb_shm_attach_checked(c, m_shmSeg, uint32_t(m_shmId), 0)))) {
+        shmdt(m_shmData);
+        m_shmData = nullptr;
+        shm = false;
+        return false;
+    }
+    m_shmSize = size;
+    return true;
+}
+
+QString XcbConnection::atomName(xcb_atom_t atom)
+{
+    if (auto it = m_atomNames.find(atom); it != m_atomNames.end()) {
+        return *it;
+    }
+    auto r = xcbReply(xcb_get_atom_name_reply(c, xcb_get_atom_name(c, atom), nullptr));
+    const QString name = r ? QString::fromLatin1(xcb_get_atom_name_name(r.get()),
+                                                 xcb_get_atom_name_name_length(r.get()))
+                           : QString();
+    m_atomNames.insert(atom, name);
+    return name;
+}
+
+QByteArray XcbConnection::property(xcb_window_t window, xcb_atom_t atom, xcb_atom_t type,
+                                   uint32_t longs)
+{
+    auto r = xcbReply(
+        xcb_get_property_reply(c, xcb_get_property(c, 0, window, atom, type, 0, longs), nullptr));
+    if (!r || r->type == XCB_ATOM_NONE) {
+        return {};
+    }
+    return QByteArray(static_cast<const char*>(xcb_get_property_value(r.get())),
+                      xcb_get_property_value_length(r.get()));
+}
+
+std::optional<quint32> XcbConnection::cardinal(xcb_window_t window, xcb_atom_t atom)
+{
+    const auto list = values<quint32>(window, atom, XCB_ATOM_CARDINAL);
+    return list.isEmpty() ? std::nullopt : std::optional(list.first());
+}
+
+std::optional<xcb_window_t> XcbConnection::topLevel(xcb_window_t window)
+{
+    for (int depth = 0; depth < 64; ++depth) {
+        auto tree = xcbReply(xcb_query_tree_reply(c, xcb_query_tree(c, window), nullptr));
+        if (!tree) {
+            return std::nullopt;
+        }
+        if (tree->parent == root || tree->parent == XCB_WINDOW_NONE) {
+            return window;
+        }
+        window = tree->parent;
+    }
+    return std::nullopt;
+}
+
+std::optional<std::pair<QRect, uint8_t>> XcbConnection::geometry(xcb_window_t window)
+{
+    auto g = xcbReply(xcb_get_geometry_reply(c, xcb_get_geometry(c, window), nullptr));
+    if (!g) {
+        return std::nullopt;
+    }
+    auto t = xcbReply(xcb_translate_coordinates_reply(
+        c, xcb_translate_coordinates(c, window, root, 0, 0), nullptr));
+    const int bw = g->border_width;
+    const QPoint origin = t ? QPoint(t->dst_x - bw, t->dst_y - bw) : QPoint(g->x, g->y);
+    return std::pair(QRect(origin, QSize(g->width + 2 * bw, g->height + 2 * bw)), g->depth);
+}
+
+QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t depth)
+{
+    const QImage::Format format =
+        depth == 32 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    const size_t size = size_t(rect.width()) * size_t(rect.height()) * 4;
+    xcb_generic_error_t* error = nullptr;
+    if (segment(size)) {
+        auto r = xcbReply(xcb_shm_get_image_reply(
+            c,
+            xcb_shm_get_image(c, drawable, int16_t(rect.x()), int16_t(rect.y()),
+                              uint16_t(rect.width()), uint16_t(rect.height()), ~0u,
+                              XCB_IMAGE_FORMAT_Z_PIXMAP, m_shmSeg, 0),
+            &error));
+        if (r) {
+            return QImage(m_shmData, rect.width(), rect.height(), rect.width() * 4, format);
+        }
+    } else {
+        auto r = xcbReply(xcb_get_image_reply(
+            c,
+            xcb_get_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, drawable, int16_t(rect.x()),
+                          int16_t(rect.y()), uint16_t(rect.width()), uint16_t(rect.height()), ~0u),
+            &error));
+        if (r) {
+            QImage wrapped(xcb_get_image_data(r.get()), rect.width(), rect.height(),
+                           rect.width() * 4, format);
+            return wrapped.copy(); // the reply is freed on return
+        }
+    }
+    const auto owned = xcbReply(error);
+    if (owned && windowGone(owned.get())) {
+        throw CaptureError(CaptureError::Code::noContent, QStringLiteral("the window is gone"));
+    }
+    throw Error(QStringLiteral("The screen could not be read: %1.")
+                    .arg(owned ? errorText(owned.get()) : QStringLiteral("no reply")));
+}
+
+} // namespace nubo

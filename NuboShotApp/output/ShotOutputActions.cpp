@@ -1,0 +1,370 @@
+#include "output/ShotOutputActions.h"
+
+#include "core/Error.h"
+#include "core/Logging.h"
+#include "core/Settings.h"
+#include "export/ShotExporter.h"
+#include "export/ShotFileName.h"
+#include "export/ShotQuickSave.h"
+#include "output/ShotBottomBar.h"
+#include "output/ShotClipboard.h"
+#include "output/ShotNotifications.h"
+#include "output/ShotOutputHost.h"
+#include "output/ShotRawClipboardTracker.h"
+#include "output/ShotSaveOptions.h"
+#include "output/ShotShare.h"
+
+#include <QDrag>
+#include <QFileDialog>
+#include <QFutureWatcher>
+#include <QGuiApplication>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QThread>
+#include <QTimeZone>
+#include <QToolButton>
+#include <QUrl>
+#include <QtConcurrent>
+
+namespace nubo {
+
+namespace {
+
+void assertMainThread()
+{
+    Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
+}
+
+// Runs `work`, turning an Error into the failure it reports.
+template <class Work> auto guarded(Work work)
+{
+    return [work = std::move(work)]() {
+        try {
+            return work();
+        } catch (const Error& error) {
+            decltype(work()) failed;
+            failed.error = error.message();
+            return failed;
+        }
+    };
+}
+
+} // namespace
+
+ShotOutputActions::ShotOutputActions(ShotOutputHost& host, ShotPreferences& preferences,
+                                     ShotRenderer& renderer, QObject* parent)
+    : QObject(parent), m_host(host), m_preferences(preferences), m_renderer(renderer),
+      m_bar(new ShotBottomBar(host.outputWindow()))
+{
+    presentFailure = [this](const QString& title, const QString& message) {
+        QMessageBox box(QMessageBox::Warning, title, message, QMessageBox::Ok,
+                        m_host.outputWindow());
+        box.setWindowModality(Qt::WindowModal);
+        box.exec();
+    };
+    connect(m_bar, &ShotBottomBar::copyRequested, this,
+            [this] { copy(QGuiApplication::queryKeyboardModifiers()); });
+    connect(m_bar, &ShotBottomBar::quickSaveRequested, this,
+            [this] { quickSave(QGuiApplication::queryKeyboardModifiers()); });
+    connect(m_bar, &ShotBottomBar::saveAsRequested, this, &ShotOutputActions::saveAs);
+    connect(m_bar->dragHandle(), &ShotDragHandle::pressed, this, &ShotOutputActions::prepareDrag);
+    connect(m_bar, &ShotBottomBar::dragRequested, this, &ShotOutputActions::dragOut);
+    connect(m_bar, &ShotBottomBar::shareRequested, this, &ShotOutputActions::share);
+    // Without a portal there is nobody to share with: no button then.
+    m_bar->setShareAvailable(ShotShare::isAvailable());
+
+    ShotRawClipboardTracker& tracker = ShotRawClipboardTracker::shared();
+    tracker.encodeClipboardItem = [&renderer](const ShotDocument& shot, double scale) {
+        return ShotClipboard::encodeItem(renderer, shot, scale);
+    };
+    tracker.adoptForEditor(&m_host);
+}
+
+ShotOutputActions::~ShotOutputActions()
+{
+    ShotRawClipboardTracker::shared().forget(&m_host);
+}
+
+QWidget* ShotOutputActions::barWidget()
+{
+    return m_bar;
+}
+
+bool ShotOutputActions::isPinned() const
+{
+    return m_bar->isPinned();
+}
+
+void ShotOutputActions::fail(const QString& title, const QString& message)
+{
+    qCWarning(lcApp, "%s: %s", qPrintable(title), qPrintable(message));
+    presentFailure(title, message);
+}
+
+void ShotOutputActions::submit(std::function<Made()> work,
+                               std::function<void(const Made&)> finished)
+{
+    assertMainThread();
+    m_queue.append({std::move(work), std::move(finished)});
+    if (!m_running) {
+        startNext();
+    }
+}
+
+void ShotOutputActions::startNext()
+{
+    if (m_queue.isEmpty()) {
+        m_running = false;
+        emit idle();
+        return;
+    }
+    m_running = true;
+    Job job = m_queue.takeFirst();
+    auto* watcher = new QFutureWatcher<Made>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this,
+            [this, watcher, finished = std::move(job.finished)] {
+                watcher->deleteLater();
+                finished(watcher->result());
+                startNext();
+            });
+    watcher->setFuture(QtConcurrent::run(guarded(std::move(job.work))));
+}
+
+void ShotOutputActions::finishFor(const ShotDocument& output, ShotOutputAction action,
+                                  Qt::KeyboardModifiers modifiers)
+{
+    finishOutput(m_host, output, action, modifiers, true, isPinned(), m_preferences);
+}
+
+void ShotOutputActions::copy(Qt::KeyboardModifiers modifiers)
+{
+    const ShotDocument output = m_host.outputDocument();
+    const double scale = ShotExporter::defaultScale(output);
+    ShotRenderer& renderer = m_renderer;
+    submit(
+        [&renderer, output, scale] {
+            return Made{ShotClipboard::encodeItem(renderer, output, scale), {}, {}, {}};
+        },
+        [this, output, scale, modifiers](const Made& made) {
+            if (!made.error.isEmpty()) {
+                fail(QStringLiteral("Could Not Copy Screenshot"), made.error);
+                return;
+            }
+            ShotClipboard::shared().write(ShotClipboard::makeItem(made.bytes));
+            qCInfo(lcApp, "Editor copied the shot");
+            // The clipboard now holds this editor's shot, not the raw capture.
+            ShotRawClipboardTracker::shared().forget(&m_host);
+            emit shotOutput({ShotOutputKind::copy, output, scale, ShotFormat::png, {}});
+            finishFor(output, ShotOutputAction::copy, modifiers);
+        });
+}
+
+void ShotOutputActions::quickSave(Qt::KeyboardModifiers modifiers)
+{
+    const ShotDocument output = m_host.outputDocument();
+    const double scale = ShotExporter::defaultScale(output);
+    QString folder;
+    try {
+        folder = ShotQuickSave::folder(m_preferences);
+    } catch (const Error& error) {
+        fail(QStringLiteral("Could Not Save Screenshot"), error.message());
+        return;
+    }
+    const ShotFormat format = ShotQuickSave::format(m_preferences);
+    const QDateTime now = QDateTime::currentDateTime();
+    submit(
+        [folder, format, output, scale, now] {
+            return Made{{}, ShotQuickSave::saveInto(folder, format, output, scale, now), {}, {}};
+        },
+        [this, output, scale, format, modifiers](const Made& made) {
+            if (!made.error.isEmpty()) {
+                fail(QStringLiteral("Could Not Save Screenshot"), made.error);
+                return;
+            }
+            qCInfo(lcApp, "Editor saved the shot to %s", qPrintable(made.file));
+            ShotNotifications::shared().notifySaved(made.file);
+            m_host.showNotice(ShotNotifications::shared().lastMessage());
+            emit shotOutput({ShotOutputKind::quickSave, output, scale, format, made.file});
+            finishFor(output, ShotOutputAction::save, modifiers);
+        });
+}
+
+void ShotOutputActions::saveAs()
+{
+    const ShotDocument output = m_host.outputDocument();
+    ShotSaveOptions initial;
+    initial.format = ShotQuickSave::format(m_preferences);
+    initial.scale = ShotExporter::defaultScale(output);
+    QString folder;
+    try {
+        folder = ShotQuickSave::folder(m_preferences);
+    } catch (const Error&) {
+        // The dialog opens wherever it likes instead.
+    }
+    QFileDialog dialog(m_host.outputWindow(), QStringLiteral("Save As"), folder);
+    ShotSaveDialog options(dialog, initial);
+    dialog.selectFile(ShotFileName::make(QDateTime::currentDateTime(), initial.format,
+                                         QTimeZone::systemTimeZone()));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return;
+    }
+    const ShotSaveOptions chosen = options.options();
+    const Qt::KeyboardModifiers modifiers = QGuiApplication::queryKeyboardModifiers();
+    qCInfo(lcApp, "Save As format=%d quality=%.2f scale=%g", int(chosen.format), chosen.quality,
+           chosen.scale);
+    const QString path = dialog.selectedFiles().first();
+    ShotRenderer& renderer = m_renderer;
+    submit(
+        [&renderer, output, chosen, path] {
+            ShotExporter::exportShot(renderer, output, chosen.format, path, chosen.quality,
+                                     chosen.scale);
+            return Made{{}, path, {}, {}};
+        },
+        [this, output, chosen, modifiers](const Made& made) {
+            if (!made.error.isEmpty()) {
+                fail(QStringLiteral("Could Not Save Screenshot"), made.error);
+                return;
+            }
+            qCInfo(lcApp, "Editor saved the shot as %s", qPrintable(made.file));
+            emit shotOutput({ShotOutputKind::saveAs, output, chosen.scale, chosen.format,
+                             made.file});
+            finishFor(output, ShotOutputAction::save, modifiers);
+        });
+}
+
+void ShotOutputActions::prepareDrag()
+{
+    const ShotDocument output = m_host.outputDocument();
+    if (m_drag && m_drag->document == output) {
+        m_drag->wanted = false;
+        return; // the file of this very document is written already, or on its way
+    }
+    m_drag = PreparedDrag{output, std::nullopt, false};
+    const double scale = ShotExporter::defaultScale(output);
+    submit(
+        [output, scale] {
+            Made made;
+            QImage drawn;
+            made.file = ShotQuickSave::temporaryExport(output, scale, QDateTime::currentDateTime(),
+                                                       &drawn);
+            made.picture =
+                drawn.scaled(160, 160, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+            return made;
+        },
+        [this, output](const Made& made) {
+            if (!m_drag || !(m_drag->document == output)) {
+                return; // a newer drag took over
+            }
+            if (!made.error.isEmpty()) {
+                const bool wanted = m_drag->wanted;
+                m_drag.reset();
+                if (wanted) {
+                    fail(QStringLiteral("Could Not Drag Screenshot"), made.error);
+                }
+                return;
+            }
+            m_drag->made = made;
+            if (std::exchange(m_drag->wanted, false)) {
+                startDrag(output, made);
+            }
+        });
+}
+
+void ShotOutputActions::dragOut()
+{
+    if (!m_drag || !(m_drag->document == m_host.outputDocument())) {
+        prepareDrag();
+    }
+    if (m_drag->made) {
+        const PreparedDrag prepared = *m_drag;
+        startDrag(prepared.document, *prepared.made);
+    } else {
+        m_drag->wanted = true; // starts as soon as the file is written
+    }
+}
+
+void ShotOutputActions::startDrag(const ShotDocument& output, const Made& made)
+{
+    if (!(QGuiApplication::mouseButtons() & Qt::LeftButton)) {
+        qCInfo(lcApp, "Image drag ended before its file was ready");
+        return;
+    }
+    auto* data = new QMimeData;
+    data->setUrls({QUrl::fromLocalFile(made.file)});
+    auto* drag = new QDrag(m_host.outputWindow());
+    drag->setMimeData(data);
+    drag->setPixmap(QPixmap::fromImage(made.picture));
+    // Receivers copy the file; we never offer a move, so every drop gets
+    // its own copy and the temporary file stays for the next one.
+    const Qt::DropAction result = drag->exec(Qt::CopyAction, Qt::CopyAction);
+    const Qt::KeyboardModifiers modifiers = QGuiApplication::queryKeyboardModifiers();
+    const bool overOwnWindow = drag->target() != nullptr;
+    const bool accepted = result == Qt::CopyAction && !overOwnWindow;
+    if (!accepted) {
+        qCInfo(lcApp, "Image drag output waiting or failed accepted=%d ownWindow=%d",
+               int(result == Qt::CopyAction), int(overOwnWindow));
+        return;
+    }
+    qCInfo(lcApp, "Image drag accepted external output promiseWritten=%d option=%d", 1,
+           int(bool(modifiers & Qt::AltModifier)));
+    emit shotOutput({ShotOutputKind::drag, output, ShotExporter::defaultScale(output),
+                     ShotFormat::png, made.file});
+    finishFor(output, ShotOutputAction::drag, modifiers);
+}
+
+void ShotOutputActions::share()
+{
+    const ShotDocument output = m_host.outputDocument();
+    const double scale = ShotExporter::defaultScale(output);
+    submit(
+        [output, scale] {
+            return Made{{}, ShotQuickSave::temporaryExport(output, scale), {}, {}};
+        },
+        [this, output, scale](const Made& made) {
+            if (!made.error.isEmpty()) {
+                fail(QStringLiteral("Could Not Share Screenshot"), made.error);
+                return;
+            }
+            ShotShare::openWith(made.file, m_host.outputWindow(),
+                                [this, guard = QPointer<ShotOutputActions>(this), output, scale,
+                                 file = made.file](const QString& failure) {
+                                    if (!guard) {
+                                        return;
+                                    }
+                                    if (!failure.isEmpty()) {
+                                        fail(QStringLiteral("Could Not Share Screenshot"),
+                                             failure);
+                                        return;
+                                    }
+                                    emit shotOutput({ShotOutputKind::share, output, scale,
+                                                     ShotFormat::png, file});
+                                });
+        });
+}
+
+void ShotOutputActions::adoptRawCopy()
+{
+    ShotRawClipboardTracker::shared().adoptForEditor(&m_host);
+}
+
+void ShotOutputActions::documentChanged(bool hasChanges)
+{
+    if (!hasChanges) {
+        return;
+    }
+    ShotRawClipboardTracker& tracker = ShotRawClipboardTracker::shared();
+    tracker.presentNotice = [this](const QString& text) { m_host.showNotice(text); };
+    tracker.noticeIfStillRaw(&m_host);
+}
+
+bool ShotOutputActions::closeKeepsEdits() const
+{
+    return ShotRawClipboardTracker::shared().holdsCapture(&m_host);
+}
+
+void ShotOutputActions::editorClosing()
+{
+    ShotRawClipboardTracker::shared().replaceRawWithEdited(&m_host, this);
+}
+
+} // namespace nubo

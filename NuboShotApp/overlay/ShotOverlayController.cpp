@@ -1,0 +1,83 @@
+#include "overlay/ShotOverlayController.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QThread>
+
+namespace nubo {
+
+ShotOverlayController::ShotOverlayController(QObject* parent) : QObject(parent) {}
+
+ShotOverlayController::~ShotOverlayController()
+{
+    finish();
+}
+
+QList<ShotCaptureOverlay*> ShotOverlayController::overlays() const
+{
+    QList<ShotCaptureOverlay*> open;
+    for (const QPointer<ShotCaptureOverlay>& overlay : m_overlays) {
+        if (overlay) {
+            open.append(overlay.data());
+        }
+    }
+    return open;
+}
+
+void ShotOverlayController::present(const QList<DisplayCapture>& displays,
+                                    const QList<CapturableWindow>& windows, CaptureMode mode)
+{
+    Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
+    finish();
+    m_shown = false;
+    const auto overlayMode = mode == CaptureMode::window ? ShotCaptureOverlay::Mode::window
+                                                         : ShotCaptureOverlay::Mode::area;
+    for (const DisplayCapture& display : displays) {
+        auto* overlay = new ShotCaptureOverlay(display, windows, overlayMode);
+        m_overlays.append(overlay);
+        connect(overlay, &ShotCaptureOverlay::shown, this, [this] {
+            if (!std::exchange(m_shown, true)) {
+                emit shown();
+            }
+        });
+        // The first answer wins; later events of the same presentation go
+        // nowhere, as the overlays are gone.
+        connect(overlay, &ShotCaptureOverlay::answered, this,
+                [this](const ShotOverlayOutcome& outcome) {
+                    if (isPresenting()) {
+                        finish();
+                        emit answered(outcome);
+                    }
+                });
+        connect(overlay, &ShotCaptureOverlay::cancelled, this, [this] {
+            if (isPresenting()) {
+                finish();
+                emit cancelled();
+            }
+        });
+        connect(overlay, &ShotCaptureOverlay::modeToggled, this,
+                [this](ShotCaptureOverlay::Mode next) {
+                    for (ShotCaptureOverlay* o : overlays()) {
+                        o->setMode(next);
+                    }
+                });
+        overlay->show();
+        overlay->raise();
+        if (display.space.globalFrame.contains(QCursor::pos())) {
+            overlay->activateWindow();
+            overlay->setFocus();
+        }
+    }
+}
+
+void ShotOverlayController::finish()
+{
+    const auto open = std::exchange(m_overlays, {});
+    for (const QPointer<ShotCaptureOverlay>& overlay : open) {
+        if (overlay) {
+            overlay->close(); // deletes itself
+        }
+    }
+}
+
+} // namespace nubo

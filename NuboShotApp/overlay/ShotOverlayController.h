@@ -1,0 +1,39 @@
+#pragma once
+
+#include "overlay/ShotCaptureOverlay.h"
+
+#include <QObject>
+#include <QPointer>
+
+namespace nubo {
+
+// Covers every display with its frozen image and answers once: with what the
+// user framed on one of them, or cancelled. Space switches every display
+// between area and window mode together. Main thread only.
+class ShotOverlayController : public QObject {
+    Q_OBJECT
+public:
+    explicit ShotOverlayController(QObject* parent = nullptr);
+    ~ShotOverlayController() override;
+
+    // `windows` front-most first. The display under the pointer takes the
+    // keyboard.
+    void present(const QList<DisplayCapture>& displays, const QList<CapturableWindow>& windows,
+                 CaptureMode mode);
+    bool isPresenting() const { return !m_overlays.isEmpty(); }
+    QList<ShotCaptureOverlay*> overlays() const;
+
+signals:
+    void answered(const ShotOverlayOutcome& outcome);
+    void cancelled();
+    // The first overlay is on screen.
+    void shown();
+
+private:
+    void finish();
+
+    QList<QPointer<ShotCaptureOverlay>> m_overlays;
+    bool m_shown = false;
+};
+
+} // namespace nubo
