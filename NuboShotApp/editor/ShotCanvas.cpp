@@ -34,7 +34,7 @@ QSize ShotCanvas::sizeHint() const
 QRectF ShotCanvas::visibleRect() const
 {
     const ShotDocument& d = m_model.document();
-    return (d.crop && !m_model.cropSession() ? *d.crop : d.canvasBounds).normalized();
+    return m_model.cropSession() ? d.canvasBounds.normalized() : d.visibleRect();
 }
 
 void ShotCanvas::setZoom(double zoom)
@@ -269,8 +269,9 @@ ShotTool& ShotCanvas::tool()
 {
     if (!m_tool || m_toolKind != m_model.activeTool()) {
         m_toolKind = m_model.activeTool();
-        m_tool = ShotTool::make(m_toolKind, m_model,
-                                [this](QPointF point) { emit colorPickRequested(point); });
+        m_tool = ShotTool::make(
+            m_toolKind, m_model,
+            {[this](QPointF point) { emit colorPickRequested(point); }, nullptr});
     }
     return *m_tool;
 }

@@ -44,34 +44,4 @@ QRectF ShotCreationTool::emojiRect(QPointF point, double fontSize)
     return {point.x() - side / 2, point.y() - side / 2, side, side};
 }
 
-std::optional<AnnotationKind> ShotCreationTool::create(ShotToolKind tool, const ShotGesture& g,
-                                                       double fontSize, const QString& emoji)
-{
-    switch (tool) {
-    case ShotToolKind::rect:
-        return ShapeAnnotation{ShapeVariant::rect, dragRect(g)};
-    case ShotToolKind::filledRect:
-        return ShapeAnnotation{ShapeVariant::filledRect, dragRect(g)};
-    case ShotToolKind::ellipse:
-        return ShapeAnnotation{ShapeVariant::ellipse, dragRect(g)};
-    case ShotToolKind::line:
-        return LineAnnotation{g.start, lineEnd(g)};
-    case ShotToolKind::arrow:
-        return ArrowAnnotation{g.start, lineEnd(g)};
-    case ShotToolKind::blur:
-        return RedactAnnotation{dragRect(g)};
-    case ShotToolKind::number:
-        return CounterAnnotation{g.start};
-    case ShotToolKind::draw:
-        return PenAnnotation{g.moved ? QList<QPointF>{g.start, g.current}
-                                     : QList<QPointF>{g.start}};
-    case ShotToolKind::emoji:
-        return EmojiAnnotation{emoji, emojiRect(g.start, fontSize)};
-    case ShotToolKind::text:
-        return TextAnnotation{{QString(), textBox(g, fontSize)}};
-    default:
-        return std::nullopt;
-    }
-}
-
 } // namespace nubo

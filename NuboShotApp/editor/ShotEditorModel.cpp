@@ -331,38 +331,6 @@ void ShotEditorModel::cutSelection()
     deleteSelection();
 }
 
-QRectF ShotEditorModel::resized(const QRectF& box, ResizeHandle handle, QPointF p)
-{
-    QRectF r = box;
-    switch (handle) {
-    case ResizeHandle::topLeft:
-        r.setTopLeft(p);
-        break;
-    case ResizeHandle::top:
-        r.setTop(p.y());
-        break;
-    case ResizeHandle::topRight:
-        r.setTopRight(p);
-        break;
-    case ResizeHandle::right:
-        r.setRight(p.x());
-        break;
-    case ResizeHandle::bottomRight:
-        r.setBottomRight(p);
-        break;
-    case ResizeHandle::bottom:
-        r.setBottom(p.y());
-        break;
-    case ResizeHandle::bottomLeft:
-        r.setBottomLeft(p);
-        break;
-    case ResizeHandle::left:
-        r.setLeft(p.x());
-        break;
-    }
-    return r.normalized();
-}
-
 QRectF ShotEditorModel::handleBox(const Annotation& a)
 {
     return std::visit(
@@ -395,7 +363,7 @@ void ShotEditorModel::resizeSelection(ResizeHandle handle, QPointF point)
             continue;
         }
         const QRectF from = handleBox(a);
-        const QRectF to = resized(from, handle, point);
+        const QRectF to = ShotGeometry::resized(from, handle, point);
         // Everything in the box is mapped onto the new box (a flat line stays flat).
         const double sx = from.width() > 0 ? to.width() / from.width() : 1;
         const double sy = from.height() > 0 ? to.height() / from.height() : 1;
@@ -644,8 +612,7 @@ void ShotEditorModel::beginCrop()
         return;
     }
     const QRectF canvas = m_document.canvasBounds.normalized();
-    ShotCropSession session{m_document.crop ? m_document.crop->normalized() : canvas,
-                            CropAspect::free, canvas};
+    ShotCropSession session{m_document.visibleRect(), CropAspect::free, canvas};
     session.setRect(session.rect);
     m_cropSession = session;
     emit changed();

@@ -89,7 +89,6 @@ public:
     void cutSelection();
 
     // Resizing the one selected annotation by a handle of its box.
-    static QRectF resized(const QRectF& box, ResizeHandle handle, QPointF point);
     void resizeSelection(ResizeHandle handle, QPointF point);
     // The box the handles of an annotation sit on.
     static QRectF handleBox(const Annotation& annotation);

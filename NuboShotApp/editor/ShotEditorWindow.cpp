@@ -42,20 +42,19 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     toolbar->setMovable(false);
     toolbar->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_tools = new QActionGroup(this);
+    const ShotToolContext context{nullptr, [this] { addImageFromFile(); }};
     for (const ShotToolKind tool : allCases<ShotToolKind>()) {
         QAction* action = toolbar->addAction(toolTitle(tool));
-        if (tool == ShotToolKind::addImage) {
-            // Not a mode: it asks for an image and adds it as a layer.
-            action->setShortcut(QKeySequence(QString(toolShortcut(tool))));
-            action->setToolTip(
-                QStringLiteral("%1 (%2)").arg(toolTitle(tool)).arg(toolShortcut(tool)));
-            connect(action, &QAction::triggered, this, &ShotEditorWindow::addImageFromFile);
+        action->setShortcut(QKeySequence(QString(toolShortcut(tool))));
+        action->setToolTip(QStringLiteral("%1 (%2)").arg(toolTitle(tool)).arg(toolShortcut(tool)));
+        if (isActionTool(tool)) {
+            // Not a mode: its button acts at once (Add image asks for a file).
+            connect(action, &QAction::triggered, this,
+                    [tool, context] { ShotTool::trigger(tool, context); });
             continue;
         }
         action->setCheckable(true);
         action->setData(int(tool));
-        action->setShortcut(QKeySequence(QString(toolShortcut(tool))));
-        action->setToolTip(QStringLiteral("%1 (%2)").arg(toolTitle(tool)).arg(toolShortcut(tool)));
         m_tools->addAction(action);
         connect(action, &QAction::triggered, this, [this, tool] { m_model->setActiveTool(tool); });
     }

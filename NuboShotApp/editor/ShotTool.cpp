@@ -1,23 +1,8 @@
 #include "editor/ShotTool.h"
 
-namespace nubo {
+#include "core/ResizeHandle.h"
 
-std::unique_ptr<ShotTool> ShotTool::make(ShotToolKind kind, ShotEditorModel& model,
-                                         std::function<void(QPointF)> pickColor)
-{
-    switch (kind) {
-    case ShotToolKind::select:
-        return std::make_unique<ShotSelectTool>(model);
-    case ShotToolKind::crop:
-        return std::make_unique<ShotCropTool>(model);
-    case ShotToolKind::colorPicker:
-        return std::make_unique<ShotColorPickerTool>(model, std::move(pickColor));
-    case ShotToolKind::addImage:
-        return std::make_unique<ShotTool>(model); // asks for a file instead of taking the pointer
-    default:
-        return std::make_unique<ShotMakingTool>(model);
-    }
-}
+namespace nubo {
 
 std::optional<QUuid> ShotTool::annotationAt(const ShotEditorModel& model, QPointF point,
                                             double zoom)
@@ -47,50 +32,22 @@ std::optional<QRectF> ShotTool::selectedHandleBox(const ShotEditorModel& model)
 
 QRectF ShotTool::handleRect(const QRectF& box, ResizeHandle handle, double zoom)
 {
-    QPointF p = box.center();
-    switch (handle) {
-    case ResizeHandle::topLeft:
-        p = box.topLeft();
-        break;
-    case ResizeHandle::top:
-        p = {box.center().x(), box.top()};
-        break;
-    case ResizeHandle::topRight:
-        p = box.topRight();
-        break;
-    case ResizeHandle::right:
-        p = {box.right(), box.center().y()};
-        break;
-    case ResizeHandle::bottomRight:
-        p = box.bottomRight();
-        break;
-    case ResizeHandle::bottom:
-        p = {box.center().x(), box.bottom()};
-        break;
-    case ResizeHandle::bottomLeft:
-        p = box.bottomLeft();
-        break;
-    case ResizeHandle::left:
-        p = {box.left(), box.center().y()};
-        break;
-    }
-    const double half = handleSize / 2 / zoom;
-    return {p.x() - half, p.y() - half, 2 * half, 2 * half};
+    return ShotGeometry::handleRect(box, handle, handleSize / zoom);
+}
+
+std::optional<ResizeHandle> ShotTool::handleAt(const QRectF& box, QPointF point, double zoom)
+{
+    // A little more than the drawn square answers, for fingers and trackpads.
+    return ShotGeometry::handleAt(box, point, handleSize / zoom, 2 / zoom);
 }
 
 void ShotSelectTool::press(const ShotPointer& pointer)
 {
     const QPointF point = pointer.gesture.start;
     if (const auto box = selectedHandleBox(m_model)) {
-        const double grip = 2 / pointer.zoom;
-        for (const ResizeHandle handle : allCases<ResizeHandle>()) {
-            if (handleRect(*box, handle, pointer.zoom)
-                    .adjusted(-grip, -grip, grip, grip)
-                    .contains(point)) {
-                m_resizing = handle;
-                m_model.beginEdit();
-                return;
-            }
+        if ((m_resizing = handleAt(*box, point, pointer.zoom))) {
+            m_model.beginEdit();
+            return;
         }
     }
     const auto hit = annotationAt(m_model, point, pointer.zoom);
@@ -164,14 +121,8 @@ void ShotCropTool::press(const ShotPointer& pointer)
         return;
     }
     const QPointF point = pointer.gesture.start;
-    const double grip = 2 / pointer.zoom;
-    for (const ResizeHandle handle : allCases<ResizeHandle>()) {
-        if (handleRect(session->rect, handle, pointer.zoom)
-                .adjusted(-grip, -grip, grip, grip)
-                .contains(point)) {
-            m_handle = handle;
-            return;
-        }
+    if ((m_handle = handleAt(session->rect, point, pointer.zoom))) {
+        return;
     }
     if (session->rect.contains(point)) {
         m_moving = session->rect;
@@ -188,7 +139,7 @@ void ShotCropTool::drag(const ShotPointer& pointer)
     }
     const ShotGesture& g = pointer.gesture;
     if (m_handle) {
-        m_model.setCropRect(ShotEditorModel::resized(session->rect, *m_handle, g.current));
+        m_model.setCropRect(ShotGeometry::resized(session->rect, *m_handle, g.current));
     } else if (m_moving) {
         m_model.setCropRect(m_moving->translated(g.current - g.start));
     } else {

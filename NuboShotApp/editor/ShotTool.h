@@ -18,6 +18,12 @@ struct ShotPointer {
     double zoom = 1;
 };
 
+// What tools may ask of the editor window around them.
+struct ShotToolContext {
+    std::function<void(QPointF)> pickColor; // a click of the colour picker
+    std::function<void()> addImage;         // the Add image button
+};
+
 // One tool of the editor: turns pointer events into changes of the model.
 // Tools never paint; what the canvas shows for them (a rubber band, handles)
 // they only describe.
@@ -36,9 +42,11 @@ public:
     virtual bool doubleClick(const ShotPointer&) { return false; }
     virtual std::optional<QRectF> rubberBand() const { return std::nullopt; }
 
-    // The tool of a kind. `pickColor` answers the colour picker's clicks.
+    // The tool of a kind, as its description makes it.
     static std::unique_ptr<ShotTool> make(ShotToolKind kind, ShotEditorModel& model,
-                                          std::function<void(QPointF)> pickColor);
+                                          const ShotToolContext& context);
+    // What an action tool's button does (nothing for the others).
+    static void trigger(ShotToolKind kind, const ShotToolContext& context);
 
     // The topmost annotation under a point.
     static std::optional<QUuid> annotationAt(const ShotEditorModel& model, QPointF point,
@@ -46,6 +54,7 @@ public:
     // The box with resize handles: the one selected annotation's, with Select.
     static std::optional<QRectF> selectedHandleBox(const ShotEditorModel& model);
     static QRectF handleRect(const QRectF& box, ResizeHandle handle, double zoom);
+    static std::optional<ResizeHandle> handleAt(const QRectF& box, QPointF point, double zoom);
 
 protected:
     ShotEditorModel& m_model;

@@ -341,7 +341,7 @@ TEST_F(EditorModel, ResizeHandlesMoveTheirEdges)
         {ResizeHandle::left, {350, 0}, {300, 100, 50, 100}}, // past the other edge: flipped
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(ShotEditorModel::resized(box, c.handle, c.to), c.expected)
+        EXPECT_EQ(ShotGeometry::resized(box, c.handle, c.to), c.expected)
             << toString(c.handle).toStdString();
     }
 

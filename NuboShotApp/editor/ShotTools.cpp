@@ -1,0 +1,145 @@
+// Every tool of the editor, described once: adding a tool is a case of
+// ShotToolKind and a row here.
+
+#include "editor/ShotCreationTool.h"
+#include "editor/ShotTool.h"
+#include "editor/ShotToolKind.h"
+
+#include <array>
+
+namespace nubo {
+
+namespace {
+
+using Gesture = const ShotGesture&;
+using Make = std::unique_ptr<ShotTool> (*)(ShotEditorModel&, const ShotToolContext&);
+using Create = std::optional<AnnotationKind> (*)(Gesture, double fontSize, const QString& emoji);
+using Trigger = void (*)(const ShotToolContext&);
+
+struct ShotToolDescription {
+    ShotToolKind kind;
+    const char* title;
+    char shortcut;
+    Make make;              // how it takes the pointer
+    Create create;          // the annotation a gesture makes; null for tools that make none
+    Trigger trigger = {};   // a button that acts at once instead of becoming the mode
+};
+
+template <class Tool> std::unique_ptr<ShotTool> plain(ShotEditorModel& model, const ShotToolContext&)
+{
+    return std::make_unique<Tool>(model);
+}
+
+std::unique_ptr<ShotTool> picker(ShotEditorModel& model, const ShotToolContext& context)
+{
+    return std::make_unique<ShotColorPickerTool>(model, context.pickColor);
+}
+
+using C = ShotCreationTool;
+constexpr Make making = plain<ShotMakingTool>;
+
+// In the order of ShotToolKind, which is the order of the toolbar.
+const std::array<ShotToolDescription, enumCount<ShotToolKind>()> tools{{
+    {ShotToolKind::crop, "Crop", 'C', plain<ShotCropTool>, nullptr},
+    {ShotToolKind::addImage, "Add image", 'I', plain<ShotTool>, nullptr,
+     [](const ShotToolContext& context) {
+         if (context.addImage) {
+             context.addImage();
+         }
+     }},
+    {ShotToolKind::select, "Select", 'V', plain<ShotSelectTool>, nullptr},
+    {ShotToolKind::rect, "Rectangle", 'R', making,
+     [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
+         return ShapeAnnotation{ShapeVariant::rect, C::dragRect(g)};
+     }},
+    {ShotToolKind::filledRect, "Filled rectangle", 'F', making,
+     [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
+         return ShapeAnnotation{ShapeVariant::filledRect, C::dragRect(g)};
+     }},
+    {ShotToolKind::ellipse, "Ellipse", 'O', making,
+     [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
+         return ShapeAnnotation{ShapeVariant::ellipse, C::dragRect(g)};
+     }},
+    {ShotToolKind::line, "Line", 'L', making,
+     [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
+         return LineAnnotation{g.start, C::lineEnd(g)};
+     }},
+    {ShotToolKind::arrow, "Arrow", 'A', making,
+     [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
+         return ArrowAnnotation{g.start, C::lineEnd(g)};
+     }},
+    {ShotToolKind::text, "Text", 'T', making,
+     [](Gesture g, double size, const QString&) -> std::optional<AnnotationKind> {
+         return TextAnnotation{{QString(), C::textBox(g, size)}};
+     }},
+    {ShotToolKind::blur, "Blur / Censor", 'B', making,
+     [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
+         return RedactAnnotation{C::dragRect(g)};
+     }},
+    {ShotToolKind::number, "Number", 'N', making,
+     [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
+         return CounterAnnotation{g.start};
+     }},
+    {ShotToolKind::draw, "Draw", 'D', making,
+     [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
+         // A stroke starts with the press point, and the current point on a drag.
+         return PenAnnotation{g.moved ? QList<QPointF>{g.start, g.current}
+                                      : QList<QPointF>{g.start}};
+     }},
+    {ShotToolKind::emoji, "Emoji", 'E', making,
+     [](Gesture g, double size, const QString& emoji) -> std::optional<AnnotationKind> {
+         return EmojiAnnotation{emoji, C::emojiRect(g.start, size)};
+     }},
+    {ShotToolKind::colorPicker, "Pick color", 'P', picker, nullptr},
+}};
+
+const ShotToolDescription& describe(ShotToolKind kind)
+{
+    const ShotToolDescription& d = tools[size_t(kind)];
+    Q_ASSERT(d.kind == kind); // the table is in the enumeration's order
+    return d;
+}
+
+} // namespace
+
+QString toolTitle(ShotToolKind tool)
+{
+    return QString::fromUtf8(describe(tool).title);
+}
+
+QChar toolShortcut(ShotToolKind tool)
+{
+    return QLatin1Char(describe(tool).shortcut);
+}
+
+bool createsAnnotations(ShotToolKind tool)
+{
+    return describe(tool).create != nullptr;
+}
+
+bool isActionTool(ShotToolKind tool)
+{
+    return describe(tool).trigger != nullptr;
+}
+
+std::optional<AnnotationKind> ShotCreationTool::create(ShotToolKind tool, const ShotGesture& g,
+                                                       double fontSize, const QString& emoji)
+{
+    const Create create = describe(tool).create;
+    return create ? create(g, fontSize, emoji) : std::nullopt;
+}
+
+std::unique_ptr<ShotTool> ShotTool::make(ShotToolKind kind, ShotEditorModel& model,
+                                         const ShotToolContext& context)
+{
+    return describe(kind).make(model, context);
+}
+
+void ShotTool::trigger(ShotToolKind kind, const ShotToolContext& context)
+{
+    if (const Trigger trigger = describe(kind).trigger) {
+        trigger(context);
+    }
+}
+
+} // namespace nubo
