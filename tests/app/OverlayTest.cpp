@@ -1,7 +1,14 @@
 #include "overlay/ShotCaptureOverlay.h"
+#include "overlay/ShotOverlayController.h"
+#include "shell/GrabRequest.h"
+#include "support/LiveProcess.h"
+#include "support/ArchiveFixtures.h"
 #include "support/QtPrinters.h"
 
 #include <QAction>
+#include <QDeadlineTimer>
+#include <QGuiApplication>
+#include <QScreen>
 
 #include <gtest/gtest.h>
 
@@ -53,6 +60,96 @@ TEST(ShotCaptureOverlay, ArrowKeysMoveAndStopAtTheEdges)
               QStringLiteral("Drag to capture \u00b7 Space: Window \u00b7 Esc: Cancel"));
     EXPECT_EQ(ShotCaptureOverlay::instruction(ShotCaptureOverlay::Mode::window),
               QStringLiteral("Click a window \u00b7 Space: Area \u00b7 Esc: Cancel"));
+}
+
+
+// The framing the overlay answers with is the one the command line builds
+// for the same rectangle, so stills, streams and recordings of either agree.
+class OverlayFraming : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_FALSE(qEnvironmentVariableIsEmpty("DISPLAY"))
+            << "runs in the private X session of scripts/test";
+        const QScreen* screen = QGuiApplication::primaryScreen();
+        const double scale = screen->devicePixelRatio();
+        const QRectF global = screen->geometry();
+        m_display.id = 7;
+        m_display.space.displayID = 7;
+        m_display.space.globalFrame = global;
+        m_display.space.scale = scale;
+        m_display.space.captureFrame =
+            QRectF(global.topLeft() * scale, global.size() * scale);
+        m_display.image = test::patternImage(int(global.width() * scale),
+                                             int(global.height() * scale));
+        QObject::connect(&m_overlay, &ShotOverlayController::answered,
+                         [this](const ShotOverlayOutcome& o) { m_outcome = o; });
+    }
+
+    // The overlay's answer to real pointer input; nullopt when none came.
+    std::optional<ShotCaptureSelection> frame(CaptureMode mode, const QStringList& input)
+    {
+        m_overlay.present({m_display}, {m_window}, mode);
+        const QDeadlineTimer shown(5000);
+        while (m_overlay.overlays().isEmpty() || !m_overlay.overlays().first()->isVisible()) {
+            if (shown.hasExpired()) {
+                return std::nullopt;
+            }
+            test::settle(20);
+        }
+        test::settle();
+        test::xdotool(input);
+        const QDeadlineTimer answered(5000);
+        while (!m_outcome && !answered.hasExpired()) {
+            test::settle(20);
+        }
+        if (!m_outcome) {
+            return std::nullopt;
+        }
+        return std::get<ShotOverlayOutcome::Capture>(m_outcome->outcome).selection;
+    }
+
+    // What `nuboshot grab region X,Y,W,H` frames for a global rectangle.
+    ShotCaptureSelection commandLine(const QRectF& global) const
+    {
+        GrabRequest request;
+        request.mode = GrabRequest::Mode::region;
+        const double s = m_display.space.scale;
+        request.region = QRectF(global.topLeft() * s, global.size() * s);
+        return request.framing({m_display.space});
+    }
+
+    DisplayCapture m_display;
+    CapturableWindow m_window{4242, QStringLiteral("Notes"), QStringLiteral("notes"),
+                              QRectF(300, 200, 333, 211), 0};
+    ShotOverlayController m_overlay;
+    std::optional<ShotOverlayOutcome> m_outcome;
+};
+
+TEST_F(OverlayFraming, AnAreaIsWhatTheCommandLineFramesForItsRectangle)
+{
+    const auto framed = frame(CaptureMode::area, {"mousemove", "100", "50", "mousedown", "1",
+                                                  "mousemove", "250", "150", "mousemove", "400",
+                                                  "250", "mouseup", "1"});
+    ASSERT_TRUE(framed) << "the overlay did not answer";
+    const QRectF dragged(100, 50, 300, 200);
+    EXPECT_EQ(*framed, (ShotCaptureSelection{ShotCaptureSelection::Area{7, dragged}}));
+    EXPECT_EQ(*framed, commandLine(dragged));
+    EXPECT_EQ(captureRegion(*framed, {m_display.space}),
+              captureRegion(commandLine(dragged), {m_display.space}));
+}
+
+TEST_F(OverlayFraming, AWindowTakesTheRegionTheCommandLineTakesForItsFrame)
+{
+    const auto framed = frame(CaptureMode::window,
+                              {"mousemove", "350", "250", "mousemove", "360", "260", "click", "1"});
+    ASSERT_TRUE(framed) << "the overlay did not answer";
+    EXPECT_EQ(*framed, (ShotCaptureSelection{ShotCaptureSelection::Window{7, m_window}}));
+    const ScreenCaptureRegion region = captureRegion(*framed, {m_display.space});
+    EXPECT_EQ(region, captureRegion(commandLine(m_window.frame), {m_display.space}));
+    const double s = m_display.space.scale;
+    EXPECT_EQ(region.pixelRect,
+              QRectF(m_window.frame.topLeft() * s, m_window.frame.size() * s).toAlignedRect());
 }
 
 } // namespace
