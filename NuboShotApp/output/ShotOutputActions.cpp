@@ -1,5 +1,6 @@
 #include "output/ShotOutputActions.h"
 
+#include "core/BackgroundThread.h"
 #include "core/Error.h"
 #include "core/Logging.h"
 #include "core/Settings.h"
@@ -21,6 +22,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QThread>
+#include <QThreadPool>
 #include <QTimeZone>
 #include <QToolButton>
 #include <QUrl>
@@ -47,6 +49,18 @@ template <class Work> auto guarded(Work work)
             return failed;
         }
     };
+}
+
+// The threads that draw, encode and write outputs, and nothing else: they
+// run below the user interface's priority for good.
+QThreadPool& outputPool()
+{
+    static QThreadPool* pool = [] {
+        auto* p = new QThreadPool;
+        p->setObjectName(QStringLiteral("NuboShot output"));
+        return p;
+    }();
+    return *pool;
 }
 
 } // namespace
@@ -127,7 +141,11 @@ void ShotOutputActions::startNext()
                 finished(watcher->result());
                 startNext();
             });
-    watcher->setFuture(QtConcurrent::run(guarded(std::move(job.work))));
+    watcher->setFuture(QtConcurrent::run(&outputPool(), [work = guarded(std::move(job.work))] {
+        // Drawing and encoding use every core; the editors' thread comes first.
+        lowerCurrentThreadPriority();
+        return work();
+    }));
 }
 
 void ShotOutputActions::finishFor(const ShotDocument& output, ShotOutputAction action,
