@@ -51,8 +51,11 @@ public:
     quint64 tileDraws() const { return m_tileDraws.load(); }
 
 private:
+    // Draws the layers from `firstLayer` on, then the annotations.
     void drawContent(QPainter& painter, const ShotDocument& document, const QRectF& visible,
-                     double inset);
+                     double inset, qsizetype firstLayer = 0);
+    // The first layer is the whole export of `size` pixels, pixel for pixel.
+    static bool coversExport(const ShotDocument& document, double scale, const QSize& size);
 
     RedactionTileCache m_tiles;
     QMutex m_textLock;

@@ -206,6 +206,31 @@ TEST(ShotRenderer, DrawsEachKindWhereItBelongs)
     }
 }
 
+TEST(ShotRenderer, DrawsOnACopyOfAWholeCaptureAsOnABlankImage)
+{
+    // A capture that fills the export is drawn on a copy of its own pixels;
+    // the same capture in a format that cannot take that path is drawn on a
+    // blank image. Both must come out alike, in RGBA, and leave the layer
+    // alone.
+    ShotDocument whole = test::markedUpShot();
+    const QImage original = whole.layers.first().image;
+    ShotDocument fromBlank = whole;
+    fromBlank.layers.first().image = original.convertToFormat(QImage::Format_RGB32);
+    {
+        // At the capture's own density: the one scale where it lands pixel for pixel.
+        const QImage a = ShotRenderer().render(whole, 2);
+        const QImage b = ShotRenderer().render(fromBlank, 2);
+        ASSERT_EQ(a.size(), b.size());
+        EXPECT_EQ(a.format(), QImage::Format_RGBA8888_Premultiplied);
+        // Qt's blending in RGBA may round a channel differently by one.
+        EXPECT_EQ(test::compareImages(a, b, 2).pixelsOver, 0);
+        EXPECT_GT(test::compareImages(a, original.scaled(a.size()), 2).pixelsOver, 1000)
+            << "the marks are drawn";
+    }
+    EXPECT_EQ(whole.layers.first().image, original);
+    EXPECT_EQ(test::compareImages(whole.layers.first().image, original, 0).pixelsOver, 0);
+}
+
 TEST(ShotRenderer, RendersTheSameOnSeveralThreadsAtOnce)
 {
     ShotRenderer renderer;
