@@ -12,6 +12,17 @@
 
 namespace nubo {
 
+QString truncatedText(const QString& text, qsizetype length)
+{
+    if (text.size() <= length) {
+        return text;
+    }
+    if (length > 0 && text.at(length - 1).isHighSurrogate()) {
+        --length;
+    }
+    return text.left(length);
+}
+
 namespace {
 
 // Lines and arrows measure half their width, with a floor for hairlines.

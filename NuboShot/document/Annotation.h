@@ -18,7 +18,13 @@ template <> struct EnumNames<ShapeVariant> {
     static constexpr std::array names{"rect", "filledRect", "ellipse"};
 };
 
+// `text` cut to at most `length` code units, never inside a surrogate pair.
+QString truncatedText(const QString& text, qsizetype length);
+
 struct TextContent {
+    // Longer texts are cut here when decoded or typed: far beyond any note,
+    // and short enough to lay out and draw in well under a second.
+    static constexpr qsizetype maximumLength = 10000; // UTF-16 code units
     QString text; // may hold line breaks
     QRectF rect;  // the text box in document space
     bool operator==(const TextContent&) const = default;
@@ -46,6 +52,8 @@ struct TextAnnotation {
     bool operator==(const TextAnnotation&) const = default;
 };
 struct EmojiAnnotation {
+    // One emoji, even the longest joined sequence, is far shorter.
+    static constexpr qsizetype maximumLength = 64; // UTF-16 code units
     QString emoji;
     QRectF rect;
     bool operator==(const EmojiAnnotation&) const = default;

@@ -220,11 +220,14 @@ AnnotationKind decodeKind(const QJsonValue& value)
     }
     case AnnotationKindName::text: {
         const QJsonObject t = decodeObject(required(p, "_0"), "the text");
-        return TextAnnotation{TextContent{decodeString(required(t, "text"), "the text"),
-                                          decodeRect(required(t, "rect"), "the text's rectangle")}};
+        return TextAnnotation{
+            TextContent{truncatedText(decodeString(required(t, "text"), "the text"),
+                                      TextContent::maximumLength),
+                        decodeRect(required(t, "rect"), "the text's rectangle")}};
     }
     case AnnotationKindName::emoji:
-        return EmojiAnnotation{decodeString(required(p, "_0"), "the emoji"),
+        return EmojiAnnotation{truncatedText(decodeString(required(p, "_0"), "the emoji"),
+                                             EmojiAnnotation::maximumLength),
                                decodeRect(required(p, "_1"), "the emoji's rectangle")};
     case AnnotationKindName::counter:
         return CounterAnnotation{decodePoint(required(p, "center"), "center")};

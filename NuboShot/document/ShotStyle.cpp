@@ -27,9 +27,20 @@ size_t qHash(const ShotColor& color, size_t seed) noexcept
 
 ShotStyle::ShotStyle(ShotColor color, double lineWidth, double fontSize, bool textOutline,
                      double strength)
-    : color(color), lineWidth(lineWidth), fontSize(fontSize), textOutline(textOutline),
+    : color(color), lineWidth(normalizedLineWidth(lineWidth)),
+      fontSize(normalizedFontSize(fontSize)), textOutline(textOutline),
       strength(normalizedStrength(strength))
 {}
+
+double ShotStyle::normalizedLineWidth(double lineWidth)
+{
+    return std::isfinite(lineWidth) ? std::clamp(lineWidth, 0.0, maximumLineWidth) : 4;
+}
+
+double ShotStyle::normalizedFontSize(double fontSize)
+{
+    return std::isfinite(fontSize) ? std::clamp(fontSize, 1.0, maximumFontSize) : 24;
+}
 
 double ShotStyle::normalizedStrength(double strength)
 {

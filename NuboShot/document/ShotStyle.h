@@ -22,9 +22,14 @@ struct ShotColor {
 
 size_t qHash(const ShotColor& color, size_t seed = 0) noexcept;
 
-// How an annotation is drawn. Every construction normalises the redaction
-// strength, so a style can never carry an out-of-range block size.
+// How an annotation is drawn. Every construction normalises the line width,
+// font size and redaction strength, so a style from a file or another
+// program can never ask for a glyph or a stroke larger than the renderer can
+// draw (arrow heads follow the line width, counter badges the font size).
 struct ShotStyle {
+    static constexpr double maximumLineWidth = 100; // points
+    static constexpr double maximumFontSize = 400;  // points
+
     ShotColor color{0.96, 0.26, 0.21, 1};
     double lineWidth = 4;
     double fontSize = 24;
@@ -37,6 +42,10 @@ struct ShotStyle {
 
     // Not finite → 12, then clamped to 6…40.
     static double normalizedStrength(double strength);
+    // Not finite → 4, then clamped to 0…maximumLineWidth.
+    static double normalizedLineWidth(double lineWidth);
+    // Not finite → 24, then clamped to 1…maximumFontSize.
+    static double normalizedFontSize(double fontSize);
 
     bool operator==(const ShotStyle&) const = default;
 };

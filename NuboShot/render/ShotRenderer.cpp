@@ -24,6 +24,8 @@ constexpr qsizetype maximumTextLayouts = 1024;
 // A single line of glyphs at a given point size, laid out at the nearest
 // whole pixel size and scaled by `unit`.
 struct GlyphLine {
+    static constexpr int maximumPixelSize = 512;
+
     // The layout stays alive with its runs: bitmap glyphs measure only while
     // their font engine is in use.
     std::unique_ptr<QTextLayout> layout;
@@ -33,8 +35,10 @@ struct GlyphLine {
 
     GlyphLine(const QString& text, bool isEmoji, double size) : emoji(isEmoji)
     {
-        const double points = std::max(size, 1.0);
-        const int pixels = std::max(1, int(std::lround(points)));
+        const double points = std::isfinite(size) ? std::max(size, 1.0) : 1.0;
+        // Fonts are asked for at most maximumPixelSize and scaled beyond it:
+        // glyphs as big as a hostile emoji box would exhaust the font engine.
+        const int pixels = int(std::lround(std::min(points, double(maximumPixelSize))));
         unit = points / pixels;
         layout = std::make_unique<QTextLayout>(
             text, emoji ? ShotFonts::emojiFont(pixels) : ShotFonts::textFont(pixels),
@@ -127,7 +131,8 @@ QImage ShotRenderer::render(const ShotDocument& document, double scale)
     }
     // A shot whose first layer fills the export pixel for pixel (a capture
     // with marks on it) starts as a copy of that layer and is drawn on in
-    // its own format: one pass over the pixels instead of four.
+    // its own format: one pass over the pixels instead of four. (Qt draws
+    // the same marks in RGBA as in its native format, to a unit of rounding.)
     const bool onBaseLayer =
         !document.frame && coversExport(document, scale, QSize(int(width), int(height)));
     QImage image = onBaseLayer ? document.layers.first().image.copy()

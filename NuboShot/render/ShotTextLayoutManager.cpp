@@ -80,6 +80,8 @@ void ShotTextLayoutManager::setBackingScale(double scale)
 void ShotTextLayoutManager::clearCache()
 {
     m_lines.clear();
+    m_uncached = {};
+    m_uncachedIndex = -1;
     m_cachedRasterBytes = 0;
     ++m_generation;
 }
@@ -90,7 +92,7 @@ void ShotTextLayoutManager::ensureLayout()
         return;
     }
     auto layout = std::make_unique<Layout>();
-    const double size = std::max(m_fontSize, 1.0);
+    const double size = ShotStyle::normalizedFontSize(m_fontSize);
     const int pixels = std::max(1, int(std::lround(size)));
     layout->unit = size / pixels;
 
@@ -133,10 +135,19 @@ double ShotTextLayoutManager::usedHeight()
 
 namespace {
 
-QPainterPath glyphOutlines(const QList<QGlyphRun>& runs)
+// The outlines of the glyphs, in groups of neighbours. Filling one stroke of
+// a whole long line costs the rasteriser time that grows with the square of
+// its length; groups of a few dozen glyphs keep it linear, and strokes only
+// meet where neighbouring groups touch.
+// Only glyphs whose pen position lies within `from`…`to` (layout units) are
+// taken: a part of a very long line strokes only its own glyphs.
+QList<QPainterPath> glyphOutlines(const QList<QGlyphRun>& runs, double from, double to)
 {
+    constexpr qsizetype glyphsPerGroup = 32;
+    QList<QPainterPath> groups;
     QPainterPath path;
     path.setFillRule(Qt::WindingFill);
+    qsizetype inGroup = 0;
     for (const QGlyphRun& run : runs) {
         const QRawFont font = run.rawFont();
         if (font.familyName() == ShotFonts::emojiFamily()) {
@@ -145,10 +156,21 @@ QPainterPath glyphOutlines(const QList<QGlyphRun>& runs)
         const QList<quint32> glyphs = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
         for (qsizetype i = 0; i < glyphs.size(); ++i) {
+            if (positions[i].x() < from || positions[i].x() > to) {
+                continue;
+            }
             path.addPath(font.pathForGlyph(glyphs[i]).translated(positions[i]));
+            if (++inGroup == glyphsPerGroup) {
+                groups.append(std::exchange(path, QPainterPath()));
+                path.setFillRule(Qt::WindingFill);
+                inGroup = 0;
+            }
         }
     }
-    return path;
+    if (inGroup > 0) {
+        groups.append(path);
+    }
+    return groups;
 }
 
 double scaleOf(const QTransform& t)
@@ -205,7 +227,7 @@ void ShotTextLayoutManager::draw(QPainter& painter, QPointF origin)
             !line.adjusted(-padding, -padding, padding, padding).intersects(area)) {
             continue;
         }
-        const LineRaster& r = raster(i, density);
+        const LineRaster& r = raster(i, density, area);
         if (!r.image.isNull()) {
             painter.drawImage(r.rect.translated(origin), r.image);
         }
@@ -213,12 +235,15 @@ void ShotTextLayoutManager::draw(QPainter& painter, QPointF origin)
     painter.restore();
 }
 
-const LineRaster& ShotTextLayoutManager::raster(int index, double density)
+const LineRaster& ShotTextLayoutManager::raster(int index, double density, const QRectF& area)
 {
     auto it = m_lines.find(index);
     if (it != m_lines.end() && it->generation == m_generation) {
         it->lastUse = ++m_useClock;
         return *it;
+    }
+    if (m_uncachedIndex == index && m_uncached.generation == m_generation) {
+        return m_uncached; // the one line too large for the budget, kept until replaced
     }
     const Layout& layout = *m_layout;
     const QTextLine& line = layout.lines[index];
@@ -226,7 +251,15 @@ const LineRaster& ShotTextLayoutManager::raster(int index, double density)
     const double padding = e.padding() * m_effectScale;
 
     // The line grown by the effects' padding, rounded out to whole pixels.
-    const QRectF grown = layout.lineRects[index].adjusted(-padding, -padding, padding, padding);
+    // A line whose raster would not fit the whole budget (a long line in a
+    // wide box, at a large size) is rasterised only where it is drawn now,
+    // and not kept.
+    QRectF grown = layout.lineRects[index].adjusted(-padding, -padding, padding, padding);
+    const bool partial =
+        grown.width() * density * grown.height() * density * 4 > double(maximumRasterBytes);
+    if (partial) {
+        grown = grown.intersected(area);
+    }
     const double left = std::floor(grown.left() * density) / density;
     const double top = std::floor(grown.top() * density) / density;
     const int width = int(std::ceil(grown.right() * density - left * density));
@@ -256,7 +289,13 @@ const LineRaster& ShotTextLayoutManager::raster(int index, double density)
             QPen pen(e.outlineColor.toQColor(), e.outlineWidth * m_effectScale / layout.unit);
             pen.setJoinStyle(Qt::RoundJoin);
             pen.setCapStyle(Qt::RoundCap);
-            p.strokePath(glyphOutlines(runs), pen);
+            // Glyphs reach about one em beyond their pen position.
+            const double em = std::max(1.0, m_fontSize / layout.unit);
+            const double from = (grown.left() - padding) / layout.unit - em;
+            const double to = (grown.right() + padding) / layout.unit;
+            for (const QPainterPath& group : glyphOutlines(runs, from, to)) {
+                p.strokePath(group, pen);
+            }
         }
         // Then the glyphs, casting their shadow over it.
         QImage glyphs(width, height, QImage::Format_ARGB32_Premultiplied);
@@ -277,9 +316,11 @@ const LineRaster& ShotTextLayoutManager::raster(int index, double density)
                                             e.blurRadius * effect});
         raster.image = std::move(outlined);
     }
-    if (raster.image.sizeInBytes() > maximumRasterBytes) {
-        // Larger than the whole budget: drawn, never kept.
+    if (partial || raster.image.sizeInBytes() > maximumRasterBytes) {
+        // Larger than the whole budget: drawn, never kept; a whole line is
+        // reused until it is replaced, a part is not.
         m_uncached = std::move(raster);
+        m_uncachedIndex = partial ? -1 : index;
         return m_uncached;
     }
     rememberRaster(index, std::move(raster));

@@ -68,7 +68,9 @@ private:
     struct Layout;
     void ensureLayout();
     void clearCache();
-    const LineRaster& raster(int index, double density);
+    // The raster of a line; `area` is what is drawn now, relative to the
+    // text's origin, in points.
+    const LineRaster& raster(int index, double density, const QRectF& area);
     void rememberRaster(int index, LineRaster raster);
 
     mutable QMutex m_access;
@@ -83,6 +85,7 @@ private:
     std::unique_ptr<Layout> m_layout;
     QHash<int, LineRaster> m_lines;
     LineRaster m_uncached;
+    int m_uncachedIndex = -1;
     qint64 m_cachedRasterBytes = 0;
     quint64 m_generation = 1;
     quint64 m_useClock = 0;

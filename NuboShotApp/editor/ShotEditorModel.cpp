@@ -565,7 +565,7 @@ void ShotEditorModel::setEditedText(const QString& text, double height)
     for (Annotation& a : next.annotations) {
         if (a.id == m_textID) {
             auto& content = std::get<TextAnnotation>(a.kind).content;
-            content.text = text;
+            content.text = truncatedText(text, TextContent::maximumLength);
             content.rect.setHeight(std::max(height, a.style.fontSize * 1.5));
         }
     }

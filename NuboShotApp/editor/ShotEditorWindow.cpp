@@ -219,6 +219,16 @@ void ShotEditorWindow::startTextEditor(const QUuid& id)
         QMetaObject::invokeMethod(this, &ShotEditorWindow::finishTextEditor, Qt::QueuedConnection);
     };
     connect(editor, &QTextEdit::textChanged, this, [this, editor, zoom] {
+        if (editor->document()->characterCount() - 1 > TextContent::maximumLength) {
+            // Typed or pasted past the limit: the rest is cut, and the user told.
+            QTextCursor cut(editor->document());
+            cut.setPosition(int(TextContent::maximumLength));
+            cut.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+            cut.removeSelectedText(); // changes the text again, within the limit
+            showNotice(QStringLiteral("A text holds at most %L1 characters.")
+                           .arg(TextContent::maximumLength));
+            return;
+        }
         const double height = editor->document()->size().height() + 4;
         editor->resize(editor->width(), std::max(editor->height(), int(std::ceil(height))));
         m_model->setEditedText(editor->toPlainText(), height / zoom);

@@ -1,4 +1,5 @@
 #include "document/ShotDocumentArchive.h"
+#include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
 #include "support/QtPrinters.h"
 
@@ -180,6 +181,62 @@ TEST_F(Archive, ReadingNormalisesStyles)
     EXPECT_EQ(read.annotations[1].style.strength, 6);
     EXPECT_EQ(read.annotations[2].style.strength, 17);
     EXPECT_FALSE(read.annotations[3].style.textOutline); // stored false stays false
+}
+
+TEST_F(Archive, ReadingKeepsHostileSizesAndTextsDrawable)
+{
+    // Sizes no font engine can draw and texts far longer than any note, as a
+    // hostile or broken file holds them: read, normalised, and drawn.
+    ShotDocumentArchive::write(documentWithEveryKind(), folder());
+    QJsonObject manifest = test::readManifest(folder());
+    QJsonArray annotations = manifest.value(QStringLiteral("annotations")).toArray();
+    const QString longLine(3 * TextContent::maximumLength, QLatin1Char('w'));
+    for (qsizetype i = 0; i < annotations.size(); ++i) {
+        QJsonObject a = annotations[i].toObject();
+        QJsonObject style = a.value(QStringLiteral("style")).toObject();
+        style.insert(QStringLiteral("fontSize"), 100000);
+        style.insert(QStringLiteral("lineWidth"), 1e9);
+        a.insert(QStringLiteral("style"), style);
+        QJsonObject kind = a.value(QStringLiteral("kind")).toObject();
+        if (kind.contains(QStringLiteral("text"))) {
+            QJsonObject payload = kind.value(QStringLiteral("text")).toObject();
+            QJsonObject content = payload.value(QStringLiteral("_0")).toObject();
+            content.insert(QStringLiteral("text"), longLine);
+            content.insert(QStringLiteral("rect"), QJsonArray{QJsonArray{0, 0}, QJsonArray{1e7, 50}});
+            payload.insert(QStringLiteral("_0"), content);
+            kind.insert(QStringLiteral("text"), payload);
+        } else if (kind.contains(QStringLiteral("emoji"))) {
+            QJsonObject payload = kind.value(QStringLiteral("emoji")).toObject();
+            payload.insert(QStringLiteral("_0"), QString(1000, QLatin1Char('x')));
+            payload.insert(QStringLiteral("_1"), QJsonArray{QJsonArray{0, 0}, QJsonArray{1e6, 1e6}});
+            kind.insert(QStringLiteral("emoji"), payload);
+        }
+        a.insert(QStringLiteral("kind"), kind);
+        annotations[i] = a;
+    }
+    manifest.insert(QStringLiteral("annotations"), annotations);
+    test::writeManifest(folder(), manifest);
+
+    const ShotDocument read = ShotDocumentArchive::read(folder());
+    bool sawText = false, sawEmoji = false;
+    for (const Annotation& a : read.annotations) {
+        EXPECT_EQ(a.style.fontSize, ShotStyle::maximumFontSize);
+        EXPECT_EQ(a.style.lineWidth, ShotStyle::maximumLineWidth);
+        if (const auto* text = a.as<TextAnnotation>()) {
+            sawText = true;
+            EXPECT_EQ(text->content.text.size(), TextContent::maximumLength);
+        }
+        if (const auto* emoji = a.as<EmojiAnnotation>()) {
+            sawEmoji = true;
+            EXPECT_EQ(emoji->emoji.size(), EmojiAnnotation::maximumLength);
+        }
+    }
+    EXPECT_TRUE(sawText && sawEmoji);
+    // The longest text in one line, with its outline, at the largest size:
+    // drawing it took minutes when its cost grew with the square of its
+    // length (ctest's time limit fails the test then).
+    const QImage drawn = ShotRenderer().render(read, 1);
+    EXPECT_FALSE(drawn.isNull());
 }
 
 // Hostile and damaged archives: each fails with its own error, never crashes,

@@ -1,5 +1,6 @@
 #include "document/ShotDocument.h"
 #include "document/ShotStyle.h"
+#include "document/Annotation.h"
 #include "support/QtPrinters.h"
 
 #include <QHash>
@@ -22,6 +23,52 @@ TEST(ShotStyle, StrengthIsNormalisedOnEveryConstruction)
     for (const Case& c : cases) {
         EXPECT_EQ(ShotStyle({1, 0, 0, 1}, 4, 20, true, c.given).strength, c.expected) << c.given;
         EXPECT_EQ(ShotStyle::normalizedStrength(c.given), c.expected) << c.given;
+    }
+}
+
+TEST(ShotStyle, SizesAreKeptToWhatCanBeDrawn)
+{
+    // A style from a file or another program can ask for anything; the
+    // renderer gets sizes it can draw (a 100000-point text once took the
+    // whole program down).
+    struct Case {
+        double given, lineWidth, fontSize;
+    };
+    const double inf = std::numeric_limits<double>::infinity();
+    const Case cases[] = {
+        {100000, ShotStyle::maximumLineWidth, ShotStyle::maximumFontSize},
+        {1e300, ShotStyle::maximumLineWidth, ShotStyle::maximumFontSize},
+        {-3, 0, 1},
+        {0.5, 0.5, 1},
+        {std::nan(""), 4, 24},
+        {inf, 4, 24},
+        {36, 36, 36},
+    };
+    for (const Case& c : cases) {
+        const ShotStyle style({1, 0, 0, 1}, c.given, c.given, true, 12);
+        EXPECT_EQ(style.lineWidth, c.lineWidth) << c.given;
+        EXPECT_EQ(style.fontSize, c.fontSize) << c.given;
+    }
+}
+
+TEST(TextLimits, CutAtTheLimitNeverInsideAPair)
+{
+    const QString face = QString::fromUtf8("\xF0\x9F\x98\x80"); // two code units
+    struct Case {
+        QString text;
+        qsizetype length;
+        QString expected;
+    };
+    const Case cases[] = {
+        {QStringLiteral("abc"), 5, QStringLiteral("abc")},
+        {QStringLiteral("abcdef"), 3, QStringLiteral("abc")},
+        {QStringLiteral("a") + face, 2, QStringLiteral("a")}, // the pair would be split
+        {QStringLiteral("a") + face, 3, QStringLiteral("a") + face},
+        {face + face, 3, face},
+        {QStringLiteral("abc"), 0, QString()},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(truncatedText(c.text, c.length), c.expected) << c.text.toStdString();
     }
 }
 
