@@ -17,6 +17,7 @@
 #include <cerrno>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -187,6 +188,52 @@ void swapIntoPlace(const QString& staged, const QString& target, bool targetExis
     }
 }
 
+// The files of an archive folder that the archive itself wrote: the
+// manifest and the layer files it names.
+QSet<QString> archiveOwnFiles(const QString& folder)
+{
+    QSet<QString> own{QLatin1String(ShotDocumentArchive::manifestName)};
+    QFile file(folder + QLatin1Char('/') + QLatin1String(ShotDocumentArchive::manifestName));
+    if (file.open(QIODevice::ReadOnly)) {
+        const QJsonArray layers = QJsonDocument::fromJson(file.read(ShotDocumentArchive::maximumBytes))
+                                      .object()
+                                      .value(QStringLiteral("layers"))
+                                      .toArray();
+        for (const QJsonValue& layer : layers) {
+            own.insert(layer.toObject().value(QStringLiteral("filename")).toString());
+        }
+    }
+    return own;
+}
+
+// Moves every entry of the old archive folder that the archive did not own
+// into the new one. A name the new archive uses itself stays behind (and is
+// removed with the old archive): that can only be the manifest or a layer.
+void keepForeignFiles(const QString& oldArchive, const QString& newArchive)
+{
+    const QSet<QString> own = archiveOwnFiles(oldArchive);
+    const QStringList entries = QDir(oldArchive).entryList(
+        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    for (const QString& entry : entries) {
+        if (own.contains(entry)) {
+            continue;
+        }
+        const QByteArray from = QFile::encodeName(oldArchive + QLatin1Char('/') + entry);
+        const QByteArray to = QFile::encodeName(newArchive + QLatin1Char('/') + entry);
+        if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(),
+                        RENAME_NOREPLACE) == 0) {
+            continue;
+        }
+        const bool cannotRefuse = errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
+        if (cannotRefuse && !QFileInfo::exists(QFile::decodeName(to))) {
+            ::rename(from.constData(), to.constData());
+        } else {
+            qCWarning(lcArchive, "Kept %s out of the new archive: %s", from.constData(),
+                      std::strerror(errno));
+        }
+    }
+}
+
 } // namespace
 
 void ShotDocumentArchive::write(const ShotDocument& document, const QString& folder)
@@ -207,11 +254,17 @@ void ShotDocumentArchive::write(const ShotDocument& document, const QString& fol
         }
         const QDir existing(targetPath);
         if (!existing.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System |
-                              QDir::NoDotAndDotDot) &&
-            !existing.exists(QLatin1String(manifestName))) {
-            throw FileError(
-                QStringLiteral("save"), targetPath,
-                QStringLiteral("the folder holds other files and is not a shot archive"));
+                              QDir::NoDotAndDotDot)) {
+            // Only a folder that reads as a shot archive is replaced; any
+            // other folder with a manifest.json in it is somebody's files.
+            try {
+                read(targetPath);
+            } catch (const Error& error) {
+                throw FileError(
+                    QStringLiteral("save"), targetPath,
+                    QStringLiteral("the folder holds other files and is not a shot archive (%1)")
+                        .arg(error.message()));
+            }
         }
     }
 
@@ -265,6 +318,11 @@ void ShotDocumentArchive::write(const ShotDocument& document, const QString& fol
     syncPath(staged.path());
 
     swapIntoPlace(staged.path(), targetPath, targetExists);
+    if (targetExists) {
+        // The old archive is at `staged` now. What it did not write (files
+        // the user put beside the manifest) moves into the new archive.
+        keepForeignFiles(staged.path(), targetPath);
+    }
     syncPath(parent);
     qCDebug(lcArchive) << "Wrote archive" << targetPath << "with" << document.layers.size()
                        << "layers and" << document.annotations.size() << "annotations";

@@ -584,6 +584,24 @@ TEST_F(Archive, ReplacingAnArchiveLeavesOnlyTheNewOne)
               QStringList{QStringLiteral("shot")});
 }
 
+TEST_F(Archive, ReplacingAnArchiveKeepsFilesItDidNotWrite)
+{
+    const ShotDocument first = ShotDocument::fromImage(patternImage(8, 8, 1), 1);
+    const ShotDocument second = ShotDocument::fromImage(patternImage(9, 9, 2), 1);
+    ShotDocumentArchive::write(first, folder());
+    test::writeFile(folder() + QStringLiteral("/notes.txt"), "the user's own");
+    ASSERT_TRUE(QDir().mkpath(folder() + QStringLiteral("/drafts")));
+    test::writeFile(folder() + QStringLiteral("/drafts/a.txt"), "draft");
+    ShotDocumentArchive::write(second, folder());
+    expectSameDocument(second, ShotDocumentArchive::read(folder()));
+    QStringList entries = QDir(folder()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+    entries.sort();
+    EXPECT_EQ(entries, (QStringList{ShotDocumentArchive::layerFileName(second.layers[0].id),
+                                    QStringLiteral("drafts"), QStringLiteral("manifest.json"),
+                                    QStringLiteral("notes.txt")}));
+    EXPECT_TRUE(QFile::exists(folder() + QStringLiteral("/drafts/a.txt")));
+}
+
 TEST_F(Archive, NeverReplacesWhatIsNotAnArchive)
 {
     const ShotDocument document = ShotDocument::fromImage(patternImage(8, 8), 1);
@@ -598,6 +616,20 @@ TEST_F(Archive, NeverReplacesWhatIsNotAnArchive)
     test::writeFile(file, "keep me");
     EXPECT_THROW(ShotDocumentArchive::write(document, file), FileError);
     EXPECT_EQ(QFileInfo(file).size(), 7);
+    // A folder with a manifest.json of its own (a browser extension's): its
+    // files once vanished when an archive replaced it.
+    const QString extension = folder(QStringLiteral("extension"));
+    ASSERT_TRUE(QDir().mkpath(extension + QStringLiteral("/icons")));
+    test::writeFile(extension + QStringLiteral("/manifest.json"), R"({"manifest_version": 3})");
+    test::writeFile(extension + QStringLiteral("/background.js"), "chrome.runtime;");
+    test::writeFile(extension + QStringLiteral("/icons/48.png"), "png");
+    EXPECT_THROW(ShotDocumentArchive::write(document, extension), FileError);
+    for (const char* name : {"manifest.json", "background.js", "icons/48.png"}) {
+        EXPECT_TRUE(QFile::exists(extension + QLatin1Char('/') + QLatin1String(name))) << name;
+    }
+    EXPECT_EQ(QDir(m_dir.path()).entryList(QDir::Hidden | QDir::AllEntries | QDir::NoDotAndDotDot)
+                  .filter(QStringLiteral(".extension")),
+              QStringList()) << "no staging folder left behind";
     // An empty folder is fine, and missing parents are made.
     ASSERT_TRUE(QDir().mkpath(folder(QStringLiteral("empty"))));
     EXPECT_NO_THROW(ShotDocumentArchive::write(document, folder(QStringLiteral("empty"))));
