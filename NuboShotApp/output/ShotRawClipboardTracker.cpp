@@ -32,6 +32,12 @@ bool ShotRawClipboardTracker::isCurrent(const Capture& capture)
     return capture.clipboard && capture.clipboard->changeCount() == capture.changeCount;
 }
 
+bool ShotRawClipboardTracker::holdsCapture(const ShotOutputHost* editor) const
+{
+    const auto found = m_editors.constFind(editor);
+    return found != m_editors.cend() && isCurrent(*found);
+}
+
 void ShotRawClipboardTracker::recordRawCopy(const ShotDocument& document, ShotClipboard& clipboard)
 {
     m_captures.removeIf([](const auto& entry) { return !isCurrent(entry.value()); });

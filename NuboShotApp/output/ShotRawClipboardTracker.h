@@ -51,7 +51,9 @@ public:
     // The editor is gone without its shot replacing anything.
     void forget(const ShotOutputHost* editor);
 
-    bool holdsCapture(const ShotOutputHost* editor) const { return m_editors.contains(editor); }
+    // The editor's raw shot is still what the clipboard holds: closing the
+    // editor will put its edits there.
+    bool holdsCapture(const ShotOutputHost* editor) const;
 
 private:
     static std::optional<QUuid> identity(const ShotDocument& document);

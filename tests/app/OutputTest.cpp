@@ -11,6 +11,7 @@
 #include "support/ArchiveFixtures.h"
 #include "support/EditorFixture.h"
 #include "support/LiveProcess.h"
+#include "support/ModalAnswer.h"
 #include "support/QtPrinters.h"
 #include "support/RenderFixtures.h"
 
@@ -36,6 +37,7 @@ namespace nubo {
 namespace {
 
 using test::settle;
+using test::xdotool;
 
 QByteArray run(const QString& program, const QStringList& arguments, const QByteArray& input = {})
 {
@@ -349,22 +351,11 @@ TEST_F(Output, ClosingUnsavedChangesAsksFirst)
             window.output().copy({});
             ASSERT_TRUE(outputDone(window));
         }
-        bool asked = false;
-        QTimer::singleShot(300, [&] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box) {
-                return;
-            }
-            asked = true;
-            for (QAbstractButton* button : box->buttons()) {
-                if (c.answer && button->text() == QLatin1String(c.answer)) {
-                    button->click();
-                }
-            }
-        });
+        const test::ModalAnswer answer(c.answer ? QLatin1String(c.answer) : QString());
         window.close();
-        settle(500);
-        EXPECT_EQ(asked, c.answer != nullptr);
+        settle(300);
+        EXPECT_EQ(answer.asked(), c.answer != nullptr);
+        EXPECT_EQ(answer.answered(), c.answer != nullptr);
         EXPECT_EQ(!window.isVisible(), c.closes);
     }
 }
@@ -397,8 +388,10 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
     tracker.encodeClipboardItem = [this](const ShotDocument& shot, double scale) {
         return ShotClipboard::encodeItem(m_renderer, shot, scale);
     };
-    for (const bool userCopiedText : {false, true}) {
-        SCOPED_TRACE(userCopiedText ? "text copied meanwhile" : "raw shot still there");
+    enum class Meanwhile { nothing, otherProgramCopied, annotationCopied };
+    for (const Meanwhile meanwhile :
+         {Meanwhile::nothing, Meanwhile::otherProgramCopied, Meanwhile::annotationCopied}) {
+        SCOPED_TRACE(int(meanwhile));
         const QImage raw = test::patternImage(320, 200);
         const ShotDocument shot = ShotDocument::fromImage(raw, 1);
         auto mime = std::make_unique<QMimeData>();
@@ -409,7 +402,7 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
         m_window = std::make_unique<ShotEditorWindow>(shot, *m_preferences, m_renderer);
         ShotEditorWindow& window = *m_window;
         tracker.adoptForEditor(&window);
-        if (userCopiedText) {
+        if (meanwhile == Meanwhile::otherProgramCopied) {
             run(QStringLiteral("xclip"), {"-selection", "clipboard", "-i"}, "someone else's text");
             settle(300);
         }
@@ -417,19 +410,24 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
         addArrow(window);
         EXPECT_EQ(window.lastNotice() ==
                       QStringLiteral("Clipboard still holds the original screenshot"),
-                  !userCopiedText);
+                  meanwhile != Meanwhile::otherProgramCopied);
         int later = 0;
         tracker.presentNotice = [&](const QString&) { ++later; };
         tracker.noticeIfStillRaw(&window);
         EXPECT_EQ(later, 0);
+        if (meanwhile == Meanwhile::annotationCopied) {
+            // Ctrl+C of the arrow, selected, in the editor itself.
+            window.model().select({window.model().document().annotations.first().id});
+            window.show();
+            xdotool({"windowactivate", "--sync", QString::number(window.winId())});
+            xdotool({"key", "ctrl+c"});
+            settle(300);
+        }
 
         window.show();
-        window.close();
-        settle(300);
-        if (userCopiedText) {
-            EXPECT_EQ(run(QStringLiteral("xclip"), {"-selection", "clipboard", "-o"}),
-                      QByteArray("someone else's text"));
-        } else {
+        if (meanwhile == Meanwhile::nothing) {
+            window.close();
+            settle(300);
             const QImage pasted = QImage::fromData(
                 run(QStringLiteral("xclip"), {"-selection", "clipboard", "-t", "image/png", "-o"}),
                 "PNG");
@@ -438,6 +436,27 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
                     .maximum,
                 0);
             EXPECT_TRUE(window.model().isOutputCurrent());
+        } else {
+            // The raw shot is no longer on the clipboard: the edits would go
+            // nowhere, so closing asks as for any unsaved shot.
+            {
+                test::ModalAnswer cancel(QStringLiteral("Cancel"));
+                window.close();
+                settle(100);
+                EXPECT_TRUE(cancel.answered()) << "closing did not ask";
+                EXPECT_EQ(cancel.title(), QStringLiteral("Discard this screenshot?"));
+            }
+            EXPECT_TRUE(window.isVisible());
+            EXPECT_FALSE(tracker.holdsCapture(&window));
+            if (meanwhile == Meanwhile::otherProgramCopied) {
+                EXPECT_EQ(run(QStringLiteral("xclip"), {"-selection", "clipboard", "-o"}),
+                          QByteArray("someone else's text"));
+            }
+            test::ModalAnswer discard(QStringLiteral("Discard"));
+            window.close();
+            settle(100);
+            EXPECT_TRUE(discard.answered());
+            EXPECT_FALSE(window.isVisible());
         }
         EXPECT_FALSE(tracker.holdsCapture(&window));
     }

@@ -5,6 +5,8 @@
 #include <QProcess>
 #include <QThread>
 
+#include <gtest/gtest.h>
+
 namespace nubo::test {
 
 QByteArray runServing(const QString& program, const QStringList& arguments, const QByteArray& input)
@@ -16,9 +18,17 @@ QByteArray runServing(const QString& program, const QStringList& arguments, cons
         process.closeWriteChannel();
     }
     QByteArray output;
+    // A program that never ends fails the test instead of hanging it.
+    const QDeadlineTimer deadline(30000);
     while (!process.waitForFinished(10)) {
         QCoreApplication::processEvents();
         output += process.readAllStandardOutput();
+        if (deadline.hasExpired()) {
+            process.kill();
+            process.waitForFinished();
+            ADD_FAILURE() << program.toStdString() << " did not finish in 30 s";
+            break;
+        }
     }
     return output + process.readAllStandardOutput();
 }
