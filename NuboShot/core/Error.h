@@ -25,12 +25,19 @@ private:
 class FileError : public Error {
 public:
     FileError(const QString& action, const QString& path, int errorNumber);
-    FileError(const QString& action, const QString& path, const QString& reason);
+    FileError(const QString& action, const QString& path, const QString& reason,
+              int errorNumber = 0);
 
     const QString& path() const noexcept { return m_path; }
+    // The cause alone, without the action and the path.
+    const QString& reason() const noexcept { return m_reason; }
+    // The system's error number behind it; 0 when there was none.
+    int errorNumber() const noexcept { return m_errorNumber; }
 
 private:
     QString m_path;
+    QString m_reason;
+    int m_errorNumber = 0;
 };
 
 } // namespace nubo

@@ -1,5 +1,6 @@
 #include "document/ShotDocument.h"
 
+#include "core/Error.h"
 #include "core/Geometry.h"
 
 #include <algorithm>
@@ -12,15 +13,65 @@ ShotDocument ShotDocument::fromImage(const QImage& image, double pixelsPerPoint)
     Q_ASSERT(std::isfinite(pixelsPerPoint) && pixelsPerPoint > 0);
     ImageLayer layer;
     layer.id = QUuid::createUuid();
-    layer.image = image.format() == QImage::Format_RGBA8888_Premultiplied
-                      ? image
-                      : image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    layer.image = image;
     layer.frame = QRectF(0, 0, image.width() / pixelsPerPoint, image.height() / pixelsPerPoint);
 
     ShotDocument document;
     document.canvasBounds = layer.frame;
     document.layers.append(std::move(layer));
+    if (const QString problem = document.limitProblem(); !problem.isEmpty()) {
+        throw Error(problem);
+    }
+    if (image.format() != QImage::Format_RGBA8888_Premultiplied) {
+        QImage converted = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+        if (converted.isNull()) {
+            throw Error(QStringLiteral("There is not enough memory for an image of %1 \u00d7 %2 "
+                                       "pixels.")
+                            .arg(image.width())
+                            .arg(image.height()));
+        }
+        document.layers.first().image = std::move(converted);
+    }
     return document;
+}
+
+QString ShotDocument::limitProblem() const
+{
+    using namespace ShotLimits;
+    qint64 total = 0;
+    for (const ImageLayer& layer : layers) {
+        const QSize size = layer.image.size();
+        if (layer.image.isNull()) {
+            return QStringLiteral("An image of the shot is missing (there may not have been "
+                                  "enough memory for it).");
+        }
+        const qint64 pixels = qint64(size.width()) * size.height();
+        if (size.width() > maximumImageSide || size.height() > maximumImageSide ||
+            pixels > maximumImagePixels) {
+            return QStringLiteral("An image of %1 \u00d7 %2 pixels is too large: Nubo Shot takes "
+                                  "images of up to %L3 pixels, none wider or taller than %L4.")
+                .arg(size.width())
+                .arg(size.height())
+                .arg(maximumImagePixels)
+                .arg(maximumImageSide);
+        }
+        total += pixels;
+    }
+    if (total > maximumTotalPixels) {
+        return QStringLiteral("The images of this shot would hold %L1 pixels together; a shot "
+                              "holds at most %L2.")
+            .arg(total)
+            .arg(maximumTotalPixels);
+    }
+    const QRectF canvas = canvasBounds.normalized();
+    if (canvas.width() > maximumCanvasSide || canvas.height() > maximumCanvasSide) {
+        return QStringLiteral("The shot would be %L1 \u00d7 %L2 points; it may be at most %L3 "
+                              "points wide and tall.")
+            .arg(std::ceil(canvas.width()))
+            .arg(std::ceil(canvas.height()))
+            .arg(maximumCanvasSide);
+    }
+    return {};
 }
 
 bool ShotDocument::isFinite() const

@@ -32,6 +32,17 @@ struct FrameStyle {
     bool operator==(const FrameStyle&) const = default;
 };
 
+// How much one shot may hold, wherever it comes from (a capture, a file, an
+// archive, a paste): the most a layer image may have (16384 × 16384 pixels'
+// worth, 1 GB, and no side over 65536) and all layers together (2 GB), and
+// the widest canvas (65536 points, as much as an export can take).
+namespace ShotLimits {
+inline constexpr int maximumImageSide = 65'536;
+inline constexpr qint64 maximumImagePixels = 268'435'456;
+inline constexpr qint64 maximumTotalPixels = 536'870'912;
+inline constexpr double maximumCanvasSide = 65'536;
+} // namespace ShotLimits
+
 // The editable form of one capture. A plain value: copying one shares its
 // images and its arrays until either copy changes them.
 struct ShotDocument {
@@ -44,8 +55,13 @@ struct ShotDocument {
     bool operator==(const ShotDocument&) const = default;
 
     // A document of one image, its frame the image's size in points at the
-    // given pixels per point.
+    // given pixels per point. Throws Error when the image is beyond
+    // ShotLimits or there is no memory to convert it.
     static ShotDocument fromImage(const QImage& image, double pixelsPerPoint = 1);
+
+    // Why the document is beyond ShotLimits, in words for the user; empty
+    // when it is within them.
+    QString limitProblem() const;
 
     // Every piece of geometry and every number is finite.
     bool isFinite() const;

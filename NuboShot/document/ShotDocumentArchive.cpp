@@ -1,5 +1,6 @@
 #include "document/ShotDocumentArchive.h"
 
+#include "core/FileWriting.h"
 #include "core/Geometry.h"
 #include "core/Logging.h"
 #include "document/ShotDocumentCoding.h"
@@ -94,6 +95,15 @@ void validate(const ShotDocument& document)
         }
         ids.insert(layer.id);
     }
+    qint64 total = 0;
+    for (const ImageLayer& layer : document.layers) {
+        total += qint64(layer.image.width()) * layer.image.height();
+    }
+    if (total > ShotLimits::maximumTotalPixels) {
+        throw ArchiveError(Code::imageTooLarge,
+                           QStringLiteral("the layers hold more than %L1 pixels together")
+                               .arg(ShotLimits::maximumTotalPixels));
+    }
 }
 
 // QTemporaryDir makes private folders; an archive gets the permissions any
@@ -127,16 +137,7 @@ void syncPath(const QString& path)
 
 void writeFile(const QString& path, const QByteArray& data)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-        throw FileError(QStringLiteral("create"), path, file.errorString());
-    }
-    if (file.write(data) != data.size() || !file.flush()) {
-        throw FileError(QStringLiteral("write"), path, file.errorString());
-    }
-    if (::fsync(file.handle()) != 0) {
-        throw FileError(QStringLiteral("write"), path, errno);
-    }
+    FileWriting::writeNewFile(data, path);
 }
 
 QByteArray encodePng(const QImage& image)
@@ -195,10 +196,11 @@ QSet<QString> archiveOwnFiles(const QString& folder)
     QSet<QString> own{QLatin1String(ShotDocumentArchive::manifestName)};
     QFile file(folder + QLatin1Char('/') + QLatin1String(ShotDocumentArchive::manifestName));
     if (file.open(QIODevice::ReadOnly)) {
-        const QJsonArray layers = QJsonDocument::fromJson(file.read(ShotDocumentArchive::maximumBytes))
-                                      .object()
-                                      .value(QStringLiteral("layers"))
-                                      .toArray();
+        const QJsonArray layers =
+            QJsonDocument::fromJson(file.read(ShotDocumentArchive::maximumBytes))
+                .object()
+                .value(QStringLiteral("layers"))
+                .toArray();
         for (const QJsonValue& layer : layers) {
             own.insert(layer.toObject().value(QStringLiteral("filename")).toString());
         }
@@ -212,16 +214,17 @@ QSet<QString> archiveOwnFiles(const QString& folder)
 void keepForeignFiles(const QString& oldArchive, const QString& newArchive)
 {
     const QSet<QString> own = archiveOwnFiles(oldArchive);
-    const QStringList entries = QDir(oldArchive).entryList(
-        QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    const QStringList entries =
+        QDir(oldArchive)
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     for (const QString& entry : entries) {
         if (own.contains(entry)) {
             continue;
         }
         const QByteArray from = QFile::encodeName(oldArchive + QLatin1Char('/') + entry);
         const QByteArray to = QFile::encodeName(newArchive + QLatin1Char('/') + entry);
-        if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(),
-                        RENAME_NOREPLACE) == 0) {
+        if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) ==
+            0) {
             continue;
         }
         const bool cannotRefuse = errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
@@ -275,47 +278,56 @@ void ShotDocumentArchive::write(const ShotDocument& document, const QString& fol
     }
     applyUmask(staged.path());
 
-    qint64 total = 0;
-    QJsonArray layers;
-    for (const ImageLayer& layer : document.layers) {
-        const QString name = layerFileName(layer.id);
-        const QByteArray png = encodePng(layer.image);
-        total += png.size();
-        if (total > maximumBytes) {
-            throw ArchiveError(
-                Code::archiveTooLarge,
-                QStringLiteral("the layers take more than %1 bytes").arg(maximumBytes));
+    try {
+        qint64 total = 0;
+        QJsonArray layers;
+        for (const ImageLayer& layer : document.layers) {
+            const QString name = layerFileName(layer.id);
+            const QByteArray png = encodePng(layer.image);
+            total += png.size();
+            if (total > maximumBytes) {
+                throw ArchiveError(
+                    Code::archiveTooLarge,
+                    QStringLiteral("the layers take more than %1 bytes").arg(maximumBytes));
+            }
+            writeFile(staged.filePath(name), png);
+            layers.append(QJsonObject{{QStringLiteral("id"), coding::encodeUuid(layer.id)},
+                                      {QStringLiteral("frame"), coding::encodeRect(layer.frame)},
+                                      {QStringLiteral("filename"), name}});
         }
-        writeFile(staged.filePath(name), png);
-        layers.append(QJsonObject{{QStringLiteral("id"), coding::encodeUuid(layer.id)},
-                                  {QStringLiteral("frame"), coding::encodeRect(layer.frame)},
-                                  {QStringLiteral("filename"), name}});
-    }
 
-    QJsonArray annotations;
-    for (const Annotation& annotation : document.annotations) {
-        annotations.append(coding::encodeAnnotation(annotation));
+        QJsonArray annotations;
+        for (const Annotation& annotation : document.annotations) {
+            annotations.append(coding::encodeAnnotation(annotation));
+        }
+        QJsonObject manifest{
+            {QStringLiteral("version"), version},
+            {QStringLiteral("layers"), layers},
+            {QStringLiteral("annotations"), annotations},
+            {QStringLiteral("canvasBounds"), coding::encodeRect(document.canvasBounds)}};
+        if (document.crop) {
+            manifest.insert(QStringLiteral("crop"), coding::encodeRect(*document.crop));
+        }
+        if (document.frame) {
+            manifest.insert(QStringLiteral("frame"),
+                            QJsonObject{{QStringLiteral("padding"), document.frame->padding}});
+        }
+        // QJsonObject keeps its keys sorted, so the file has them sorted too.
+        const QByteArray data = QJsonDocument(manifest).toJson(QJsonDocument::Indented);
+        // The whole archive has to stay readable, so the manifest counts too.
+        if (data.size() > maximumBytes || total + data.size() > maximumBytes) {
+            throw ArchiveError(Code::archiveTooLarge, QStringLiteral("the manifest is too large"));
+        }
+        writeFile(staged.filePath(QLatin1String(manifestName)), data);
+        syncPath(staged.path());
+    } catch (const FileError& error) {
+        // Named by the archive, not by its staging folder.
+        if (error.errorNumber() == 0) {
+            throw;
+        }
+        throw FileError(QStringLiteral("save"), targetPath,
+                        FileWriting::reason(error.errorNumber(), targetPath), error.errorNumber());
     }
-    QJsonObject manifest{
-        {QStringLiteral("version"), version},
-        {QStringLiteral("layers"), layers},
-        {QStringLiteral("annotations"), annotations},
-        {QStringLiteral("canvasBounds"), coding::encodeRect(document.canvasBounds)}};
-    if (document.crop) {
-        manifest.insert(QStringLiteral("crop"), coding::encodeRect(*document.crop));
-    }
-    if (document.frame) {
-        manifest.insert(QStringLiteral("frame"),
-                        QJsonObject{{QStringLiteral("padding"), document.frame->padding}});
-    }
-    // QJsonObject keeps its keys sorted, so the file has them sorted too.
-    const QByteArray data = QJsonDocument(manifest).toJson(QJsonDocument::Indented);
-    // The whole archive has to stay readable, so the manifest counts too.
-    if (data.size() > maximumBytes || total + data.size() > maximumBytes) {
-        throw ArchiveError(Code::archiveTooLarge, QStringLiteral("the manifest is too large"));
-    }
-    writeFile(staged.filePath(QLatin1String(manifestName)), data);
-    syncPath(staged.path());
 
     swapIntoPlace(staged.path(), targetPath, targetExists);
     if (targetExists) {
@@ -361,7 +373,8 @@ struct StoredLayer {
     QString filename;
 };
 
-QImage readLayerImage(const QString& path, const QString& name)
+// `total` counts the pixels of the layers read so far.
+QImage readLayerImage(const QString& path, const QString& name, qint64& total)
 {
     ShotDocumentArchive::allowLargeImages();
     QImageReader reader(path, "png");
@@ -377,13 +390,29 @@ QImage readLayerImage(const QString& path, const QString& name)
                                                     .arg(size.width())
                                                     .arg(size.height()));
     }
+    total += qint64(size.width()) * size.height();
+    if (total > ShotLimits::maximumTotalPixels) {
+        throw ArchiveError(Code::imageTooLarge,
+                           QStringLiteral("the layers hold more than %L1 pixels together")
+                               .arg(ShotLimits::maximumTotalPixels));
+    }
     const QImage image = reader.read();
     if (image.isNull()) {
         throw ArchiveError(
             Code::invalidImage,
             QStringLiteral("\u201c%1\u201d does not decode: %2").arg(name, reader.errorString()));
     }
-    return image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    QImage converted = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    if (converted.isNull() || converted.size() != size) {
+        // A layer that could not be converted is never a smaller layer.
+        throw ArchiveError(Code::invalidImage,
+                           QStringLiteral("there is not enough memory for \u201c%1\u201d (%2 "
+                                          "\u00d7 %3 pixels)")
+                               .arg(name)
+                               .arg(size.width())
+                               .arg(size.height()));
+    }
+    return converted;
 }
 
 } // namespace
@@ -496,10 +525,11 @@ ShotDocument ShotDocumentArchive::read(const QString& folder)
         throw ArchiveError(Code::invalidDocument, QStringLiteral("a coordinate is not finite"));
     }
 
+    qint64 pixels = 0;
     for (const StoredLayer& layer : layers) {
         const QString path = containedFile(root, layer.filename, Code::invalidImage);
         document.layers.append(
-            ImageLayer{layer.id, readLayerImage(path, layer.filename), layer.frame});
+            ImageLayer{layer.id, readLayerImage(path, layer.filename, pixels), layer.frame});
     }
     return document;
 }

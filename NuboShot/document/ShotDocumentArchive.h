@@ -47,10 +47,10 @@ public:
     static constexpr int version = 1;
     // The most an archive's files may hold together.
     static constexpr qint64 maximumBytes = 200'000'000;
-    // The most pixels one layer image may have: 16384 × 16384, as much as
-    // anything the program can export. Larger images are refused unread.
-    static constexpr qint64 maximumImagePixels = 268'435'456;
-    static constexpr int maximumImageSide = 65'536;
+    // The most pixels one layer image may have (ShotLimits). Larger images
+    // are refused unread.
+    static constexpr qint64 maximumImagePixels = ShotLimits::maximumImagePixels;
+    static constexpr int maximumImageSide = ShotLimits::maximumImageSide;
     static constexpr char manifestName[] = "manifest.json";
 
     // Writes into a fresh sibling folder and then swaps it into place, so an

@@ -1,5 +1,7 @@
 #include "export/ImageWriter.h"
 
+#include "core/FileWriting.h"
+
 #include "export/PngEncoder.h"
 
 #include <QFileInfo>
@@ -197,15 +199,10 @@ void ImageWriter::write(const QImage& image, ImageWriterFormat format, double qu
 
 void ImageWriter::writeData(const QByteArray& data, const QString& path)
 {
-    const QString fileName = QFileInfo(path).fileName();
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        throw ImageWriterError(fileName, file.errorString());
-    }
-    if (file.write(data) != data.size() || !file.commit()) {
-        const QString reason = file.errorString();
-        file.cancelWriting();
-        throw ImageWriterError(fileName, reason);
+    try {
+        FileWriting::writeAtomically(data, path);
+    } catch (const FileError& error) {
+        throw ImageWriterError(QFileInfo(path).fileName(), error.reason());
     }
 }
 

@@ -4,8 +4,14 @@
 
 #include <QApplication>
 
+#include <csignal>
+
 int main(int argc, char** argv)
 {
+    // Past the session's file size limit (ulimit -f) a write fails with
+    // EFBIG, which we report and clean up after; the signal would kill us
+    // with half-written staging files left behind.
+    std::signal(SIGXFSZ, SIG_IGN);
     QCoreApplication::setOrganizationName(QStringLiteral("NuboShot"));
     QCoreApplication::setApplicationName(QStringLiteral("NuboShot"));
     QCoreApplication::setApplicationVersion(QStringLiteral(NUBOSHOT_VERSION));

@@ -5,9 +5,12 @@
 #include "support/QtPrinters.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace nubo {
 namespace {
@@ -263,6 +266,106 @@ TEST(CommandLine, ExportWritesEveryFormatAndRefusesBadOptions)
     EXPECT_EQ(saved.size(), 2);
     for (const QString& name : saved) {
         EXPECT_TRUE(name.startsWith(QStringLiteral("Nubo Shot "))) << name.toStdString();
+    }
+}
+
+// Writing never replaces what is not a file, never leaves half a file or a
+// placeholder behind, and says what really went wrong.
+TEST(CommandLine, WritesRefuseSpecialFilesAndNameTheRealCause)
+{
+    QTemporaryDir dir;
+    const QString archive = dir.filePath(QStringLiteral("shot"));
+    ShotDocumentArchive::write(test::documentWithEveryKind(), archive);
+    const QString fifo = dir.filePath(QStringLiteral("pipe.png"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    const QString folder = dir.filePath(QStringLiteral("folder.png"));
+    ASSERT_TRUE(QDir().mkpath(folder));
+    const QString nuboshot = QStringLiteral(NUBOSHOT_BINARY);
+    const QString quoted = QLatin1Char('\'') + archive + QLatin1Char('\'');
+
+    struct Case {
+        const char* name;
+        QStringList command; // run as it stands
+        const char* inErr;
+        std::function<bool(const QString& err)> unharmed;
+    };
+    const auto isFifo = [&](const QString&) {
+        struct stat info {};
+        return ::lstat(QFile::encodeName(fifo).constData(), &info) == 0 && S_ISFIFO(info.st_mode);
+    };
+    const auto nothingBeside = [&](const QString& where, const QStringList& expected) {
+        return [where, expected](const QString&) {
+            QStringList left =
+                QDir(where).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+            left.sort();
+            return left == expected;
+        };
+    };
+    const QString limited = dir.filePath(QStringLiteral("limited"));
+    ASSERT_TRUE(QDir().mkpath(limited));
+    const Case cases[] = {
+        {"-o onto a FIFO",
+         {nuboshot, "export", archive, "-o", fifo},
+         "it is a pipe (FIFO), not a file",
+         isFifo},
+        {"-o onto a folder",
+         {nuboshot, "export", archive, "-o", folder},
+         "it is a folder, not a file",
+         [&](const QString&) {
+             return QFileInfo(folder).isDir();
+         }},
+        {"-o onto a device",
+         {nuboshot, "export", archive, "-o", "/dev/null", "--format", "png"},
+         "it is a device, not a file",
+         [](const QString&) {
+             struct stat info {};
+             return ::stat("/dev/null", &info) == 0 && S_ISCHR(info.st_mode);
+         }},
+        {"a file size limit (ulimit -f)",
+         {"sh", "-c",
+          QStringLiteral("ulimit -f 1; exec '%1' export %2 -o '%3/big.png'")
+              .arg(nuboshot, quoted, limited)},
+         "the file size limit of its session, ulimit -f",
+         nothingBeside(limited, {})},
+        {"a quick save under a file size limit",
+         {"sh", "-c",
+          QStringLiteral("ulimit -f 1; exec '%1' export %2 --quick").arg(nuboshot, quoted)},
+         "ulimit -f",
+         nothingBeside(QStringLiteral(NUBOSHOT_TEST_HOME "/Downloads"), {})},
+        {"an archive under a file size limit",
+         {"sh", "-c",
+          QStringLiteral("ulimit -f 1; exec '%1' archive new '%2' '%3/archive'")
+              .arg(nuboshot, QStringLiteral(NUBOSHOT_TEST_DATA "/web-1920x1080.png"), limited)},
+         "ulimit -f",
+         nothingBeside(limited, {})},
+        {"a full disk",
+         // A private 64 KB file system, in a user namespace of its own.
+         {"unshare", "--user", "--map-root-user", "--mount", "sh", "-c",
+          QStringLiteral("mount -t tmpfs -o size=64k tmpfs '%1' && "
+                         "head -c 60000 /dev/zero > '%1/filler' && "
+                         "'%2' archive new '%3' '%1/archive'; status=$?; "
+                         "ls -A '%1' >&2; exit $status")
+              .arg(limited, nuboshot, QStringLiteral(NUBOSHOT_TEST_DATA "/web-1920x1080.png"))},
+         "is full",
+         // Inside, `ls -A` printed what was left after the error line: the
+         // filler alone, no staging folder.
+         [](const QString& err) {
+             return err.section(u'\n', 1).trimmed() == u"filler";
+         }},
+    };
+    QDir(QStringLiteral(NUBOSHOT_TEST_HOME "/Downloads")).removeRecursively();
+    QDir().mkpath(QStringLiteral(NUBOSHOT_TEST_HOME "/Downloads"));
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        QProcess process;
+        process.start(c.command.first(), c.command.mid(1));
+        ASSERT_TRUE(process.waitForFinished(30000)) << "blocked";
+        const QString err = QString::fromUtf8(process.readAllStandardError());
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << "killed: " << err.toStdString();
+        EXPECT_EQ(process.exitCode(), 1) << err.toStdString();
+        EXPECT_TRUE(err.section(u'\n', 0, 0).contains(QString::fromUtf8(c.inErr)))
+            << err.toStdString();
+        EXPECT_TRUE(c.unharmed(err)) << err.toStdString();
     }
 }
 

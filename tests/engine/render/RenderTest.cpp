@@ -237,13 +237,13 @@ TEST(ShotRenderer, TheLongestTextLineIsOutlinedWhole)
     // outline is stroked glyph group by glyph group. Stroked as one path it
     // took minutes (the cost grew with the square of the length; ctest's
     // time limit fails the test then); now it takes about a second.
-    QImage blank(92000, 40, QImage::Format_RGBA8888_Premultiplied);
+    QImage blank(60000, 40, QImage::Format_RGBA8888_Premultiplied);
     ASSERT_FALSE(blank.isNull());
     blank.fill(Qt::white);
     ShotDocument d = ShotDocument::fromImage(blank, 1);
     const QString line(TextContent::maximumLength, QLatin1Char('w'));
     d.annotations.append(Annotation{QUuid::createUuid(),
-                                    TextAnnotation{{line, QRectF(0, 4, 92000, 36)}},
+                                    TextAnnotation{{line, QRectF(0, 4, 60000, 36)}},
                                     ShotStyle({0.1, 0.1, 0.1, 1}, 4, 12, true, 12)});
     const QImage image = ShotRenderer().render(d, 1);
     ASSERT_EQ(image.size(), blank.size());
