@@ -376,20 +376,32 @@ void ShotEditorModel::resizeSelection(ResizeHandle handle, QPointF point)
     apply(next);
 }
 
-void ShotEditorModel::addImageLayer(const QImage& image, QPointF topLeft)
+QString ShotEditorModel::addImageLayer(const QImage& image, QPointF topLeft)
 {
     assertMainThread();
     endNudging();
     if (image.isNull()) {
-        return;
+        return QStringLiteral("There is no image to add (it could not be read, or it is larger "
+                              "than Nubo Shot takes).");
     }
     ShotDocument next = m_document;
     const double scale = exportScale();
     const QRectF frame(topLeft, QSizeF(image.size()) / scale);
-    next.layers.append(ImageLayer{
-        QUuid::createUuid(), image.convertToFormat(QImage::Format_RGBA8888_Premultiplied), frame});
+    next.layers.append(ImageLayer{QUuid::createUuid(), image, frame});
     next.canvasBounds = next.canvasBounds.normalized().united(frame);
+    // The limits hold for the shot with the new layer, canvas included.
+    if (QString problem = next.limitProblem(); !problem.isEmpty()) {
+        return problem;
+    }
+    QImage converted = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    if (converted.isNull()) {
+        return QStringLiteral("There is not enough memory to add an image of %1 \u00d7 %2 pixels.")
+            .arg(image.width())
+            .arg(image.height());
+    }
+    next.layers.last().image = std::move(converted);
     apply(next);
+    return {};
 }
 
 void ShotEditorModel::setActiveTool(ShotToolKind tool)

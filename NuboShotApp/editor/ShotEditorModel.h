@@ -94,8 +94,10 @@ public:
     static QRectF handleBox(const Annotation& annotation);
 
     // A new image layer at a point (its size in points follows the
-    // document's density); the canvas grows to hold it. One step.
-    void addImageLayer(const QImage& image, QPointF topLeft);
+    // document's density); the canvas grows to hold it. One step. Returns
+    // why not when the shot would go beyond its limits (ShotLimits), empty
+    // when added.
+    QString addImageLayer(const QImage& image, QPointF topLeft);
 
     ShotToolKind activeTool() const { return m_activeTool; }
     void setActiveTool(ShotToolKind tool);

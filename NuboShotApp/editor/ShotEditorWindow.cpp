@@ -2,6 +2,7 @@
 
 #include "core/Error.h"
 #include "core/Logging.h"
+#include "document/ShotImageFile.h"
 #include "editor/ShotCropBar.h"
 #include "editor/ShotStyleBar.h"
 #include "editor/ShotZoomControls.h"
@@ -256,17 +257,28 @@ void ShotEditorWindow::addImageFromFile()
     const QString file = QFileDialog::getOpenFileName(
         this, QStringLiteral("Add Image"), QString(),
         QStringLiteral("Images (*.png *.jpg *.jpeg *.webp *.bmp *.gif)"));
-    if (file.isEmpty()) {
-        return;
+    if (!file.isEmpty()) {
+        addImageFile(file, m_canvas->toDocument(QPointF(0, 0)));
     }
-    const QImage image(file);
-    if (image.isNull()) {
-        QMessageBox::warning(this, QStringLiteral("Nubo Shot"),
-                             QStringLiteral("\u201c%1\u201d is not an image Nubo Shot can add.")
-                                 .arg(QFileInfo(file).fileName()));
-        return;
+}
+
+void ShotEditorWindow::addImageFile(const QString& file, QPointF at)
+{
+    QString problem;
+    try {
+        problem = m_model->addImageLayer(ShotImageFile::read(file), at);
+    } catch (const Error& error) {
+        problem = error.message();
     }
-    m_model->addImageLayer(image, m_canvas->toDocument(QPointF(0, 0)));
+    reportAddProblem(problem);
+}
+
+void ShotEditorWindow::reportAddProblem(const QString& problem)
+{
+    if (!problem.isEmpty()) {
+        qCWarning(lcApp, "Image not added: %s", qPrintable(problem));
+        QMessageBox::warning(this, QStringLiteral("Could Not Add Image"), problem);
+    }
 }
 
 void ShotEditorWindow::copy()
@@ -292,8 +304,8 @@ void ShotEditorWindow::paste()
         m_model->paste(mime->data(QLatin1String(ShotEditorModel::clipboardType)));
     } else if (mime->hasImage()) {
         // An image from elsewhere becomes a new layer at the top-left of the view.
-        m_model->addImageLayer(qvariant_cast<QImage>(mime->imageData()),
-                               m_canvas->toDocument(QPointF(0, 0)));
+        reportAddProblem(m_model->addImageLayer(qvariant_cast<QImage>(mime->imageData()),
+                                                m_canvas->toDocument(QPointF(0, 0))));
     }
 }
 
@@ -308,17 +320,13 @@ void ShotEditorWindow::dropEvent(QDropEvent* event)
 {
     const QPointF at = m_canvas->toDocument(m_canvas->mapFrom(this, event->position().toPoint()));
     if (event->mimeData()->hasImage()) {
-        m_model->addImageLayer(qvariant_cast<QImage>(event->mimeData()->imageData()), at);
+        reportAddProblem(
+            m_model->addImageLayer(qvariant_cast<QImage>(event->mimeData()->imageData()), at));
     }
     for (const QUrl& url : event->mimeData()->urls()) {
-        const QImage image(url.toLocalFile());
-        if (image.isNull()) {
-            QMessageBox::warning(this, QStringLiteral("Nubo Shot"),
-                                 QStringLiteral("\u201c%1\u201d is not an image Nubo Shot can add.")
-                                     .arg(url.fileName()));
-            continue;
+        if (url.isLocalFile()) {
+            addImageFile(url.toLocalFile(), at);
         }
-        m_model->addImageLayer(image, at);
     }
     event->acceptProposedAction();
 }

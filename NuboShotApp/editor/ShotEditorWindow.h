@@ -45,6 +45,9 @@ public:
     void closeAfterOutput() override { close(); }
     QWidget* outputWindow() override { return this; }
     void addImageFromFile();
+    // An image file as a new layer at a document point; says why not.
+    void addImageFile(const QString& file, QPointF at);
+    void reportAddProblem(const QString& problem);
     // Samples the shown colour at a document point: on the clipboard as
     // "#RRGGBB", the colour of the tools, and a short notice.
     void pickColor(QPointF point);

@@ -1,6 +1,7 @@
 #include "shell/ArchiveCommands.h"
 
 #include "document/ShotDocumentArchive.h"
+#include "document/ShotImageFile.h"
 #include "shell/CommandLine.h"
 
 #include <QDir>
@@ -40,28 +41,8 @@ QString rectText(const QRectF& rect)
 
 int archiveNew(const QString& imagePath, const QString& folder)
 {
-    QImageReader reader(imagePath);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (size.isValid() &&
-        (qint64(size.width()) * size.height() > ShotDocumentArchive::maximumImagePixels ||
-         size.width() > ShotDocumentArchive::maximumImageSide ||
-         size.height() > ShotDocumentArchive::maximumImageSide)) {
-        return fail(QStringLiteral("\u201c%1\u201d is too large: %2 \u00d7 %3 pixels (at most %4 "
-                                   "pixels in all).")
-                        .arg(imagePath)
-                        .arg(size.width())
-                        .arg(size.height())
-                        .arg(ShotDocumentArchive::maximumImagePixels));
-    }
-    ShotDocumentArchive::allowLargeImages();
-    const QImage image = reader.read();
-    if (image.isNull()) {
-        return fail(QStringLiteral("Could not read the image \u201c%1\u201d: %2.")
-                        .arg(imagePath, reader.errorString()));
-    }
-    const ShotDocument document = ShotDocument::fromImage(image, imagePixelDensity(image));
     try {
+        const ShotDocument document = ShotImageFile::readDocument(imagePath);
         ShotDocumentArchive::write(document, folder);
     } catch (const Error& error) {
         return failWith(error);
@@ -114,16 +95,6 @@ int archiveCheck(const QString& folder)
 }
 
 } // namespace
-
-double imagePixelDensity(const QImage& image)
-{
-    const double dpi = image.dotsPerMeterX() * 0.0254;
-    const double multiple = std::round(dpi / 72);
-    if (multiple >= 2 && std::abs(dpi - multiple * 72) < 0.5) {
-        return multiple;
-    }
-    return 1;
-}
 
 int runArchiveCommand(const QStringList& arguments)
 {

@@ -2,6 +2,7 @@
 
 #include "core/Settings.h"
 #include "document/ShotDocumentArchive.h"
+#include "document/ShotImageFile.h"
 #include "editor/ShotEditorWindow.h"
 #include "render/ShotRenderer.h"
 #include "shell/ArchiveCommands.h"
@@ -23,27 +24,7 @@ ShotDocument openDocument(const QString& path)
     if (QFileInfo(path).isDir()) {
         return ShotDocumentArchive::read(path);
     }
-    QImageReader reader(path);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (!size.isValid()) {
-        throw Error(QStringLiteral("\u201c%1\u201d is not an image Nubo Shot can open.").arg(path));
-    }
-    if (qint64(size.width()) * size.height() > ShotDocumentArchive::maximumImagePixels ||
-        size.width() > ShotDocumentArchive::maximumImageSide ||
-        size.height() > ShotDocumentArchive::maximumImageSide) {
-        throw Error(QStringLiteral("\u201c%1\u201d is too large to edit (%2 \u00d7 %3 pixels).")
-                        .arg(path)
-                        .arg(size.width())
-                        .arg(size.height()));
-    }
-    ShotDocumentArchive::allowLargeImages();
-    const QImage image = reader.read();
-    if (image.isNull()) {
-        throw Error(
-            QStringLiteral("Could not read \u201c%1\u201d: %2.").arg(path, reader.errorString()));
-    }
-    return ShotDocument::fromImage(image, imagePixelDensity(image));
+    return ShotImageFile::readDocument(path);
 }
 
 bool isEditorCommand(const QStringList& arguments)

@@ -32,12 +32,14 @@ void ShotBusService::CaptureShot(const QString& mode, const QDBusMessage& messag
 
 void ShotBusService::OpenImage(const QStringList& files, const QDBusMessage& message)
 {
-    const QStringList failures = m_feature.openFiles(files);
-    if (!failures.isEmpty()) {
-        QDBusConnection::sessionBus().send(message.createErrorReply(
-            QLatin1String(GrabOverBus::errorName), failures.join(QLatin1Char('\n'))));
-        message.setDelayedReply(true);
-    }
+    // Answered once the files have been read, off the bus's thread of calls.
+    message.setDelayedReply(true);
+    m_feature.openFiles(files, [message](const QStringList& failures) {
+        QDBusConnection::sessionBus().send(
+            failures.isEmpty() ? message.createReply()
+                               : message.createErrorReply(QLatin1String(GrabOverBus::errorName),
+                                                          failures.join(QLatin1Char('\n'))));
+    });
 }
 
 void ShotBusService::Annotate(const QStringList& files, const QDBusMessage& message)

@@ -258,17 +258,37 @@ void ShotFeature::copyRaw(ShotEditorWindow* editor, const ShotDocument& document
     }));
 }
 
-QStringList ShotFeature::openFiles(const QStringList& files)
+void ShotFeature::openFiles(const QStringList& files,
+                            std::function<void(const QStringList& failures)> done)
 {
-    QStringList failures;
-    for (const QString& file : files) {
-        try {
-            openEditor(cli::openDocument(file));
-        } catch (const Error& error) {
-            failures << error.message();
+    Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
+    struct Opened {
+        QList<ShotDocument> documents;
+        QStringList failures;
+    };
+    auto* watcher = new QFutureWatcher<Opened>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, done] {
+        watcher->deleteLater();
+        const Opened opened = watcher->result();
+        for (const ShotDocument& document : opened.documents) {
+            openEditor(document);
         }
-    }
-    return failures;
+        for (const QString& failure : opened.failures) {
+            qCWarning(lcApp, "Not opened: %s", qPrintable(failure));
+        }
+        done(opened.failures);
+    });
+    watcher->setFuture(QtConcurrent::run([files] {
+        Opened opened;
+        for (const QString& file : files) {
+            try {
+                opened.documents.append(cli::openDocument(file));
+            } catch (const Error& error) {
+                opened.failures << error.message();
+            }
+        }
+        return opened;
+    }));
 }
 
 } // namespace nubo

@@ -33,9 +33,12 @@ public:
     void capture(CaptureMode mode);
     // A capture is under way (from the request to the editor or the alert).
     bool isCapturing() const { return m_capturing; }
-    // Opens image files (or shot archives) in editors; returns the messages
-    // of those that could not be opened.
-    QStringList openFiles(const QStringList& files);
+    // Opens image files (or shot archives) in editors. The files are read on
+    // a worker thread (a slow disk or a hostile file never stalls the
+    // tray); `done` then gets, on the main thread, the messages of those
+    // that could not be opened, empty when all opened.
+    void openFiles(const QStringList& files,
+                   std::function<void(const QStringList& failures)> done);
     // The editors open now.
     QList<ShotEditorWindow*> editors() const;
     // Offered by the platform, and by this program (scrolling comes with its session).

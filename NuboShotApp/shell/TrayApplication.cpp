@@ -44,11 +44,12 @@ void TrayApplication::openImage()
     if (file.isEmpty()) {
         return;
     }
-    const QStringList failures = m_feature->openFiles({file});
-    if (!failures.isEmpty()) {
-        m_feature->presentAlert(QStringLiteral("Could Not Open Image"),
-                                failures.join(QLatin1Char('\n')));
-    }
+    m_feature->openFiles({file}, [this](const QStringList& failures) {
+        if (!failures.isEmpty()) {
+            m_feature->presentAlert(QStringLiteral("Could Not Open Image"),
+                                    failures.join(QLatin1Char('\n')));
+        }
+    });
 }
 
 void TrayApplication::showSettings()

@@ -1,4 +1,5 @@
 #include "document/ShotDocumentArchive.h"
+#include "document/ShotImageFile.h"
 #include "shell/ArchiveCommands.h"
 #include "support/ArchiveFixtures.h"
 #include "support/Process.h"
@@ -43,7 +44,10 @@ TEST(CommandLine, AnswersHelpVersionAndBadUsage)
          1,
          "",
          "Could not open \u201c/nonexistent/shot\u201d"},
-        {{"archive", "new", "/nonexistent.png", "/tmp/x"}, 1, "", "Could not read the image"},
+        {{"archive", "new", "/nonexistent.png", "/tmp/x"},
+         1,
+         "",
+         "Could not open \u201c/nonexistent.png\u201d: No such file or directory."},
     };
     for (const Case& c : cases) {
         const auto result = runNuboShot(c.arguments);
@@ -146,7 +150,7 @@ TEST(CommandLine, ImageDensityComesFromWholeMultiplesOf72Dpi)
     for (const Case& c : cases) {
         QImage image(1, 1, QImage::Format_RGB32);
         image.setDotsPerMeterX(c.dotsPerMeter);
-        EXPECT_EQ(cli::imagePixelDensity(image), c.density) << c.dotsPerMeter;
+        EXPECT_EQ(ShotImageFile::pixelDensity(image), c.density) << c.dotsPerMeter;
     }
 }
 
@@ -366,6 +370,32 @@ TEST(CommandLine, WritesRefuseSpecialFilesAndNameTheRealCause)
         EXPECT_TRUE(err.section(u'\n', 0, 0).contains(QString::fromUtf8(c.inErr)))
             << err.toStdString();
         EXPECT_TRUE(c.unharmed(err)) << err.toStdString();
+    }
+}
+
+TEST(CommandLine, ReadingRefusesWhatIsNotAFileWithoutWaiting)
+{
+    // A FIFO with no writer would block a reader forever; a device never ends.
+    QTemporaryDir dir;
+    const QString fifo = dir.filePath(QStringLiteral("shot.png"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    const QString out = dir.filePath(QStringLiteral("archive"));
+    struct Case {
+        QStringList arguments;
+        const char* inErr;
+    };
+    const Case cases[] = {
+        {{"archive", "new", fifo, out}, "is a pipe (FIFO), not an image file"},
+        {{"archive", "new", "/dev/zero", out}, "is a device, not an image file"},
+        {{"archive", "new", dir.path(), out}, "is a folder, not an image file"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.arguments.join(u' ').toStdString());
+        const auto result = runNuboShot(c.arguments, 10000);
+        EXPECT_FALSE(result.crashed) << "blocked or crashed";
+        EXPECT_EQ(result.exitCode, 1);
+        EXPECT_TRUE(result.err.contains(QString::fromUtf8(c.inErr))) << result.err.toStdString();
+        EXPECT_FALSE(QFileInfo::exists(out));
     }
 }
 

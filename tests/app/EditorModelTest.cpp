@@ -401,6 +401,50 @@ TEST_F(EditorModel, ZOrderCopyPasteAndAddedImages)
     EXPECT_EQ(m_model->document().layers.size(), 1);
 }
 
+TEST_F(EditorModel, AddedImagesKeepTheShotWithinItsLimits)
+{
+    // One bit a pixel, so that images this large cost the test little memory.
+    const auto image = [](int width, int height) {
+        QImage mono(width, height, QImage::Format_Mono);
+        mono.fill(1);
+        return mono;
+    };
+    struct Case {
+        const char* name;
+        QImage image;
+        QPointF at;
+        const char* problem; // part of the message; nullptr when it is added
+    };
+    const Case cases[] = {
+        {"a side over 65536 pixels", image(100000, 2), {0, 0}, "is too large"},
+        {"more pixels than one image may have", image(20000, 20000), {0, 0}, "is too large"},
+        {"a canvas grown past 65536 points", image(60000, 10), {10000, 0}, "at most 65,536"},
+        {"no image at all", QImage(), {0, 0}, "There is no image to add"},
+        {"a wide one within the limits", image(60000, 10), {0, 0}, nullptr},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const ShotDocument before = m_model->document();
+        const QString problem = m_model->addImageLayer(c.image, c.at);
+        if (c.problem) {
+            EXPECT_TRUE(problem.contains(QLatin1String(c.problem))) << problem.toStdString();
+            EXPECT_EQ(m_model->document(), before) << "nothing added";
+        } else {
+            EXPECT_EQ(problem, QString());
+            EXPECT_EQ(m_model->document().layers.size(), before.layers.size() + 1);
+        }
+    }
+    // Several images, each within the limits, may not hold more than the
+    // shot's total together.
+    m_model->undo();
+    QString problem;
+    for (int i = 0; i < 4 && problem.isEmpty(); ++i) {
+        problem = m_model->addImageLayer(image(16384, 16384), {0, 0});
+    }
+    EXPECT_TRUE(problem.contains(QLatin1String("pixels together"))) << problem.toStdString();
+    EXPECT_LE(m_model->document().layers.size(), 2);
+}
+
 } // namespace
 } // namespace nubo
 

@@ -18,6 +18,7 @@
 #include <QThread>
 
 #include <functional>
+#include <sys/stat.h>
 #include <gtest/gtest.h>
 
 namespace nubo {
@@ -250,6 +251,20 @@ TEST_F(Tray, CaptureFromTheShellOpensAnEditor)
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_TRUE(refused.err.contains(QStringLiteral("is not an image Nubo Shot can open.")))
         << refused.err.toStdString();
+
+    // A FIFO (or any file that is not a regular one) is refused at once; the
+    // tray's thread was once stuck on one for good, answering nothing more.
+    const QString fifo = dir.filePath(QStringLiteral("pipe.png"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    for (const char* command : {"open", "annotate"}) {
+        const auto special = test::runNuboShot({command, fifo}, 15000);
+        EXPECT_FALSE(special.crashed) << command << " blocked";
+        EXPECT_EQ(special.exitCode, 1) << command;
+        EXPECT_TRUE(special.err.contains(QStringLiteral("is a pipe (FIFO), not an image file")))
+            << special.err.toStdString();
+    }
+    const auto stillThere = test::runNuboShot({"open", dir.filePath(QStringLiteral("small.png"))});
+    EXPECT_EQ(stillThere.exitCode, 0) << stillThere.err.toStdString();
 }
 
 TEST_F(Tray, PrintScreenKeysCaptureFromAnywhere)

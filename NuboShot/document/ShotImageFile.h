@@ -1,0 +1,24 @@
+#pragma once
+
+#include "document/ShotDocument.h"
+
+#include <QImage>
+#include <QString>
+
+namespace nubo::ShotImageFile {
+
+// Reads an image file (PNG, JPEG, WebP, …) for the editor. Only a regular
+// file is read: a pipe, a device or a socket is refused before anything
+// waits on it. Images beyond ShotLimits are refused unread. Throws Error
+// naming the file and the cause. May block on a slow disk: keep it off the
+// main thread where the file comes from outside.
+QImage read(const QString& path);
+
+// The pixels per point an image's density stands for: whole multiples of
+// 72 dpi from 2 up, else 1.
+double pixelDensity(const QImage& image);
+
+// The image file as a one-layer document at its density; throws Error.
+ShotDocument readDocument(const QString& path);
+
+} // namespace nubo::ShotImageFile
