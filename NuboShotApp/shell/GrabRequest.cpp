@@ -1,5 +1,7 @@
 #include "shell/GrabRequest.h"
 
+#include "core/FileWriting.h"
+#include "core/Geometry.h"
 #include "core/Logging.h"
 #include "export/ShotExporter.h"
 #include "shell/TrayApplication.h"
@@ -7,7 +9,10 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QPainter>
+
+#include <cmath>
 
 namespace nubo {
 
@@ -81,6 +86,39 @@ QString GrabRequest::perform(ScreenCapturing& capturer) const
     return output;
 }
 
+void GrabRequest::validate() const
+{
+    const auto refuse = [](const QString& why) {
+        throw Error(QStringLiteral("Grab refused: %1.").arg(why));
+    };
+    if (output.isEmpty() || !QFileInfo(output).isAbsolute() || output.contains(QChar(0))) {
+        refuse(QStringLiteral("the output \u201c%1\u201d is not an absolute path").arg(output));
+    }
+    FileWriting::refuseSpecialTarget(output);
+    if (!formatForFileName(output)) {
+        refuse(QStringLiteral("cannot tell the image format of \u201c%1\u201d").arg(output));
+    }
+    if (!QFileInfo(QFileInfo(output).absolutePath()).isDir()) {
+        refuse(QStringLiteral("the folder of \u201c%1\u201d does not exist").arg(output));
+    }
+    if (!std::isfinite(quality) || quality < 0 || quality > 1) {
+        refuse(QStringLiteral("the quality %1 is not between 0 and 1").arg(quality));
+    }
+    if (mode == Mode::window && window == 0) {
+        refuse(QStringLiteral("no window id"));
+    }
+    if (mode == Mode::region) {
+        // Desktop pixels: X11 coordinates are 16-bit, so nothing real lies
+        // beyond this.
+        constexpr double reach = 1 << 16;
+        if (!ShotGeometry::isFinite(region) || !(region.width() > 0) || !(region.height() > 0) ||
+            std::abs(region.x()) > reach || std::abs(region.y()) > reach ||
+            region.width() > reach || region.height() > reach) {
+            refuse(QStringLiteral("the region is not a rectangle on a desktop"));
+        }
+    }
+}
+
 ShotCaptureSelection GrabRequest::framing(const QList<ScreenSpace>& displays) const
 {
     return ShotCaptureSelection::fromDesktopPixels(region, displays);
@@ -99,20 +137,47 @@ QVariantList GrabOverBus::arguments(const GrabRequest& r)
 
 GrabRequest GrabOverBus::fromArguments(const QVariantList& a)
 {
+    // Whatever another program sends: every field is checked, nothing is
+    // clamped into something that was not asked for.
+    const auto refuse = [](const QString& why) {
+        throw Error(QStringLiteral("Grab refused: %1.").arg(why));
+    };
+    if (a.size() < 6) {
+        refuse(QStringLiteral("too few arguments"));
+    }
     GrabRequest r;
-    r.mode = GrabRequest::Mode(std::clamp(a.value(0).toInt(), 0, 2));
-    const qint64 display = a.value(1).toLongLong();
+    bool ok = false;
+    const int mode = a.value(0).toInt(&ok);
+    if (!ok || mode < 0 || mode > 2) {
+        refuse(QStringLiteral("%1 is not a grab mode (0 fullscreen, 1 window, 2 region)")
+                   .arg(a.value(0).toString()));
+    }
+    r.mode = GrabRequest::Mode(mode);
+    const qint64 display = a.value(1).toLongLong(&ok);
+    if (!ok || display < -1 || display > qint64(UINT32_MAX)) {
+        refuse(QStringLiteral("%1 is not a display").arg(a.value(1).toString()));
+    }
     if (display >= 0) {
         r.display = quint32(display);
     }
-    r.window = quint32(a.value(2).toLongLong());
+    const qint64 window = a.value(2).toLongLong(&ok);
+    if (!ok || window < 0 || window > qint64(UINT32_MAX)) {
+        refuse(QStringLiteral("%1 is not a window id").arg(a.value(2).toString()));
+    }
+    r.window = quint32(window);
     const QVariantList rect = a.value(3).toList();
     if (rect.size() == 4) {
         r.region =
             QRectF(rect[0].toDouble(), rect[1].toDouble(), rect[2].toDouble(), rect[3].toDouble());
+    } else if (r.mode == GrabRequest::Mode::region) {
+        refuse(QStringLiteral("a region needs four numbers"));
     }
     r.output = a.value(4).toString();
-    r.quality = a.value(5).toDouble();
+    r.quality = a.value(5).toDouble(&ok);
+    if (!ok) {
+        refuse(QStringLiteral("the quality is not a number"));
+    }
+    r.validate();
     return r;
 }
 
@@ -131,12 +196,22 @@ std::optional<QString> GrabOverBus::ask(const GrabRequest& request)
     if (reply.type() == QDBusMessage::ReplyMessage && !reply.arguments().isEmpty()) {
         return reply.arguments().first().toString();
     }
-    if (reply.type() == QDBusMessage::ErrorMessage &&
-        reply.errorName() == QLatin1String(errorName)) {
+    const QString name = reply.errorName();
+    // No instance, or one on another display or without a capture backend:
+    // capturing here is the only capture there will be.
+    if (name == QLatin1String("org.freedesktop.DBus.Error.ServiceUnknown") ||
+        name == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner") ||
+        name == QLatin1String("org.freedesktop.DBus.Error.NotSupported") ||
+        name == QLatin1String("org.freedesktop.DBus.Error.UnknownMethod")) {
+        return std::nullopt;
+    }
+    if (name == QLatin1String(errorName)) {
         throw Error(reply.errorMessage());
     }
-    // No instance, one on another display, or one that cannot answer: do it here.
-    return std::nullopt;
+    // Any other answer (a time-out above all) may mean the instance is still
+    // at work: capturing here as well could write the file twice.
+    throw Error(QStringLiteral("The running Nubo Shot did not finish the grab: %1")
+                    .arg(reply.errorMessage().isEmpty() ? name : reply.errorMessage()));
 }
 
 } // namespace nubo

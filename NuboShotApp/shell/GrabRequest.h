@@ -24,6 +24,11 @@ struct GrabRequest {
 
     // Captures and writes; returns the path written. Throws Error.
     QString perform(ScreenCapturing& capturer) const;
+    // Throws Error ("Grab refused: …") unless the request can be performed
+    // as it stands: an absolute output path with a known format in an
+    // existing folder, not a special file; a quality in 0…1; a window id or
+    // a finite, non-empty region within desktop coordinates.
+    void validate() const;
     // A region grab's framing: the same an area drawn on the overlay makes.
     ShotCaptureSelection framing(const QList<ScreenSpace>& displays) const;
 };
@@ -39,6 +44,8 @@ public:
 
     static std::optional<QString> ask(const GrabRequest& request);
     static QVariantList arguments(const GrabRequest& request);
+    // The request another program sent; throws Error when any part of it
+    // is not valid.
     static GrabRequest fromArguments(const QVariantList& arguments);
 };
 

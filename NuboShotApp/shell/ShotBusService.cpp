@@ -63,8 +63,14 @@ QString ShotBusService::Grab(int mode, qlonglong display, qlonglong window,
         return {};
     }
     message.setDelayedReply(true);
-    const GrabRequest request =
-        GrabOverBus::fromArguments({mode, display, window, region, output, quality, xDisplay});
+    GrabRequest request;
+    try {
+        request =
+            GrabOverBus::fromArguments({mode, display, window, region, output, quality, xDisplay});
+    } catch (const Error& error) {
+        bus.send(message.createErrorReply(QLatin1String(GrabOverBus::errorName), error.message()));
+        return {};
+    }
     QThreadPool::globalInstance()->start([request, message, bus,
                                           capturer = m_platform->capturer()]() mutable {
         QDBusMessage reply;

@@ -5,6 +5,7 @@
 #include <QClipboard>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusMessage>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QGuiApplication>
@@ -17,9 +18,10 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <cmath>
 #include <functional>
-#include <sys/stat.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace nubo {
 namespace {
@@ -404,6 +406,70 @@ TEST_F(Tray, TheOverlayTakesExactlyTheFramedPixels)
     green.terminate();
     red.waitForFinished();
     green.waitForFinished();
+}
+
+TEST_F(Tray, TheBusGrabRefusesWhatItCannotDoAsAsked)
+{
+    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    ASSERT_TRUE(m_app.waitForStarted());
+    ASSERT_TRUE(waitUntil(isRunning));
+    QTemporaryDir dir;
+    const QString fifo = dir.filePath(QStringLiteral("pipe.png"));
+    ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
+    const QString good = dir.filePath(QStringLiteral("good.png"));
+    const double nan = std::nan("");
+    const QVariant none = qlonglong(-1), noWindow = qlonglong(0);
+    const QVariantList region{10.0, 10.0, 50.0, 40.0};
+    struct Case {
+        const char* name;
+        QVariantList arguments; // mode, display, window, region, output, quality
+        const char* inError;    // nullptr: it grabs
+    };
+    const Case cases[] = {
+        {"a mode that is none", {7, none, noWindow, region, good, 0.9}, "is not a grab mode"},
+        {"a relative path",
+         {2, none, noWindow, region, QStringLiteral("x.png"), 0.9},
+         "not an absolute"},
+        {"a FIFO", {2, none, noWindow, region, fifo, 0.9}, "it is a pipe (FIFO), not a file"},
+        {"a device",
+         {2, none, noWindow, region, QStringLiteral("/dev/null"), 0.9},
+         "it is a device, not a file"},
+        {"a missing folder",
+         {2, none, noWindow, region, dir.filePath(QStringLiteral("no/such/x.png")), 0.9},
+         "does not exist"},
+        {"no format",
+         {2, none, noWindow, region, dir.filePath(QStringLiteral("x.txt")), 0.9},
+         "cannot tell the image format"},
+        {"a region of NaN",
+         {2, none, noWindow, QVariantList{nan, 0.0, 5.0, 5.0}, good, 0.9},
+         "not a rectangle on a desktop"},
+        {"a huge region",
+         {2, none, noWindow, QVariantList{0.0, 0.0, 1e12, 1e12}, good, 0.9},
+         "not a rectangle on a desktop"},
+        {"a quality of NaN", {2, none, noWindow, region, good, nan}, "not between 0 and 1"},
+        {"a window without id", {1, none, noWindow, QVariantList{}, good, 0.9}, "no window id"},
+        {"a good one", {2, none, noWindow, region, good, 0.9}, nullptr},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        QDBusMessage call = QDBusMessage::createMethodCall(
+            QLatin1String(busName), QStringLiteral("/com/corvane/lab/nuboshot"),
+            QLatin1String(busName), QStringLiteral("Grab"));
+        call.setArguments(QVariantList(c.arguments) << qEnvironmentVariable("DISPLAY"));
+        const QDBusMessage reply = QDBusConnection::sessionBus().call(call, QDBus::Block, 20000);
+        if (c.inError) {
+            EXPECT_EQ(reply.type(), QDBusMessage::ErrorMessage);
+            EXPECT_TRUE(reply.errorMessage().contains(QLatin1String(c.inError)))
+                << reply.errorMessage().toStdString();
+            EXPECT_FALSE(QFileInfo::exists(good));
+        } else {
+            EXPECT_EQ(reply.type(), QDBusMessage::ReplyMessage)
+                << reply.errorMessage().toStdString();
+            EXPECT_EQ(QImage(good).size(), QSize(50, 40));
+        }
+    }
+    struct stat info {};
+    EXPECT_TRUE(::lstat(QFile::encodeName(fifo).constData(), &info) == 0 && S_ISFIFO(info.st_mode));
 }
 
 } // namespace
