@@ -230,7 +230,7 @@ void ShotOutputActions::saveAs()
     const Qt::KeyboardModifiers modifiers = QGuiApplication::queryKeyboardModifiers();
     qCInfo(lcApp, "Save As format=%d quality=%.2f scale=%g", int(chosen.format), chosen.quality,
            chosen.scale);
-    const QString path = dialog.selectedFiles().first();
+    const QString path = options.chosenPath();
     ShotRenderer& renderer = m_renderer;
     submit(
         [&renderer, output, chosen, path] {

@@ -70,7 +70,11 @@ ShotSaveDialog::ShotSaveDialog(QFileDialog& dialog, const ShotSaveOptions& initi
     if (grid) {
         grid->addWidget(panel, grid->rowCount(), 0, 1, grid->columnCount());
     }
-    quality->setEnabled(ShotSaveOptions::isLossy(initial.format));
+    // Quality means something only for lossy formats: the row is there for them alone.
+    const auto showQuality = [form, qualityRow](ShotFormat format) {
+        form->setRowVisible(qualityRow, ShotSaveOptions::isLossy(format));
+    };
+    showQuality(initial.format);
 
     QObject::connect(quality, &QSlider::valueChanged, &dialog, [this, percent](int value) {
         m_options.quality = value / 100.0;
@@ -78,21 +82,33 @@ ShotSaveDialog::ShotSaveDialog(QFileDialog& dialog, const ShotSaveOptions& initi
     });
     QObject::connect(scale, &QComboBox::currentIndexChanged, &dialog,
                      [this, scale](int) { m_options.scale = scale->currentData().toDouble(); });
-    // The format follows the type list; the typed name follows the format.
+    // The format follows the type list and the typed name follows the format;
+    // a typed extension of a format we write picks that format in turn.
     auto* types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
-    const auto formatChosen = [this, quality](int index) {
+    auto* edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const auto formatChosen = [this, showQuality, edit](int index) {
         if (index < 0 || index >= int(allCases<ShotFormat>().size())) {
             return;
         }
         const ShotFormat format = allCases<ShotFormat>()[size_t(index)];
         m_options.format = format;
-        quality->setEnabled(ShotSaveOptions::isLossy(format));
-        if (auto* edit = m_dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+        showQuality(format);
+        if (edit && !m_typing) {
             edit->setText(ShotSaveOptions::withExtension(edit->text(), format));
         }
     };
     if (types) {
         QObject::connect(types, &QComboBox::currentIndexChanged, &dialog, formatChosen);
+    }
+    if (types && edit) {
+        QObject::connect(edit, &QLineEdit::textEdited, &dialog, [this, types](const QString& text) {
+            const auto typed = formatForFileName(text);
+            if (typed && *typed != m_options.format) {
+                m_typing = true;
+                types->setCurrentIndex(int(*typed));
+                m_typing = false;
+            }
+        });
     }
 }
 
@@ -105,7 +121,26 @@ ShotSaveOptions ShotSaveDialog::options() const
             options.format = format;
         }
     }
+    // The extension of the file as chosen has the last word.
+    const QStringList files = m_dialog.selectedFiles();
+    if (!files.isEmpty()) {
+        if (const auto named = formatForFileName(files.first())) {
+            options.format = *named;
+        }
+    }
     return options;
+}
+
+QString ShotSaveDialog::chosenPath() const
+{
+    const QStringList files = m_dialog.selectedFiles();
+    if (files.isEmpty()) {
+        return {};
+    }
+    // A name without an extension of ours gets the chosen format's.
+    return formatForFileName(files.first()) ? files.first()
+                                            : files.first() + QLatin1Char('.') +
+                                                  fileExtension(options().format);
 }
 
 } // namespace nubo

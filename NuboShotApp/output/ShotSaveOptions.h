@@ -26,11 +26,17 @@ struct ShotSaveOptions {
 class ShotSaveDialog {
 public:
     ShotSaveDialog(QFileDialog& dialog, const ShotSaveOptions& initial);
+    // What was chosen; the format is the chosen file's when its extension
+    // names one we write, else the type list's.
     ShotSaveOptions options() const;
+    // The file to write: as chosen, with the format's extension added when
+    // it has none of ours.
+    QString chosenPath() const;
 
 private:
     QFileDialog& m_dialog;
     ShotSaveOptions m_options;
+    bool m_typing = false; // the type list follows what is being typed
 };
 
 } // namespace nubo

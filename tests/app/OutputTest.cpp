@@ -26,6 +26,7 @@
 #include <QMimeData>
 #include <QProcess>
 #include <QPushButton>
+#include <QSlider>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QTimer>
@@ -140,6 +141,8 @@ TEST_F(Output, CloseAfterFollowsTheSettingAltAndThePin)
         }
         ShotEditorWindow& window = open();
         window.output().bar().pinButton()->setChecked(c.pinned);
+        int outputs = 0;
+        QObject::connect(&window.output(), &ShotOutputActions::shotOutput, [&] { ++outputs; });
         QWidget* button = c.action == ShotOutputAction::copy
                               ? static_cast<QWidget*>(window.output().bar().copyButton())
                               : window.output().bar().saveButton();
@@ -151,6 +154,13 @@ TEST_F(Output, CloseAfterFollowsTheSettingAltAndThePin)
         } else {
             click(button);
         }
+        // The key or click may still be on its way under load: wait for the
+        // output itself, then for what follows it.
+        const QDeadlineTimer deadline(10000);
+        while (outputs == 0 && !deadline.hasExpired()) {
+            settle(10);
+        }
+        ASSERT_EQ(outputs, 1);
         ASSERT_TRUE(outputDone(window));
         EXPECT_EQ(!window.isVisible(), c.closes);
         EXPECT_TRUE(window.model().isOutputCurrent());
@@ -209,37 +219,75 @@ TEST_F(Output, SaveAsWritesTheChosenFormatUnderTheChosenName)
     m_preferences->setValue(closeAfterKey(ShotOutputAction::save), false);
     ShotEditorWindow& window = open();
     struct Case {
-        ShotFormat format;
-        QByteArray magic;
-        int offset;
+        const char* name;
+        std::optional<ShotFormat> listed; // picked in the type list first, if any
+        const char* typed;                // then typed as the name
+        const char* written;              // the file that must hold the image
+        ShotFormat format;                // what its bytes must be
     };
-    const Case cases[] = {{ShotFormat::png, "\x89PNG", 0},
-                          {ShotFormat::jpeg, "\xff\xd8\xff", 0},
-                          {ShotFormat::heic, "ftyp", 4},
-                          {ShotFormat::webp, "WEBP", 8}};
+    const Case cases[] = {
+        {"PNG from the list", ShotFormat::png, "chosen", "chosen.png", ShotFormat::png},
+        {"JPEG from the list", ShotFormat::jpeg, "chosen", "chosen.jpg", ShotFormat::jpeg},
+        {"HEIC from the list", ShotFormat::heic, "chosen", "chosen.heic", ShotFormat::heic},
+        {"WebP from the list", ShotFormat::webp, "chosen", "chosen.webp", ShotFormat::webp},
+        // The list says PNG and the name says JPEG: the name wins, and the
+        // list follows as it is typed (PNG bytes under .jpg once happened).
+        {"typed .jpg over PNG", ShotFormat::png, "typed.jpg", "typed.jpg", ShotFormat::jpeg},
+        {"typed .webp", std::nullopt, "typed.webp", "typed.webp", ShotFormat::webp},
+        // An extension that is none of ours gets the list's added.
+        {"unknown extension", ShotFormat::webp, "notes.txt", "notes.txt.webp", ShotFormat::webp},
+    };
+    const auto magicOf = [](ShotFormat format) -> std::pair<QByteArray, int> {
+        switch (format) {
+        case ShotFormat::png:
+            return {"\x89PNG", 0};
+        case ShotFormat::jpeg:
+            return {"\xff\xd8\xff", 0};
+        case ShotFormat::heic:
+            return {"ftyp", 4};
+        case ShotFormat::webp:
+            return {"WEBP", 8};
+        }
+        return {};
+    };
     for (const Case& c : cases) {
-        SCOPED_TRACE(fileExtension(c.format).toStdString());
+        SCOPED_TRACE(c.name);
+        bool qualityShown = false, qualityExpected = false;
         // The dialog is answered as a user would: pick the format, type a name.
-        QTimer::singleShot(300, [&] {
-            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr);
-            auto* types = dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
-            auto* name = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-            ASSERT_NE(types, nullptr);
-            ASSERT_NE(name, nullptr);
-            name->setText(QStringLiteral("chosen.png"));
-            types->setCurrentIndex(int(c.format));
-            EXPECT_EQ(name->text(), QStringLiteral("chosen.") + fileExtension(c.format));
-            if (c.format == ShotFormat::jpeg) {
-                test::saveArtifact(dialog->grab().toImage(), QStringLiteral("save-as-dialog.png"));
+        const test::ModalAnswer answer([&](QDialog& dialog) {
+            auto* types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+            auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            auto* quality = dialog.findChild<QSlider*>(QStringLiteral("quality"));
+            if (!types || !name || !quality) {
+                ADD_FAILURE() << "the dialog lacks its type list, name field or quality";
+                dialog.reject();
+                return;
             }
-            QMetaObject::invokeMethod(dialog, "accept");
+            if (c.listed) {
+                types->setCurrentIndex(int(*c.listed));
+            }
+            name->selectAll();
+            name->del();
+            for (const QChar ch : QString::fromUtf8(c.typed)) {
+                name->insert(ch); // as typed: textEdited follows each key
+                emit name->textEdited(name->text());
+            }
+            EXPECT_EQ(types->currentIndex(), int(c.format)) << "the list follows the name";
+            qualityShown = quality->isVisibleTo(&dialog);
+            qualityExpected = ShotSaveOptions::isLossy(c.format);
+            if (c.format == ShotFormat::jpeg) {
+                test::saveArtifact(dialog.grab().toImage(), QStringLiteral("save-as-dialog.png"));
+            }
+            QMetaObject::invokeMethod(&dialog, "accept", Qt::QueuedConnection);
         });
         window.output().saveAs();
+        ASSERT_TRUE(answer.answered()) << "no Save As dialog";
         ASSERT_TRUE(outputDone(window));
-        QFile file(m_dir.filePath(QStringLiteral("saved/chosen.") + fileExtension(c.format)));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_EQ(file.read(16).mid(c.offset, c.magic.size()), c.magic);
+        EXPECT_EQ(qualityShown, qualityExpected) << "quality only for lossy formats";
+        QFile file(m_dir.filePath(QStringLiteral("saved/") + QLatin1String(c.written)));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << c.written;
+        const auto [magic, offset] = magicOf(c.format);
+        EXPECT_EQ(file.read(16).mid(offset, magic.size()), magic);
     }
 }
 

@@ -85,7 +85,7 @@ protected:
     {
         if (qEnvironmentVariableIsEmpty("DISPLAY") ||
             !QDBusConnection::sessionBus().isConnected()) {
-            GTEST_SKIP() << "needs the private desktop session of scripts/test";
+            GTEST_FAIL() << "needs the private desktop session of scripts/test (DISPLAY and a session bus)";
         }
         ASSERT_FALSE(isRunning()) << "another Nubo Shot owns the bus name";
     }

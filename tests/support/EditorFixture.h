@@ -23,7 +23,7 @@ protected:
     void SetUp() override
     {
         if (qEnvironmentVariableIsEmpty("DISPLAY")) {
-            GTEST_SKIP() << "needs the private desktop session of scripts/test";
+            GTEST_FAIL() << "needs the private desktop session of scripts/test (DISPLAY and a session bus)";
         }
         ASSERT_TRUE(m_dir.isValid());
         m_preferences =

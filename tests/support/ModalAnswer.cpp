@@ -15,10 +15,31 @@ ModalAnswer::ModalAnswer(QString button, int expectWithinMs)
     m_timer.start();
 }
 
+ModalAnswer::ModalAnswer(std::function<void(QDialog&)> answer, int expectWithinMs)
+    : ModalAnswer(QString(), expectWithinMs)
+{
+    m_answer = std::move(answer);
+}
+
 void ModalAnswer::poll()
 {
     auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-    if (!dialog || asked()) {
+    if (!dialog) {
+        return;
+    }
+    if (asked()) {
+        // Answered, and still open a while later: the answer did not take.
+        if (m_leftOpen.hasExpired()) {
+            dialog->reject();
+        }
+        return;
+    }
+    // A dialog settles after it shows (a file dialog loads its folder and
+    // selects the proposed name): answered as a person would, a moment later.
+    if (m_seen.isForever()) {
+        m_seen.setRemainingTime(250);
+    }
+    if (!m_seen.hasExpired()) {
         return;
     }
     m_late = m_deadline.hasExpired();
@@ -26,13 +47,21 @@ void ModalAnswer::poll()
     if (const auto* box = qobject_cast<QMessageBox*>(dialog)) {
         m_text = box->text();
     }
-    if (!m_late) {
-        for (QAbstractButton* button : dialog->findChildren<QAbstractButton*>()) {
-            if (button->text().remove(QLatin1Char('&')) == m_button) {
-                m_answered = true;
-                button->click();
-                return;
-            }
+    m_leftOpen.setRemainingTime(3000);
+    if (m_late) {
+        dialog->reject();
+        return;
+    }
+    if (m_answer) {
+        m_answered = true;
+        m_answer(*dialog);
+        return;
+    }
+    for (QAbstractButton* button : dialog->findChildren<QAbstractButton*>()) {
+        if (button->text().remove(QLatin1Char('&')) == m_button) {
+            m_answered = true;
+            button->click();
+            return;
         }
     }
     dialog->reject();

@@ -3,19 +3,32 @@
 #include <QApplication>
 #endif
 
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <cstdio>
 #include <cstring>
 #include <gtest/gtest.h>
 
 // Every test binary runs inside a Qt application, as the program does: the
 // unit tests on the offscreen platform, the others on the private X session.
 // Tests, and the programs they start, never touch the user's own settings or
-// data: their homes are under the build folder.
+// data, nor each other's: every test process gets a home of its own under the
+// build folder, removed when it ends (ctest runs each test as one process).
 int main(int argc, char** argv)
 {
-    qputenv("HOME", NUBOSHOT_TEST_HOME);
-    qputenv("XDG_CONFIG_HOME", NUBOSHOT_TEST_HOME "/config");
-    qputenv("XDG_DATA_HOME", NUBOSHOT_TEST_HOME "/data");
-    qputenv("XDG_CACHE_HOME", NUBOSHOT_TEST_HOME "/cache");
+    QDir().mkpath(QStringLiteral(NUBOSHOT_TEST_HOME));
+    const QTemporaryDir home(QStringLiteral(NUBOSHOT_TEST_HOME "/" NUBOSHOT_TEST_LABEL "-XXXXXX"));
+    if (!home.isValid()) {
+        std::fprintf(stderr, "cannot make a test home under %s\n", NUBOSHOT_TEST_HOME);
+        return 1;
+    }
+    const QByteArray path = QFile::encodeName(home.path());
+    qputenv("HOME", path);
+    qputenv("XDG_CONFIG_HOME", path + "/config");
+    qputenv("XDG_DATA_HOME", path + "/data");
+    qputenv("XDG_CACHE_HOME", path + "/cache");
     qputenv("NUBOSHOT_TEST_ARTIFACTS", NUBOSHOT_TEST_ARTIFACTS);
     if (std::strcmp(NUBOSHOT_TEST_LABEL, "unit") == 0) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
