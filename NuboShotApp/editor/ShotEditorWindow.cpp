@@ -104,10 +104,7 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
         [this] { m_output->quickSave(Qt::AltModifier); });
     add(QStringLiteral("Save As"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
         [this] { m_output->saveAs(); });
-    add(QStringLiteral("Cut"), QKeySequence::Cut, [this] {
-        copy();
-        m_model->cutSelection();
-    });
+    add(QStringLiteral("Cut"), QKeySequence::Cut, [this] { cut(); });
     add(QStringLiteral("Paste"), QKeySequence::Paste, [this] { paste(); });
     add(QStringLiteral("Bring Forward"), QKeySequence(Qt::CTRL | Qt::Key_BracketRight),
         [this] { m_model->bringForward(); });
@@ -292,6 +289,23 @@ void ShotEditorWindow::copy()
     auto* mime = new QMimeData;
     mime->setData(QLatin1String(ShotEditorModel::clipboardType), data);
     QGuiApplication::clipboard()->setMimeData(mime);
+}
+
+void ShotEditorWindow::cut()
+{
+    // Only what the user selected is cut. The selection a new annotation
+    // gets by itself is not a choice to cut it (nor is the whole shot a
+    // thing to cut).
+    const QByteArray data =
+        m_model->selectionIsExplicit() ? m_model->copySelection() : QByteArray();
+    if (data.isEmpty()) {
+        showNotice(QStringLiteral("Select annotations to cut them"));
+        return;
+    }
+    auto mime = std::make_unique<QMimeData>();
+    mime->setData(QLatin1String(ShotEditorModel::clipboardType), data);
+    QGuiApplication::clipboard()->setMimeData(mime.release());
+    m_model->cutSelection();
 }
 
 void ShotEditorWindow::paste()

@@ -31,6 +31,7 @@ public:
     // Ctrl+C: the selected annotations when there is an explicit selection,
     // else the whole shot.
     void copy();
+    void cut();
     void paste();
 
     // Copy, save, drag and share, with their close-after rules.

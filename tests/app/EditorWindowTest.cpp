@@ -200,5 +200,32 @@ TEST_F(EditorWindow, CropsWithTheCropTool)
     EXPECT_FALSE(model.document().crop.has_value());
 }
 
+TEST_F(EditorWindow, CutTakesOnlyWhatTheUserSelected)
+{
+    ShotEditorModel& model = m_window->model();
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    test::settle();
+    xdotool({"key", "r"});
+    dragOnScreen({100, 100}, {300, 200});
+    ASSERT_EQ(model.document().annotations.size(), 1);
+    // The new rectangle is selected by itself: Ctrl+X is no choice to cut it,
+    // nor to copy the whole shot and close.
+    xdotool({"key", "ctrl+x"});
+    EXPECT_EQ(model.document().annotations.size(), 1);
+    EXPECT_TRUE(m_window->isVisible());
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
+    EXPECT_EQ(m_window->lastNotice(), QStringLiteral("Select annotations to cut them"));
+    // Chosen with Select, it is cut, and comes back with Ctrl+V.
+    xdotool({"key", "v"});
+    const QPoint edge = onScreen({150, 100}); // on its top edge, between two handles
+    xdotool({"mousemove", QString::number(edge.x()), QString::number(edge.y()), "click", "1"});
+    ASSERT_TRUE(model.selectionIsExplicit());
+    xdotool({"key", "ctrl+x"});
+    EXPECT_TRUE(model.document().annotations.isEmpty());
+    EXPECT_TRUE(m_window->isVisible());
+    xdotool({"key", "ctrl+v"});
+    EXPECT_EQ(model.document().annotations.size(), 1);
+}
+
 } // namespace
 } // namespace nubo
