@@ -15,6 +15,7 @@
 #include <memory>
 #include <turbojpeg.h>
 #include <webp/encode.h>
+#include <webp/mux.h>
 
 namespace nubo {
 
@@ -25,6 +26,52 @@ ImageWriterError::ImageWriterError(const QString& fileName, const QString& reaso
 
 namespace {
 
+// Dots per inch for a density in pixels per point; 0 when none is to be written.
+int dotsPerInch(double pixelsPerPoint)
+{
+    return pixelsPerPoint > 0 && std::isfinite(pixelsPerPoint)
+               ? int(std::lround(std::clamp(pixelsPerPoint, 0.01, 100.0) * 72))
+               : 0;
+}
+
+// A minimal Exif block (a little-endian TIFF header and one directory) that
+// records only the resolution, for formats whose own headers have no
+// density: a 2x shot keeps its size in points wherever it is opened.
+QByteArray exifResolution(int dpi)
+{
+    QByteArray tiff;
+    const auto u16 = [&](quint16 v) { tiff.append(char(v & 0xFF)).append(char(v >> 8)); };
+    const auto u32 = [&](quint32 v) {
+        for (int shift = 0; shift < 32; shift += 8) {
+            tiff.append(char((v >> shift) & 0xFF));
+        }
+    };
+    tiff.append("II*\0", 4);
+    u32(8); // the directory follows the header
+    constexpr quint32 rationals = 8 + 2 + 3 * 12 + 4;
+    u16(3);
+    u16(0x011A), u16(5), u32(1), u32(rationals);     // XResolution, one RATIONAL
+    u16(0x011B), u16(5), u32(1), u32(rationals + 8); // YResolution
+    u16(0x0128), u16(3), u32(1), u32(2);             // ResolutionUnit: inches
+    u32(0);                                          // no further directory
+    u32(quint32(dpi)), u32(1), u32(quint32(dpi)), u32(1);
+    return tiff;
+}
+
+// Writes the density into a JFIF header as turbojpeg leaves it (1:1, no unit).
+void setJfifDensity(QByteArray& jpeg, int dpi)
+{
+    if (dpi <= 0 || jpeg.size() < 18 || !jpeg.startsWith("\xFF\xD8\xFF\xE0") ||
+        jpeg.mid(6, 5) != QByteArray("JFIF\0", 5)) {
+        return;
+    }
+    jpeg[13] = 1; // dots per inch
+    jpeg[14] = char(dpi >> 8);
+    jpeg[15] = char(dpi & 0xFF);
+    jpeg[16] = char(dpi >> 8);
+    jpeg[17] = char(dpi & 0xFF);
+}
+
 QImage straightRgba(const QImage& image)
 {
     return image.format() == QImage::Format_RGBA8888
@@ -34,7 +81,8 @@ QImage straightRgba(const QImage& image)
 
 } // namespace
 
-QByteArray ImageWriter::encodeJpeg(const QImage& image, double quality, const QString& fileName)
+QByteArray ImageWriter::encodeJpeg(const QImage& image, double quality, const QString& fileName,
+                                   double pixelsPerPoint)
 {
     // JPEG has no alpha: translucent pixels are flattened over white, the
     // colour of the page they are most often pasted onto.
@@ -46,9 +94,14 @@ QByteArray ImageWriter::encodeJpeg(const QImage& image, double quality, const QS
                    : image.convertToFormat(QImage::Format_RGBA8888);
     } else {
         rgbx = QImage(image.size(), QImage::Format_RGBA8888);
-        rgbx.fill(Qt::white);
-        QPainter painter(&rgbx);
-        painter.drawImage(0, 0, image);
+        if (!rgbx.isNull()) {
+            rgbx.fill(Qt::white);
+            QPainter painter(&rgbx);
+            painter.drawImage(0, 0, image);
+        }
+    }
+    if (rgbx.isNull()) {
+        throw ImageWriterError(fileName, QStringLiteral("there is not enough memory to encode it"));
     }
     const auto handle = std::unique_ptr<void, int (*)(tjhandle)>(tjInitCompress(), tjDestroy);
     if (!handle) {
@@ -70,6 +123,7 @@ QByteArray ImageWriter::encodeJpeg(const QImage& image, double quality, const QS
     }
     QByteArray out(reinterpret_cast<const char*>(jpeg), qsizetype(size));
     tjFree(jpeg);
+    setJfifDensity(out, dotsPerInch(pixelsPerPoint));
     return out;
 }
 
@@ -79,7 +133,8 @@ int ImageWriter::heicEncoderQuality(double quality)
     return std::clamp(int(std::lround(q * 100)), 0, 99);
 }
 
-QByteArray ImageWriter::encodeHeic(const QImage& image, double quality, const QString& fileName)
+QByteArray ImageWriter::encodeHeic(const QImage& image, double quality, const QString& fileName,
+                                   double pixelsPerPoint)
 {
     const auto fail = [&](const heif_error& error) {
         throw ImageWriterError(fileName, QString::fromUtf8(error.message));
@@ -126,10 +181,21 @@ QByteArray ImageWriter::encodeHeic(const QImage& image, double quality, const QS
             std::memcpy(out, in, size_t(rgba.width()) * 4);
         }
     }
+    heif_image_handle* rawHandle = nullptr;
     if (const heif_error e = heif_context_encode_image(context.get(), heifImage.get(),
-                                                       encoder.get(), nullptr, nullptr);
+                                                       encoder.get(), nullptr, &rawHandle);
         e.code != heif_error_Ok) {
         fail(e);
+    }
+    const auto handle = std::unique_ptr<heif_image_handle, void (*)(const heif_image_handle*)>(
+        rawHandle, heif_image_handle_release);
+    if (const int dpi = dotsPerInch(pixelsPerPoint); dpi > 0) {
+        const QByteArray exif = exifResolution(dpi);
+        if (const heif_error e = heif_context_add_exif_metadata(context.get(), handle.get(),
+                                                                exif.constData(), int(exif.size()));
+            e.code != heif_error_Ok) {
+            fail(e);
+        }
     }
     QByteArray out;
     heif_writer writer{};
@@ -145,7 +211,8 @@ QByteArray ImageWriter::encodeHeic(const QImage& image, double quality, const QS
     return out;
 }
 
-QByteArray ImageWriter::encodeWebp(const QImage& image, double quality, const QString& fileName)
+QByteArray ImageWriter::encodeWebp(const QImage& image, double quality, const QString& fileName,
+                                   double pixelsPerPoint)
 {
     if (image.width() >= webpSideLimit || image.height() >= webpSideLimit) {
         throw ImageWriterError(
@@ -162,8 +229,27 @@ QByteArray ImageWriter::encodeWebp(const QImage& image, double quality, const QS
         WebPFree(output);
         throw ImageWriterError(fileName, QStringLiteral("the WebP encoder failed"));
     }
-    QByteArray out(reinterpret_cast<const char*>(output), qsizetype(size));
+    const int dpi = dotsPerInch(pixelsPerPoint);
+    if (dpi <= 0) {
+        QByteArray out(reinterpret_cast<const char*>(output), qsizetype(size));
+        WebPFree(output);
+        return out;
+    }
+    // The density goes into an EXIF chunk of the extended format.
+    const QByteArray exif = exifResolution(dpi);
+    const WebPData encoded{output, size};
+    const WebPData exifData{reinterpret_cast<const uint8_t*>(exif.constData()), size_t(exif.size())};
+    const auto mux = std::unique_ptr<WebPMux, void (*)(WebPMux*)>(WebPMuxCreate(&encoded, 1),
+                                                                   WebPMuxDelete);
     WebPFree(output);
+    WebPData assembled{nullptr, 0};
+    if (!mux || WebPMuxSetChunk(mux.get(), "EXIF", &exifData, 1) != WEBP_MUX_OK ||
+        WebPMuxAssemble(mux.get(), &assembled) != WEBP_MUX_OK) {
+        WebPDataClear(&assembled);
+        throw ImageWriterError(fileName, QStringLiteral("the WebP container could not be made"));
+    }
+    QByteArray out(reinterpret_cast<const char*>(assembled.bytes), qsizetype(assembled.size));
+    WebPDataClear(&assembled);
     return out;
 }
 
@@ -180,11 +266,11 @@ QByteArray ImageWriter::encode(const QImage& image, ImageWriterFormat format, do
         return png;
     }
     case ImageWriterFormat::jpg:
-        return encodeJpeg(image, quality, fileName);
+        return encodeJpeg(image, quality, fileName, pixelsPerPoint);
     case ImageWriterFormat::heic:
-        return encodeHeic(image, quality, fileName);
+        return encodeHeic(image, quality, fileName, pixelsPerPoint);
     case ImageWriterFormat::webp:
-        return encodeWebp(image, quality, fileName);
+        return encodeWebp(image, quality, fileName, pixelsPerPoint);
     default:
         throw ImageWriterError(
             fileName, QStringLiteral("%1 is not a format for shots").arg(toString(format)));

@@ -39,9 +39,14 @@ public:
     // Writes encoded bytes the same way.
     static void writeData(const QByteArray& data, const QString& path);
 
-    static QByteArray encodeJpeg(const QImage& image, double quality, const QString& fileName);
-    static QByteArray encodeHeic(const QImage& image, double quality, const QString& fileName);
-    static QByteArray encodeWebp(const QImage& image, double quality, const QString& fileName);
+    // The lossy encoders record `pixelsPerPoint` (when positive) as the
+    // density: JPEG in its JFIF header, HEIC and WebP in an Exif block.
+    static QByteArray encodeJpeg(const QImage& image, double quality, const QString& fileName,
+                                 double pixelsPerPoint = 0);
+    static QByteArray encodeHeic(const QImage& image, double quality, const QString& fileName,
+                                 double pixelsPerPoint = 0);
+    static QByteArray encodeWebp(const QImage& image, double quality, const QString& fileName,
+                                 double pixelsPerPoint = 0);
 
     // The HEIC encoder's 0…100 quality for a 0…1 quality; 1 maps to 99.
     static int heicEncoderQuality(double quality);

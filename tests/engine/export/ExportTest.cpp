@@ -20,6 +20,7 @@
 #include <gtest/gtest.h>
 #include <libheif/heif.h>
 #include <spng.h>
+#include <webp/demux.h>
 #include <sys/stat.h>
 #include <thread>
 #include <webp/decode.h>
@@ -348,6 +349,95 @@ TEST(ShotExporter, EveryFormatRoundTripsThroughADecoder)
     }
     // Nothing but the four files is left behind.
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden).size(), 4);
+}
+
+// The density a file records, in dots per inch: JPEG's JFIF header as Qt
+// reads it, the Exif block's XResolution for HEIC (libheif) and WebP (its
+// demuxer); 0 when there is none.
+int exifDpi(const QByteArray& exif)
+{
+    // Our writers' Exif is little-endian TIFF; find the XResolution entry.
+    const qsizetype tiff = exif.indexOf(QByteArray("II*\0", 4));
+    if (tiff < 0) {
+        return 0;
+    }
+    const auto u16 = [&](qsizetype at) {
+        return at + 2 <= exif.size() ? quint16(uchar(exif[at]) | uchar(exif[at + 1]) << 8) : 0;
+    };
+    const auto u32 = [&](qsizetype at) { return quint32(u16(at)) | quint32(u16(at + 2)) << 16; };
+    const qsizetype ifd = tiff + u32(tiff + 4);
+    for (int i = 0; i < u16(ifd); ++i) {
+        const qsizetype entry = ifd + 2 + 12 * i;
+        if (u16(entry) == 0x011A) {
+            const qsizetype value = tiff + u32(entry + 8);
+            return u32(value + 4) ? int(u32(value) / u32(value + 4)) : 0;
+        }
+    }
+    return 0;
+}
+
+int recordedDpi(ShotFormat format, const QByteArray& bytes)
+{
+    switch (format) {
+    case ShotFormat::png:
+    case ShotFormat::jpeg:
+        return qRound(QImage::fromData(bytes).dotsPerMeterX() * 0.0254);
+    case ShotFormat::heic: {
+        const auto context = std::unique_ptr<heif_context, void (*)(heif_context*)>(
+            heif_context_alloc(), heif_context_free);
+        heif_image_handle* handle = nullptr;
+        if (heif_context_read_from_memory_without_copy(context.get(), bytes.constData(),
+                                                       size_t(bytes.size()), nullptr)
+                    .code != heif_error_Ok ||
+            heif_context_get_primary_image_handle(context.get(), &handle).code != heif_error_Ok) {
+            return -1;
+        }
+        heif_item_id id = 0;
+        int dpi = 0;
+        if (heif_image_handle_get_list_of_metadata_block_IDs(handle, "Exif", &id, 1) == 1) {
+            QByteArray exif(qsizetype(heif_image_handle_get_metadata_size(handle, id)), '\0');
+            if (heif_image_handle_get_metadata(handle, id, exif.data()).code == heif_error_Ok) {
+                dpi = exifDpi(exif);
+            }
+        }
+        heif_image_handle_release(handle);
+        return dpi;
+    }
+    case ShotFormat::webp: {
+        const WebPData data{reinterpret_cast<const uint8_t*>(bytes.constData()),
+                            size_t(bytes.size())};
+        const auto demux =
+            std::unique_ptr<WebPDemuxer, void (*)(WebPDemuxer*)>(WebPDemux(&data), WebPDemuxDelete);
+        WebPChunkIterator chunk;
+        if (!demux || !WebPDemuxGetChunk(demux.get(), "EXIF", 1, &chunk)) {
+            return 0;
+        }
+        const int dpi = exifDpi(QByteArray(reinterpret_cast<const char*>(chunk.chunk.bytes),
+                                           qsizetype(chunk.chunk.size)));
+        WebPDemuxReleaseChunkIterator(&chunk);
+        return dpi;
+    }
+    }
+    return -1;
+}
+
+TEST(ImageWriter, EveryFormatKeepsTheShotsDensity)
+{
+    // A 2x shot is 144 dpi in every format, so it opens at its size in
+    // points; a 1x shot 72 dpi. (JPEG, HEIC and WebP once recorded nothing.)
+    const QImage image = test::patternImage(64, 48);
+    for (const ShotFormat format : allCases<ShotFormat>()) {
+        for (const double scale : {1.0, 2.0}) {
+            SCOPED_TRACE(toString(format).toStdString() + " at " + std::to_string(scale));
+            const QByteArray bytes =
+                ImageWriter::encode(image, writerFormat(format), 0.9, scale, QStringLiteral("x"));
+            EXPECT_EQ(recordedDpi(format, bytes), qRound(72 * scale));
+        }
+    }
+    // The WebP with its Exif chunk still decodes to the same image.
+    const QByteArray webp = ImageWriter::encode(image, writerFormat(ShotFormat::webp), 0.9, 2,
+                                                QStringLiteral("x"));
+    EXPECT_EQ(decodeWebp(webp).size(), image.size());
 }
 
 TEST(ImageWriter, HeicAtQualityOneStaysBelowTheEncodersTop)
