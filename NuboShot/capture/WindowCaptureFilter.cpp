@@ -6,16 +6,6 @@ namespace nubo {
 
 namespace {
 
-const QStringList excludedBundles{"com.apple.dock",
-                                  "com.apple.notificationcenterui",
-                                  "com.apple.wallpaper.agent",
-                                  "com.apple.screencaptureui",
-                                  "com.apple.screensaver.engine",
-                                  "com.apple.windowserver",
-                                  "com.apple.windowmanager"};
-const QStringList excludedApplications{"dock",          "notification center", "notificationcenter",
-                                       "wallpaper",     "screenshot",          "screensaverengine",
-                                       "window server", "windowserver",        "windowmanager"};
 // Window types that are part of the desktop, never something to pick.
 const QStringList excludedTypes{"desktop",    "dock", "notification", "tooltip", "dropdown_menu",
                                 "popup_menu", "menu", "splash",       "combo",   "dnd"};
@@ -41,13 +31,6 @@ bool WindowCaptureFilter::keep(const WindowCaptureDescriptor& d,
         return false;
     }
     if (!inLayerRange(w.layer) || !inLayerRange(d.cgLayer.value_or(w.layer))) {
-        return false;
-    }
-    if (d.bundleID && !d.bundleID->isEmpty()) {
-        if (excludedBundles.contains(d.bundleID->toLower())) {
-            return false;
-        }
-    } else if (excludedApplications.contains(w.applicationName.toLower())) {
         return false;
     }
     for (const QString& type : d.windowTypes) {

@@ -17,6 +17,7 @@
 
 #include <QDrag>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFutureWatcher>
 #include <QGuiApplication>
 #include <QMessageBox>
@@ -323,7 +324,11 @@ void ShotOutputActions::startDrag(const ShotDocument& output, const Made& made)
                int(result == Qt::CopyAction), int(overOwnWindow));
         return;
     }
-    qCInfo(lcApp, "Image drag accepted external output promiseWritten=%d option=%d", 1,
+    // The file is handed over as a finished file: say whether it is still
+    // there, whole, as the receiver reads it.
+    const QFileInfo written(made.file);
+    qCInfo(lcApp, "Image drag accepted external output fileWritten=%d bytes=%lld option=%d",
+           int(written.isFile() && written.size() > 0), static_cast<long long>(written.size()),
            int(bool(modifiers & Qt::AltModifier)));
     emit shotOutput({ShotOutputKind::drag, output, ShotExporter::defaultScale(output),
                      ShotFormat::png, made.file});
