@@ -1,5 +1,7 @@
 #include "shell/CommandLine.h"
 
+#include "capture/CaptureTypes.h"
+
 #include "document/ShotDocumentArchive.h"
 #include "shell/ArchiveCommands.h"
 #include "shell/CaptureCommands.h"
@@ -69,6 +71,12 @@ int failWith(const Error& error)
             line += QStringLiteral(": ") + archive->detail();
         }
         return fail(line + QLatin1Char(')'));
+    }
+    // The designed capture messages are short on purpose; here, as in the
+    // log, the real cause follows them.
+    if (const auto* capture = dynamic_cast<const CaptureError*>(&error);
+        capture && !capture->detail().isEmpty()) {
+        return fail(QStringLiteral("%1 (%2)").arg(error.message(), capture->detail()));
     }
     return fail(error.message());
 }

@@ -2,6 +2,9 @@
 #include "support/Process.h"
 #include "support/QtPrinters.h"
 
+#include <QFileInfo>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 namespace nubo {
@@ -120,6 +123,30 @@ TEST(CapturePlatformLoader, CommandsSayInOneLineWhyTheyCannotCapture)
         EXPECT_EQ(r.exitCode, 1) << r.err.toStdString();
         EXPECT_EQ(r.err.trimmed(), QStringLiteral("nuboshot: ") + c.message);
         EXPECT_EQ(r.err.count(QLatin1Char('\n')), 1) << "one line";
+    }
+}
+
+TEST(CapturePlatformLoader, GrabFailuresNameTheirRealCause)
+{
+    // The designed message stays first; the command line adds the cause.
+    QTemporaryDir dir;
+    const QString out = dir.filePath(QStringLiteral("x.png"));
+    struct Case {
+        QStringList arguments;
+        const char* message;
+    };
+    const Case cases[] = {
+        {{"grab", "window", "0x1", "-o", out},
+         "No screen content is available. (window 1 is gone)"},
+        {{"grab", "fullscreen", "--display", "99", "-o", out},
+         "No screen content is available. (there is no display 99)"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.arguments.join(u' ').toStdString());
+        const test::ProcessResult r = test::runNuboShot(c.arguments);
+        EXPECT_EQ(r.exitCode, 1);
+        EXPECT_EQ(r.err.trimmed(), QStringLiteral("nuboshot: ") + QString::fromUtf8(c.message));
+        EXPECT_FALSE(QFileInfo::exists(out));
     }
 }
 

@@ -165,20 +165,32 @@ QImage XcbScreenCapturer::grabRoot(const QRect& pixels)
     }
     x.redirect();
     if (!x.composite) {
+        // Nothing to paint them away with: the capture shows them, as the
+        // screen did, and the log says why.
+        qCWarning(lcCapture, "Our own windows stay in this capture: the X server has no "
+                             "Composite extension to see what they cover");
         return image;
+    }
+    QImage wallpaper;
+    const auto background =
+        x.values<xcb_pixmap_t>(x.root, x.atoms[XcbConnection::rootPixmap], XCB_ATOM_PIXMAP);
+    QString wallpaperProblem = QStringLiteral("the desktop names no background pixmap");
+    if (!background.isEmpty()) {
+        try {
+            wallpaper = toEngineFormat(x.grab(background.first(), pixels, x.screen->root_depth));
+        } catch (const Error& error) {
+            wallpaperProblem = error.message();
+        }
     }
     QPainter painter(&image);
     painter.translate(-pixels.topLeft());
     painter.setClipRegion(own);
-    const auto background = x.values<xcb_pixmap_t>(x.root, x.atoms[XcbConnection::rootPixmap], XCB_ATOM_PIXMAP);
-    QImage wallpaper;
-    if (!background.isEmpty()) {
-        try {
-            wallpaper = toEngineFormat(x.grab(background.first(), pixels, x.screen->root_depth));
-        } catch (const Error&) {
-        }
-    }
     if (wallpaper.isNull()) {
+        // What lies under our windows where no other window is: the
+        // desktop's background, which cannot be read. Black says "nothing"
+        // there rather than showing our own window.
+        qCInfo(lcCapture, "Under our own windows the background is drawn black: %s",
+               qPrintable(wallpaperProblem));
         painter.fillRect(pixels, Qt::black);
     } else {
         painter.drawImage(pixels.topLeft(), wallpaper);
@@ -198,7 +210,10 @@ QImage XcbScreenCapturer::grabRoot(const QRect& pixels)
             const QImage pixelsOfChild = toEngineFormat(x.grab(
                 pixmap, part.translated(-child.rect.topLeft()), geometry ? geometry->second : 24));
             painter.drawImage(part.topLeft(), pixelsOfChild);
-        } catch (const Error&) {
+        } catch (const Error& error) {
+            // Most often a window that closed since the list was read.
+            qCInfo(lcCapture, "Window 0x%x left out under our own windows: %s", child.window,
+                   qPrintable(error.message()));
         }
         xcb_free_pixmap(x.c, pixmap);
     }
