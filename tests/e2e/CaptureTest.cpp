@@ -291,17 +291,21 @@ TEST_F(Capture, MonitorsAreDisplaysAndSpanningWindowsAreFree)
             bounds.append({m.id, QRectF(m.pixelGeometry)});
         }
     }
+    ASSERT_EQ(bounds.size(), 2) << "both halves are displays";
     EXPECT_EQ(WindowCaptureFraming::forWindow({860, 700, 200, 100}, bounds),
               WindowCaptureFraming{WindowCaptureFraming::Free{}});
     const WindowCapture capture = capturer.captureWindow(across.id);
     EXPECT_EQ(capture.image.size(), QSize(200, 100));
     EXPECT_TRUE(allOf(capture.image, QColor(0, 255, 255)));
     // Each display captures its own half.
+    int halves = 0;
     for (const DisplayCapture& display : capturer.captureDisplays()) {
         if (display.space.captureFrame.width() == 960) {
             EXPECT_EQ(display.image.size(), QSize(960, 1080));
+            ++halves;
         }
     }
+    EXPECT_EQ(halves, 2) << "a capture of each half";
     (void)original;
 }
 

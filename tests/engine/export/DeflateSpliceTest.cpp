@@ -59,7 +59,6 @@ TEST(DeflateSplice, JoinedStreamsInflateToTheJoinedData)
 {
     // Many sizes and levels, so every way a stream can end meets the splice:
     // with and without room for the stored block's header in its last byte.
-    int cases = 0;
     for (int kind = 0; kind < 3; ++kind) {
         for (const int level : {1, 5, 9}) {
             for (size_t size :
@@ -79,12 +78,10 @@ TEST(DeflateSplice, JoinedStreamsInflateToTheJoinedData)
                     ASSERT_TRUE(inflated.has_value())
                         << kind << " " << level << " " << size << " " << seed;
                     EXPECT_TRUE(*inflated == expected);
-                    ++cases;
                 }
             }
         }
     }
-    EXPECT_EQ(cases, 162);
 }
 
 TEST(DeflateSplice, DamagedStreamsAreRefusedNotFollowed)

@@ -7,6 +7,7 @@
 #include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
 #include "support/QtPrinters.h"
+#include "support/Decoders.h"
 #include "support/RenderFixtures.h"
 
 #include <QDir>
@@ -264,46 +265,6 @@ TEST(PngEncoder, OpaqueImagesAreStoredAsRgbWithTheirDensity)
     EXPECT_TRUE(PngEncoder::encode(QImage()).isEmpty());
 }
 
-QImage decodeWebp(const QByteArray& data)
-{
-    int width = 0, height = 0;
-    uint8_t* pixels = WebPDecodeRGBA(reinterpret_cast<const uint8_t*>(data.constData()),
-                                     size_t(data.size()), &width, &height);
-    if (!pixels) {
-        return {};
-    }
-    QImage image(pixels, width, height, width * 4, QImage::Format_RGBA8888);
-    QImage copy = image.copy();
-    WebPFree(pixels);
-    return copy;
-}
-
-QImage decodeHeic(const QByteArray& data)
-{
-    heif_context* ctx = heif_context_alloc();
-    QImage out;
-    heif_image_handle* handle = nullptr;
-    heif_image* image = nullptr;
-    if (heif_context_read_from_memory_without_copy(ctx, data.constData(), size_t(data.size()),
-                                                   nullptr)
-                .code == heif_error_Ok &&
-        heif_context_get_primary_image_handle(ctx, &handle).code == heif_error_Ok &&
-        heif_decode_image(handle, &image, heif_colorspace_RGB, heif_chroma_interleaved_RGBA,
-                          nullptr)
-                .code == heif_error_Ok) {
-        int stride = 0;
-        const uint8_t* plane =
-            heif_image_get_plane_readonly(image, heif_channel_interleaved, &stride);
-        const int width = heif_image_get_width(image, heif_channel_interleaved);
-        const int height = heif_image_get_height(image, heif_channel_interleaved);
-        out = QImage(plane, width, height, stride, QImage::Format_RGBA8888).copy();
-    }
-    heif_image_release(image);
-    heif_image_handle_release(handle);
-    heif_context_free(ctx);
-    return out;
-}
-
 // Mean absolute difference over all channels.
 double meanDifference(const QImage& a, const QImage& b)
 {
@@ -334,8 +295,8 @@ TEST(ShotExporter, EveryFormatRoundTripsThroughADecoder)
     const Case cases[] = {
         {ShotFormat::png, [](const QByteArray& b) { return QImage::fromData(b, "PNG"); }, 0},
         {ShotFormat::jpeg, [](const QByteArray& b) { return QImage::fromData(b, "JPEG"); }, 6},
-        {ShotFormat::webp, decodeWebp, 8},
-        {ShotFormat::heic, decodeHeic, 8},
+        {ShotFormat::webp, test::decodeWebp, 8},
+        {ShotFormat::heic, test::decodeHeic, 8},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(toString(c.format).toStdString());
@@ -437,7 +398,7 @@ TEST(ImageWriter, EveryFormatKeepsTheShotsDensity)
     // The WebP with its Exif chunk still decodes to the same image.
     const QByteArray webp = ImageWriter::encode(image, writerFormat(ShotFormat::webp), 0.9, 2,
                                                 QStringLiteral("x"));
-    EXPECT_EQ(decodeWebp(webp).size(), image.size());
+    EXPECT_EQ(test::decodeWebp(webp).size(), image.size());
 }
 
 TEST(ImageWriter, HeicAtQualityOneStaysBelowTheEncodersTop)
@@ -453,7 +414,7 @@ TEST(ImageWriter, HeicAtQualityOneStaysBelowTheEncodersTop)
     }
     const QImage image = test::patternImage(64, 64);
     const QImage decoded =
-        decodeHeic(ImageWriter::encodeHeic(image, 1.0, QStringLiteral("q1.heic")));
+        test::decodeHeic(ImageWriter::encodeHeic(image, 1.0, QStringLiteral("q1.heic")));
     EXPECT_EQ(decoded.size(), QSize(64, 64));
     EXPECT_LE(meanDifference(decoded, image), 4);
 }
