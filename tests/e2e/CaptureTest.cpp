@@ -14,6 +14,8 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <unistd.h>
+
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -386,6 +388,82 @@ TEST_F(Capture, GrabCommandsWriteWhatIsOnScreen)
         listed.out.contains(QStringLiteral("0x%1").arg(window.id, 8, 16, QLatin1Char('0'))));
     const auto displays = test::runNuboShot({"displays", "--json"});
     EXPECT_TRUE(displays.out.contains(QStringLiteral("\"pixels\"")));
+}
+
+// An X server of its own at a depth other than 24 bits: a 16-bit one once
+// made grabs read past the server's reply.
+class PrivateXServer {
+public:
+    explicit PrivateXServer(int depth)
+    {
+        int pipe[2];
+        if (::pipe(pipe) != 0) {
+            return;
+        }
+        m_server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_server.setChildProcessModifier([fd = pipe[1]] { ::dup2(fd, 3); });
+        m_server.start(QStringLiteral("Xvfb"),
+                       {"-displayfd", "3", "-screen", "0", QStringLiteral("320x240x%1").arg(depth),
+                        "-nolisten", "tcp"});
+        ::close(pipe[1]);
+        QFile reader;
+        if (m_server.waitForStarted(5000) && reader.open(pipe[0], QIODevice::ReadOnly)) {
+            const QDeadlineTimer deadline(10000);
+            QByteArray line;
+            while (!line.endsWith('\n') && !deadline.hasExpired()) {
+                char ch = 0;
+                if (::read(pipe[0], &ch, 1) == 1) {
+                    line += ch;
+                } else {
+                    break;
+                }
+            }
+            display = QStringLiteral(":") + QString::fromLatin1(line.trimmed());
+        }
+        ::close(pipe[0]);
+    }
+    ~PrivateXServer()
+    {
+        m_server.terminate();
+        m_server.waitForFinished(5000);
+    }
+    QString display; // ":N" once it runs
+
+private:
+    QProcess m_server;
+};
+
+TEST(XDisplayDepth, EveryCommonDepthIsReadInItsColours)
+{
+    for (const int depth : {16, 30}) {
+        SCOPED_TRACE(depth);
+        PrivateXServer server(depth);
+        ASSERT_NE(server.display, QString()) << "Xvfb at depth " << depth << " did not start";
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert(QStringLiteral("DISPLAY"), server.display);
+        QProcess window;
+        window.setProcessEnvironment(env);
+        window.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
+                     {"--geometry", "100x80+10+10", "--color", "ff8000", "--undecorated"});
+        ASSERT_TRUE(window.waitForReadyRead(5000));
+        QThread::msleep(200);
+        QTemporaryDir dir;
+        const QString png = dir.filePath(QStringLiteral("shot.png"));
+        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        const test::ProcessResult r =
+            test::runNuboShot({"grab", "fullscreen", "-o", png}, 30000, env);
+        window.terminate();
+        window.waitForFinished();
+        ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+        const QImage shot(png);
+        ASSERT_EQ(shot.size(), QSize(320, 240));
+        // Orange as the depth can hold it, and the black desktop beside it.
+        const QColor inside = shot.pixelColor(60, 50);
+        EXPECT_NEAR(inside.red(), 255, 8);
+        EXPECT_NEAR(inside.green(), 128, 8);
+        EXPECT_NEAR(inside.blue(), 0, 8);
+        EXPECT_EQ(shot.pixelColor(250, 200), QColor(Qt::black));
+    }
 }
 
 } // namespace

@@ -82,8 +82,18 @@ int main(int argc, char** argv)
         return 1;
     }
     xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(c)).data;
+    // The colour as the screen's depth stores it (the same number at 24 bits).
+    uint32_t pixel = uint32_t(color);
+    if (auto* allocated = xcb_alloc_color_reply(
+            c,
+            xcb_alloc_color(c, screen->default_colormap, uint16_t(((color >> 16) & 0xff) * 257),
+                            uint16_t(((color >> 8) & 0xff) * 257), uint16_t((color & 0xff) * 257)),
+            nullptr)) {
+        pixel = allocated->pixel;
+        std::free(allocated);
+    }
     const xcb_window_t window = xcb_generate_id(c);
-    const uint32_t values[] = {uint32_t(color), uint32_t(overrideRedirect)};
+    const uint32_t values[] = {pixel, uint32_t(overrideRedirect)};
     xcb_create_window(c, XCB_COPY_FROM_PARENT, window, screen->root, int16_t(x), int16_t(y),
                       uint16_t(width), uint16_t(height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
                       screen->root_visual, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, values);

@@ -3,6 +3,8 @@
 #include "capture/CaptureTypes.h"
 #include "core/Logging.h"
 
+#include <algorithm>
+#include <optional>
 #include <sys/ipc.h>
 #include <sys/shm.h>
 #include <thread>
@@ -218,13 +220,84 @@ std::optional<std::pair<QRect, uint8_t>> XcbConnection::geometry(xcb_window_t wi
     return std::pair(QRect(origin, QSize(g->width + 2 * bw, g->height + 2 * bw)), g->depth);
 }
 
+namespace {
+
+// How the server lays out pixels of a depth: bits per pixel and row padding.
+struct PixelLayout {
+    int bitsPerPixel = 0;
+    int scanlinePad = 0;
+};
+
+PixelLayout layoutFor(xcb_connection_t* c, uint8_t depth)
+{
+    const xcb_setup_t* setup = xcb_get_setup(c);
+    for (auto it = xcb_setup_pixmap_formats_iterator(setup); it.rem; xcb_format_next(&it)) {
+        if (it.data->depth == depth) {
+            return {it.data->bits_per_pixel, it.data->scanline_pad};
+        }
+    }
+    return {};
+}
+
+// The Qt format of the server's pixels at a depth; nothing for layouts we
+// cannot read.
+std::optional<QImage::Format> formatFor(uint8_t depth, int bitsPerPixel)
+{
+    switch (depth) {
+    case 32:
+        return bitsPerPixel == 32 ? std::optional(QImage::Format_ARGB32_Premultiplied)
+                                  : std::nullopt;
+    case 24:
+        return bitsPerPixel == 32   ? std::optional(QImage::Format_RGB32)
+               : bitsPerPixel == 24 ? std::optional(QImage::Format_BGR888)
+                                    : std::nullopt;
+    case 30:
+        return bitsPerPixel == 32 ? std::optional(QImage::Format_RGB30) : std::nullopt;
+    case 16:
+        return bitsPerPixel == 16 ? std::optional(QImage::Format_RGB16) : std::nullopt;
+    case 15:
+        return bitsPerPixel == 16 ? std::optional(QImage::Format_RGB555) : std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
 QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t depth)
 {
-    const QImage::Format format =
-        depth == 32 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
-    const size_t size = size_t(rect.width()) * size_t(rect.height()) * 4;
+    const PixelLayout layout = layoutFor(c, depth);
+    const auto format = formatFor(depth, layout.bitsPerPixel);
+    if (!format || layout.scanlinePad <= 0 ||
+        xcb_get_setup(c)->image_byte_order != XCB_IMAGE_ORDER_LSB_FIRST) {
+        throw Error(QStringLiteral("The X display stores pixels at a depth of %1 bits (%2 bits a "
+                                   "pixel), which Nubo Shot cannot read; it reads depths 15, 16, "
+                                   "24, 30 and 32.")
+                        .arg(depth)
+                        .arg(layout.bitsPerPixel));
+    }
+    const qsizetype rowBits = qsizetype(rect.width()) * layout.bitsPerPixel;
+    const qsizetype stride =
+        (rowBits + layout.scanlinePad - 1) / layout.scanlinePad * layout.scanlinePad / 8;
+    const size_t size = size_t(stride) * size_t(rect.height());
+    // Anything but the layout the engine converts from is converted here.
+    const auto asRgb32 = [&](const QImage& pixels) {
+        if (*format == QImage::Format_RGB32 || *format == QImage::Format_ARGB32_Premultiplied) {
+            return pixels;
+        }
+        QImage converted = pixels.convertToFormat(QImage::Format_RGB32);
+        if (converted.isNull()) {
+            throw Error(QStringLiteral("There is not enough memory to read the screen."));
+        }
+        return converted;
+    };
+    const auto shortReply = [&](size_t got) {
+        return Error(QStringLiteral("The X server sent %1 bytes of pixels where %2 were asked for.")
+                         .arg(got)
+                         .arg(size));
+    };
     xcb_generic_error_t* error = nullptr;
-    if (segment(size)) {
+    if (segment(std::max(size, size_t(rect.width()) * size_t(rect.height()) * 4))) {
         auto r = xcbReply(xcb_shm_get_image_reply(
             c,
             xcb_shm_get_image(c, drawable, int16_t(rect.x()), int16_t(rect.y()),
@@ -232,7 +305,10 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
                               XCB_IMAGE_FORMAT_Z_PIXMAP, m_shmSeg, 0),
             &error));
         if (r) {
-            return QImage(m_shmData, rect.width(), rect.height(), rect.width() * 4, format);
+            if (r->size < size) {
+                throw shortReply(r->size);
+            }
+            return asRgb32(QImage(m_shmData, rect.width(), rect.height(), stride, *format));
         }
     } else {
         auto r = xcbReply(xcb_get_image_reply(
@@ -241,9 +317,15 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
                           int16_t(rect.y()), uint16_t(rect.width()), uint16_t(rect.height()), ~0u),
             &error));
         if (r) {
-            QImage wrapped(xcb_get_image_data(r.get()), rect.width(), rect.height(),
-                           rect.width() * 4, format);
-            return wrapped.copy(); // the reply is freed on return
+            const size_t got = size_t(xcb_get_image_data_length(r.get()));
+            if (got < size) {
+                throw shortReply(got);
+            }
+            QImage wrapped(xcb_get_image_data(r.get()), rect.width(), rect.height(), stride,
+                           *format);
+            QImage copy = asRgb32(wrapped);
+            // The reply is freed on return: a plain wrap must be copied.
+            return copy.constBits() == wrapped.constBits() ? copy.copy() : copy;
         }
     }
     const auto owned = xcbReply(error);
