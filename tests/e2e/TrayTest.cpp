@@ -6,6 +6,7 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QGuiApplication>
@@ -470,6 +471,59 @@ TEST_F(Tray, TheBusGrabRefusesWhatItCannotDoAsAsked)
     }
     struct stat info {};
     EXPECT_TRUE(::lstat(QFile::encodeName(fifo).constData(), &info) == 0 && S_ISFIFO(info.st_mode));
+}
+
+TEST_F(Tray, ConcurrentBusGrabsDuringAnOpenOverlayAllSucceed)
+{
+    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    ASSERT_TRUE(m_app.waitForStarted());
+    ASSERT_TRUE(waitUntil(isRunning));
+    QProcess window;
+    window.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
+                 {"--geometry", "300x200+100+100", "--color", "3366cc", "--undecorated"});
+    ASSERT_TRUE(window.waitForReadyRead(5000));
+    QThread::msleep(300);
+    // The main thread freezes the displays and shows the overlay while the
+    // bus's workers capture: the capturer is shared by all of them.
+    ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
+    QTemporaryDir dir;
+    constexpr int grabs = 20;
+    QList<QDBusPendingCall> calls;
+    for (int i = 0; i < grabs; ++i) {
+        QDBusMessage call = QDBusMessage::createMethodCall(
+            QLatin1String(busName), QStringLiteral("/com/corvane/lab/nuboshot"),
+            QLatin1String(busName), QStringLiteral("Grab"));
+        const bool whole = i % 4 == 0;
+        call.setArguments({whole ? 0 : 2, qlonglong(-1), qlonglong(0),
+                           QVariantList{120.0 + i, 120.0, 100.0, 50.0},
+                           dir.filePath(QStringLiteral("grab-%1.png").arg(i)), 0.9,
+                           qEnvironmentVariable("DISPLAY")});
+        calls.append(QDBusConnection::sessionBus().asyncCall(call, 30000));
+    }
+    for (int i = 0; i < grabs; ++i) {
+        SCOPED_TRACE(i);
+        QDBusPendingCall& call = calls[i];
+        call.waitForFinished();
+        EXPECT_FALSE(call.isError()) << call.error().message().toStdString();
+        const QImage shot(dir.filePath(QStringLiteral("grab-%1.png").arg(i)));
+        if (i % 4 == 0) {
+            EXPECT_EQ(shot.size(), QGuiApplication::primaryScreen()->size());
+        } else {
+            ASSERT_EQ(shot.size(), QSize(100, 50));
+            EXPECT_EQ(shot.pixelColor(50, 25), QColor(0x33, 0x66, 0xcc));
+        }
+    }
+    // The tray still answers and the overlay still takes the keyboard.
+    EXPECT_EQ(m_app.state(), QProcess::Running);
+    run(QStringLiteral("xdotool"), {"mousemove", "600", "600", "key", "Escape"});
+    EXPECT_TRUE(waitUntil([] {
+        return run(QStringLiteral("xdotool"),
+                   {"search", "--onlyvisible", "--name", "Nubo Shot Capture"})
+            .trimmed()
+            .isEmpty();
+    }));
+    window.terminate();
+    window.waitForFinished();
 }
 
 } // namespace
