@@ -6,6 +6,7 @@
 #include <QNativeGestureEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QTimer>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -125,7 +126,10 @@ void ShotCanvas::paintEvent(QPaintEvent* event)
 {
     if (!m_everPainted) {
         m_everPainted = true;
-        emit firstPainted(); // only logs, so emitting while painting is safe
+        // Reported once this paint has been flushed to the screen: the
+        // repaint that runs this handler flushes before the event loop
+        // takes the next event.
+        QTimer::singleShot(0, this, [this] { emit firstPainted(); });
     }
     QPainter painter(this);
     painter.fillRect(event->rect(), palette().window());
@@ -269,9 +273,9 @@ ShotTool& ShotCanvas::tool()
 {
     if (!m_tool || m_toolKind != m_model.activeTool()) {
         m_toolKind = m_model.activeTool();
-        m_tool = ShotTool::make(
-            m_toolKind, m_model,
-            {[this](QPointF point) { emit colorPickRequested(point); }, nullptr});
+        m_tool =
+            ShotTool::make(m_toolKind, m_model,
+                           {[this](QPointF point) { emit colorPickRequested(point); }, nullptr});
     }
     return *m_tool;
 }

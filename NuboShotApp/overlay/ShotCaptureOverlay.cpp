@@ -76,7 +76,9 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
 {
     if (!m_painted) {
         m_painted = true;
-        emit shown(); // only logs, so emitting while painting is safe
+        // Reported once this paint has been flushed to the screen (the
+        // repaint flushes before the next event is taken).
+        QTimer::singleShot(0, this, [this] { emit shown(); });
     }
     QPainter painter(this);
     const QRectF all(QPointF(0, 0), QSizeF(size()));
@@ -121,8 +123,9 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
                               .arg(qRound(clear->width() * s))
                               .arg(qRound(clear->height() * s)));
             painter.setBrush(Qt::white);
-            for (const ResizeHandle handle : {ResizeHandle::topLeft, ResizeHandle::topRight,
-                                              ResizeHandle::bottomRight, ResizeHandle::bottomLeft}) {
+            for (const ResizeHandle handle :
+                 {ResizeHandle::topLeft, ResizeHandle::topRight, ResizeHandle::bottomRight,
+                  ResizeHandle::bottomLeft}) {
                 const QPointF corner = ShotGeometry::handlePoint(*clear, handle);
                 // The hovered corner grows for a moment, then stays larger.
                 const bool hot = handle == m_hoveredCorner;

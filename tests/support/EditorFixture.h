@@ -37,12 +37,18 @@ protected:
         m_window->resize(900, 620);
         m_window->show();
         m_window->activateWindow();
-        const QDeadlineTimer shown(5000);
-        while (!m_window->isActiveWindow() && !shown.hasExpired()) {
-            QApplication::processEvents();
-            QThread::msleep(10);
+        // Asked of the window manager until it is done (a --sync activation
+        // could wait forever when another window takes the focus meanwhile).
+        const QDeadlineTimer deadline(15000);
+        while (!m_window->isActiveWindow() && !deadline.hasExpired()) {
+            xdotool({"windowactivate", QString::number(m_window->winId())});
+            const QDeadlineTimer attempt(1000);
+            while (!m_window->isActiveWindow() && !attempt.hasExpired()) {
+                QApplication::processEvents();
+                QThread::msleep(10);
+            }
         }
-        xdotool({"windowactivate", "--sync", QString::number(m_window->winId())});
+        EXPECT_TRUE(m_window->isActiveWindow()) << "the editor never got the keyboard";
         return *m_window;
     }
 
