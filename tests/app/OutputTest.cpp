@@ -476,8 +476,7 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
         if (meanwhile == Meanwhile::annotationCopied) {
             // Ctrl+C of the arrow, selected, in the editor itself.
             window.model().select({window.model().document().annotations.first().id});
-            window.show();
-            xdotool({"windowactivate", "--sync", QString::number(window.winId())});
+            activate(window);
             xdotool({"key", "ctrl+c"});
             settle(300);
         }

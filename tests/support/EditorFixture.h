@@ -35,21 +35,27 @@ protected:
         m_window = std::make_unique<ShotEditorWindow>(ShotDocument::fromImage(image, scale),
                                                       *m_preferences, m_renderer);
         m_window->resize(900, 620);
-        m_window->show();
-        m_window->activateWindow();
-        // Asked of the window manager until it is done (a --sync activation
-        // could wait forever when another window takes the focus meanwhile).
+        activate(*m_window);
+        return *m_window;
+    }
+
+    // Shows a window and makes it the active one with real window-manager
+    // requests, asked until they are done (a --sync activation could wait
+    // forever when another window takes the focus meanwhile).
+    static void activate(QWidget& window)
+    {
+        window.show();
+        window.activateWindow();
         const QDeadlineTimer deadline(15000);
-        while (!m_window->isActiveWindow() && !deadline.hasExpired()) {
-            xdotool({"windowactivate", QString::number(m_window->winId())});
+        while (!window.isActiveWindow() && !deadline.hasExpired()) {
+            xdotool({"windowactivate", QString::number(window.winId())});
             const QDeadlineTimer attempt(1000);
-            while (!m_window->isActiveWindow() && !attempt.hasExpired()) {
+            while (!window.isActiveWindow() && !attempt.hasExpired()) {
                 QApplication::processEvents();
                 QThread::msleep(10);
             }
         }
-        EXPECT_TRUE(m_window->isActiveWindow()) << "the editor never got the keyboard";
-        return *m_window;
+        EXPECT_TRUE(window.isActiveWindow()) << "the window never got the keyboard";
     }
 
     // Handles events until the editor's outputs are done; false when they
