@@ -97,6 +97,14 @@ protected:
             m_app.waitForFinished(5000);
         }
     }
+    // Starts the tray application and waits until it owns its bus name.
+    // Checked with ASSERT_NO_FATAL_FAILURE at the call.
+    void startTray()
+    {
+        m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
+        ASSERT_TRUE(m_app.waitForStarted());
+        ASSERT_TRUE(waitUntil(isRunning)) << "the bus name was never claimed";
+    }
     static bool isRunning()
     {
         return QDBusConnection::sessionBus().interface()->isServiceRegistered(
@@ -108,9 +116,7 @@ protected:
 
 TEST_F(Tray, StartsOnceShowsItsIconAndQuitsFromItsMenu)
 {
-    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(m_app.waitForStarted());
-    ASSERT_TRUE(waitUntil(isRunning)) << "the bus name was never claimed";
+    ASSERT_NO_FATAL_FAILURE(startTray());
 
     // The icon sits in the panel's tray and shows the program's blue cloud.
     QRect icon;
@@ -155,9 +161,7 @@ TEST_F(Tray, StartsOnceShowsItsIconAndQuitsFromItsMenu)
 
 TEST_F(Tray, GrabsAskTheRunningInstance)
 {
-    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(m_app.waitForStarted());
-    ASSERT_TRUE(waitUntil(isRunning));
+    ASSERT_NO_FATAL_FAILURE(startTray());
     QProcess window;
     window.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
                  {"--geometry", "160x120+600+400", "--color", "ff8000", "--undecorated"});
@@ -203,9 +207,7 @@ TEST_F(Tray, GrabsAskTheRunningInstance)
 
 TEST_F(Tray, CaptureFromTheShellOpensAnEditor)
 {
-    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(m_app.waitForStarted());
-    ASSERT_TRUE(waitUntil(isRunning));
+    ASSERT_NO_FATAL_FAILURE(startTray());
 
     const auto captured = test::runNuboShot({"capture", "fullscreen"});
     EXPECT_EQ(captured.exitCode, 0) << captured.err.toStdString();
@@ -278,9 +280,7 @@ TEST_F(Tray, PrintScreenKeysCaptureFromAnywhere)
                              QStringLiteral("Ctrl+Shift+F12"));
         preferences.sync();
     }
-    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(m_app.waitForStarted());
-    ASSERT_TRUE(waitUntil(isRunning));
+    ASSERT_NO_FATAL_FAILURE(startTray());
     QThread::msleep(300);
     const auto shown = [&](const QString& name) {
         return !run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", name})
@@ -315,9 +315,7 @@ TEST_F(Tray, TheOverlayTakesExactlyTheFramedPixels)
         preferences.setValue(keys::copyRawOnCapture, true);
         preferences.sync();
     }
-    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(m_app.waitForStarted());
-    ASSERT_TRUE(waitUntil(isRunning));
+    ASSERT_NO_FATAL_FAILURE(startTray());
     QProcess red, green;
     red.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
               {"--geometry", "200x150+300+300", "--color", "ff0000", "--undecorated"});
@@ -411,9 +409,7 @@ TEST_F(Tray, TheOverlayTakesExactlyTheFramedPixels)
 
 TEST_F(Tray, TheBusGrabRefusesWhatItCannotDoAsAsked)
 {
-    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(m_app.waitForStarted());
-    ASSERT_TRUE(waitUntil(isRunning));
+    ASSERT_NO_FATAL_FAILURE(startTray());
     QTemporaryDir dir;
     const QString fifo = dir.filePath(QStringLiteral("pipe.png"));
     ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
@@ -475,9 +471,7 @@ TEST_F(Tray, TheBusGrabRefusesWhatItCannotDoAsAsked)
 
 TEST_F(Tray, ConcurrentBusGrabsDuringAnOpenOverlayAllSucceed)
 {
-    m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(m_app.waitForStarted());
-    ASSERT_TRUE(waitUntil(isRunning));
+    ASSERT_NO_FATAL_FAILURE(startTray());
     QProcess window;
     window.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
                  {"--geometry", "300x200+100+100", "--color", "3366cc", "--undecorated"});
