@@ -20,7 +20,9 @@ QByteArray runServing(const QString& program, const QStringList& arguments, cons
     QByteArray output;
     // A program that never ends fails the test instead of hanging it.
     const QDeadlineTimer deadline(30000);
-    while (!process.waitForFinished(10)) {
+    // On its state, not on waitForFinished() alone: that answers false for a
+    // process whose end processEvents() has already handled.
+    while (process.state() != QProcess::NotRunning && !process.waitForFinished(10)) {
         QCoreApplication::processEvents();
         output += process.readAllStandardOutput();
         if (deadline.hasExpired()) {
