@@ -9,6 +9,7 @@
 #include "output/ShotSaveOptions.h"
 #include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
+#include "support/DesktopPortal.h"
 #include "support/EditorFixture.h"
 #include "support/LiveProcess.h"
 #include "support/ModalAnswer.h"
@@ -222,6 +223,82 @@ TEST_F(Output, QuickSavesNeverOverwriteEachOther)
         << history.left(2000).toStdString();
     // No portal runs in this session: sharing is not offered rather than broken.
     EXPECT_FALSE(m_window->output().bar().shareButton()->isVisible());
+}
+
+TEST_F(Output, ShareHandsTheShotToTheApplicationChosenInThePortal)
+{
+    // A PNG viewer of this test's own, the default for PNG: it keeps a copy
+    // of whatever it is asked to open.
+    const QDir home(m_dir.path());
+    home.mkpath(QStringLiteral("data/applications"));
+    home.mkpath(QStringLiteral("config"));
+    const QString opened = m_dir.filePath(QStringLiteral("opened.png"));
+    const QString viewer = m_dir.filePath(QStringLiteral("viewer"));
+    const auto write = [](const QString& path, const QByteArray& text) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+        file.write(text);
+    };
+    write(viewer, "#!/bin/sh\ncp \"$1\" '" + opened.toUtf8() + ".part' && mv '" +
+                      opened.toUtf8() + ".part' '" + opened.toUtf8() + "'\n");
+    QFile::setPermissions(viewer, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                      QFileDevice::ExeOwner);
+    write(m_dir.filePath(QStringLiteral("data/applications/nuboshot-test-viewer.desktop")),
+          "[Desktop Entry]\nType=Application\nName=Test Viewer\nExec=" + viewer.toUtf8() +
+              " %f\nMimeType=image/png;\n");
+    // What update-desktop-database would write: the index GIO looks up.
+    write(m_dir.filePath(QStringLiteral("data/applications/mimeinfo.cache")),
+          "[MIME Cache]\nimage/png=nuboshot-test-viewer.desktop;\n");
+    write(m_dir.filePath(QStringLiteral("config/mimeapps.list")),
+          "[Default Applications]\nimage/png=nuboshot-test-viewer.desktop\n");
+
+    test::DesktopPortal portal(m_dir.filePath(QStringLiteral("data")),
+                               m_dir.filePath(QStringLiteral("config")));
+    ASSERT_TRUE(portal.isRunning()) << portal.log().toStdString();
+
+    ShotEditorWindow& window = open(test::patternImage(320, 200), 1);
+    addArrow(window);
+    QPushButton* share = window.output().bar().shareButton();
+    ASSERT_TRUE(share->isVisible()) << "a portal runs, so sharing is offered";
+    click(share);
+
+    // The portal asks which application opens the shot, in a dialog of its
+    // own; the default is chosen with Return.
+    QString chooser;
+    const QDeadlineTimer shown(15000);
+    while (chooser.isEmpty() && !shown.hasExpired()) {
+        chooser = QString::fromUtf8(run(QStringLiteral("xdotool"),
+                                        {"search", "--onlyvisible", "--pid",
+                                         QString::number(portal.dialogProcess())}))
+                      .section(u'\n', 0, 0)
+                      .trimmed();
+        test::settle(100);
+    }
+    ASSERT_FALSE(chooser.isEmpty()) << "the portal showed no chooser\n"
+                                    << portal.log().toStdString();
+    // Real key presses go to the focused window: the chooser, once active.
+    const QDeadlineTimer focused(10000);
+    while (QString::fromUtf8(run(QStringLiteral("xdotool"), {"getactivewindow"})).trimmed() !=
+               chooser &&
+           !focused.hasExpired()) {
+        xdotool({"windowactivate", chooser});
+    }
+    xdotool({"key", "Return"});
+
+    const QDeadlineTimer launched(15000);
+    while (!QFileInfo::exists(opened) && !launched.hasExpired()) {
+        test::settle(100);
+    }
+    ASSERT_TRUE(QFileInfo::exists(opened)) << "the chosen application never opened the shot\n"
+                                           << portal.log().toStdString();
+    const QImage received(opened);
+    ASSERT_FALSE(received.isNull());
+    const QImage expected = m_renderer.render(window.model().document(), 1);
+    EXPECT_EQ(received.size(), expected.size());
+    EXPECT_EQ(test::compareImages(received, expected, 0).maximum, 0);
+    EXPECT_TRUE(outputDone(window));
+    EXPECT_TRUE(window.lastNotice().isEmpty() || !window.lastNotice().contains(u"Could"))
+        << window.lastNotice().toStdString();
 }
 
 TEST_F(Output, SaveAsWritesTheChosenFormatUnderTheChosenName)
