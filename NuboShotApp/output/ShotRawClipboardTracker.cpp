@@ -111,7 +111,13 @@ void ShotRawClipboardTracker::replaceRawWithEdited(ShotOutputHost* editor, QObje
                 return;
             }
             if (!isCurrent(capture)) {
-                return; // the user copied something else while we drew
+                // Something else was copied while we drew: that copy stays,
+                // and the user hears where the edits did not go.
+                qCWarning(lcApp, "Edited shot not put on the clipboard: it changed meanwhile");
+                if (presentFailure) {
+                    presentFailure(QString::fromLatin1(replacedMeanwhileText));
+                }
+                return;
             }
             capture.clipboard->write(ShotClipboard::makeItem(png));
             qCInfo(lcApp, "Clipboard raw shot replaced with the edited shot");

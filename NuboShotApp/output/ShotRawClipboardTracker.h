@@ -29,6 +29,9 @@ public:
 
     static ShotRawClipboardTracker& shared();
     static constexpr char noticeText[] = "Clipboard still holds the original screenshot";
+    static constexpr char replacedMeanwhileText[] =
+        "The edited screenshot was not put on the clipboard: something else was copied "
+        "while it was being prepared.";
 
     std::function<void(const QString&)> presentNotice;
     // The PNG of the clipboard item of a document at a scale; runs on a

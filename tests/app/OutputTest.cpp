@@ -27,9 +27,12 @@
 #include <QMimeData>
 #include <QProcess>
 #include <QPushButton>
+#include <QSemaphore>
 #include <QSlider>
 #include <QTemporaryDir>
+#include <QScopeGuard>
 #include <QThread>
+#include <QThreadPool>
 #include <QTimer>
 #include <QToolButton>
 
@@ -520,12 +523,27 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
 {
     ShotRawClipboardTracker& tracker = ShotRawClipboardTracker::shared();
     ShotClipboard& clipboard = ShotClipboard::shared();
-    tracker.encodeClipboardItem = [this](const ShotDocument& shot, double scale) {
+    // The edited shot is drawn once `drawing` is released.
+    QSemaphore drawing;
+    const auto drawAfterRelease = [this, &drawing](const ShotDocument& shot, double scale) {
+        drawing.acquire();
         return ShotClipboard::encodeItem(m_renderer, shot, scale);
     };
-    enum class Meanwhile { nothing, otherProgramCopied, annotationCopied };
-    for (const Meanwhile meanwhile :
-         {Meanwhile::nothing, Meanwhile::otherProgramCopied, Meanwhile::annotationCopied}) {
+    QStringList failures;
+    tracker.presentFailure = [&](const QString& text) { failures << text; };
+    // The tracker outlives this test: leave it nothing that points in here,
+    // and no drawing waiting for a release that a failure skipped.
+    const auto restore = qScopeGuard([&] {
+        drawing.release(100);
+        QThreadPool::globalInstance()->waitForDone(10000);
+        tracker.encodeClipboardItem = nullptr;
+        tracker.presentFailure = nullptr;
+        tracker.presentNotice = nullptr;
+    });
+    enum class Meanwhile { nothing, otherProgramCopied, annotationCopied, copiedWhileDrawing };
+    for (const Meanwhile meanwhile : {Meanwhile::nothing, Meanwhile::otherProgramCopied,
+                                      Meanwhile::annotationCopied, Meanwhile::copiedWhileDrawing}) {
+        failures.clear();
         SCOPED_TRACE(int(meanwhile));
         const QImage raw = test::patternImage(320, 200);
         const ShotDocument shot = ShotDocument::fromImage(raw, 1);
@@ -536,6 +554,7 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
 
         m_window = std::make_unique<ShotEditorWindow>(shot, *m_preferences, m_renderer);
         ShotEditorWindow& window = *m_window;
+        tracker.encodeClipboardItem = drawAfterRelease; // each editor sets its own
         tracker.adoptForEditor(&window);
         if (meanwhile == Meanwhile::otherProgramCopied) {
             run(QStringLiteral("xclip"), {"-selection", "clipboard", "-i"}, "someone else's text");
@@ -559,7 +578,27 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
         }
 
         window.show();
-        if (meanwhile == Meanwhile::nothing) {
+        if (meanwhile == Meanwhile::copiedWhileDrawing) {
+            // Closed while the raw shot was there, so nothing asked; another
+            // program copies before the edited shot is drawn. Its copy stays
+            // and the user is told that the edits did not go there.
+            window.close();
+            settle(100);
+            EXPECT_FALSE(window.isVisible());
+            run(QStringLiteral("xclip"), {"-selection", "clipboard", "-i"}, "copied meanwhile");
+            settle(300);
+            drawing.release();
+            const QDeadlineTimer told(10000);
+            while (failures.isEmpty() && !told.hasExpired()) {
+                settle(20);
+            }
+            EXPECT_EQ(failures,
+                      QStringList{QString::fromLatin1(
+                          ShotRawClipboardTracker::replacedMeanwhileText)});
+            EXPECT_EQ(run(QStringLiteral("xclip"), {"-selection", "clipboard", "-o"}),
+                      QByteArray("copied meanwhile"));
+        } else if (meanwhile == Meanwhile::nothing) {
+            drawing.release();
             window.close();
             settle(300);
             const QImage pasted = QImage::fromData(
@@ -570,6 +609,7 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
                     .maximum,
                 0);
             EXPECT_TRUE(window.model().isOutputCurrent());
+            EXPECT_TRUE(failures.isEmpty());
         } else {
             // The raw shot is no longer on the clipboard: the edits would go
             // nowhere, so closing asks as for any unsaved shot.
