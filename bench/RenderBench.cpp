@@ -8,6 +8,7 @@
 
 #include "render/RedactionRenderer.h"
 #include "render/ShotRenderer.h"
+#include "render/ShotTextLayoutManager.h"
 
 #include <QGuiApplication>
 #include <QImage>
@@ -154,6 +155,32 @@ void BM_RedrawUnchangedRedaction(benchmark::State& state)
     state.counters["pixelations_per_redraw"] = double(renderer.tileCache().misses() - misses) / n;
 }
 BENCHMARK(BM_RedrawUnchangedRedaction)->Unit(benchmark::kMicrosecond);
+
+// Typing into a long text: each keystroke lays the whole text out again
+// (wrapped to 600 points) and measures its height, as the editor's text box
+// does. Arg: characters, up to the text limit; words or emoji.
+void BM_TypeIntoLongText(benchmark::State& state, bool emoji)
+{
+    const int length = int(state.range(0));
+    QString text;
+    while (text.size() < length) {
+        text += emoji ? QStringLiteral("\U0001F44D") : QStringLiteral("word ");
+    }
+    text.truncate(length);
+    ShotTextLayoutManager layout;
+    layout.setContainerWidth(600);
+    int keystroke = 0;
+    for (auto _ : state) {
+        // A different last character each time: nothing is reused.
+        text[text.size() - 1] = QChar(u'a' + keystroke++ % 26);
+        layout.setText(text, 18, Qt::black);
+        benchmark::DoNotOptimize(layout.usedHeight());
+    }
+}
+BENCHMARK_CAPTURE(BM_TypeIntoLongText, words, false)
+    ->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_TypeIntoLongText, emoji, true)
+    ->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
