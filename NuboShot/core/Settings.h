@@ -25,6 +25,9 @@ inline constexpr char recentEnabled[] = "shot.recent.enabled";
 inline constexpr char uploadDestination[] = "shot.uploadDestination";
 inline constexpr char stylePrefix[] = "shot.style.";
 inline constexpr char styleColor[] = "shot.style.color";
+// Colours the user chose beyond the palette, newest first ("#AARRGGBB",
+// separated by spaces).
+inline constexpr char customColors[] = "shot.palette.customColors";
 inline constexpr char redactMode[] = "shot.redact.mode";
 inline constexpr char redactDefault[] = "shot.redact.default.v2";
 inline constexpr char recordingCodec[] = "shot.recording.codec";

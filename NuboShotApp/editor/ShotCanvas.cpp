@@ -1,6 +1,7 @@
 #include "editor/ShotCanvas.h"
 
 #include "render/ShotRenderer.h"
+#include "style/ShotIcons.h"
 
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
@@ -29,7 +30,8 @@ ShotCanvas::ShotCanvas(ShotEditorModel& model, ShotRenderer& renderer, QWidget* 
 QSize ShotCanvas::sizeHint() const
 {
     const QSizeF size = visibleRect().size() * m_zoom;
-    return size.toSize().expandedTo(QSize(200, 150));
+    return QSize(std::max(1, int(std::ceil(size.width() - 1e-6))),
+                 std::max(1, int(std::ceil(size.height() - 1e-6))));
 }
 
 QRectF ShotCanvas::visibleRect() const
@@ -41,35 +43,43 @@ QRectF ShotCanvas::visibleRect() const
 void ShotCanvas::setZoom(double zoom)
 {
     m_fitsWindow = false;
-    m_zoom = std::clamp(zoom, 0.05, 16.0);
-    updateGeometry();
+    m_zoom = std::clamp(zoom, 0.01, 16.0);
     update();
     emit zoomChanged(m_zoom);
 }
 
-void ShotCanvas::setFitsWindow(bool fits)
+void ShotCanvas::setFitZoom(double zoom)
 {
-    m_fitsWindow = fits;
-    updateFit();
-}
-
-void ShotCanvas::updateFit()
-{
-    if (!m_fitsWindow) {
-        return;
-    }
-    const QRectF visible = visibleRect();
-    if (visible.isEmpty() || width() <= 0 || height() <= 0) {
-        return;
-    }
-    m_zoom = std::min({width() / visible.width(), height() / visible.height(), 1.0});
+    m_fitsWindow = true;
+    m_zoom = std::clamp(zoom, 0.01, 16.0);
     update();
     emit zoomChanged(m_zoom);
 }
 
-void ShotCanvas::resizeEvent(QResizeEvent*)
+void ShotCanvas::setCursorOverride(std::optional<Qt::CursorShape> shape)
 {
-    updateFit();
+    m_cursorOverride = shape;
+    updateCursor();
+}
+
+void ShotCanvas::updateCursor()
+{
+    if (m_cursorOverride) {
+        setCursor(*m_cursorOverride);
+        return;
+    }
+    const ShotToolKind tool = m_model.activeTool();
+    setMouseTracking(tool == ShotToolKind::colorPicker);
+    if (tool != ShotToolKind::colorPicker && m_loupeAt) {
+        update(loupeRect(*std::exchange(m_loupeAt, std::nullopt)));
+    }
+    if (tool == ShotToolKind::colorPicker) {
+        setCursor(ShotIcons::cursor(QStringLiteral("color-picker"), QPointF(4.6, 19.4)));
+    } else if (createsAnnotations(tool)) {
+        setCursor(Qt::CrossCursor);
+    } else {
+        unsetCursor();
+    }
 }
 
 QPointF ShotCanvas::toDocument(QPointF p) const
@@ -87,7 +97,10 @@ void ShotCanvas::paintDocument(QPainter& painter, const QRectF& area) const
 {
     const ShotDocument& d = m_model.document();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, m_zoom < 1);
+    // Device pixels per point: a 2× shot at 100 % on a 2× screen lands pixel
+    // for pixel; only a reduction is smoothed, an enlargement shows pixels.
+    const double devicePixels = painter.worldTransform().m11() *
+                                (painter.device() ? painter.device()->devicePixelRatioF() : 1.0);
     for (const ImageLayer& layer : d.layers) {
         const QRectF part = layer.frame.intersected(area);
         if (part.isEmpty() || layer.image.isNull()) {
@@ -96,6 +109,7 @@ void ShotCanvas::paintDocument(QPainter& painter, const QRectF& area) const
         // Only the exposed part of the image is drawn.
         const double sx = layer.image.width() / layer.frame.width();
         const double sy = layer.image.height() / layer.frame.height();
+        painter.setRenderHint(QPainter::SmoothPixmapTransform, devicePixels < sx - 1e-6);
         const QRectF source((part.x() - layer.frame.x()) * sx, (part.y() - layer.frame.y()) * sy,
                             part.width() * sx, part.height() * sy);
         painter.drawImage(part, layer.image, source);
@@ -163,6 +177,12 @@ void ShotCanvas::paintEvent(QPaintEvent* event)
         painter.drawRect(*band);
         painter.setBrush(Qt::NoBrush);
     }
+    if (m_loupeAt && m_model.activeTool() == ShotToolKind::colorPicker) {
+        painter.resetTransform();
+        paintLoupe(painter, *m_loupeAt);
+        painter.scale(m_zoom, m_zoom);
+        painter.translate(-visibleRect().topLeft());
+    }
     if (const auto& crop = m_model.cropSession()) {
         QPainterPath outside;
         outside.addRect(crop->bounds);
@@ -195,8 +215,7 @@ void ShotCanvas::documentChanged()
     const bool sameFrame = now.layers == m_painted.layers && now.crop == m_painted.crop &&
                            now.canvasBounds == m_painted.canvasBounds && !m_model.cropSession();
     if (!sameFrame) {
-        updateFit();
-        updateGeometry();
+        emit contentSizeChanged();
         update();
     } else {
         // Only what changed: the old and new places of annotations that
@@ -223,8 +242,18 @@ void ShotCanvas::documentChanged()
         for (const Annotation* removed : std::as_const(old)) {
             dirty = dirty.united(annotationBounds(*removed));
         }
-        // Counters renumber and redactions may change what lies under others.
+        // Counters renumber and redactions may change what lies under others;
+        // the marks of a selection that ended go with it.
         dirty = dirty.united(annotationsBounds(m_painted, m_model.selection()));
+        if (m_paintedSelection != m_model.selection()) {
+            dirty = dirty.united(annotationsBounds(m_painted, m_paintedSelection));
+        }
+        if (m_paintedHandles) {
+            dirty = dirty.united(*m_paintedHandles);
+        }
+        if (const auto box = ShotTool::selectedHandleBox(m_model)) {
+            dirty = dirty.united(*box);
+        }
         if (!dirty.isEmpty()) {
             update(toWidget(dirty)
                        .adjusted(-handleSize, -handleSize, handleSize, handleSize)
@@ -235,6 +264,9 @@ void ShotCanvas::documentChanged()
         }
     }
     m_painted = now;
+    m_paintedSelection = m_model.selection();
+    m_paintedHandles = ShotTool::selectedHandleBox(m_model);
+    updateCursor();
 }
 
 ShotGesture ShotCanvas::gesture(const QMouseEvent* event) const
@@ -259,16 +291,6 @@ bool ShotCanvas::event(QEvent* event)
     return QWidget::event(event);
 }
 
-void ShotCanvas::wheelEvent(QWheelEvent* event)
-{
-    if (!(event->modifiers() & Qt::ControlModifier)) {
-        QWidget::wheelEvent(event);
-        return;
-    }
-    setZoom(m_zoom * std::pow(1.1, event->angleDelta().y() / 120.0));
-    event->accept();
-}
-
 ShotTool& ShotCanvas::tool()
 {
     if (!m_tool || m_toolKind != m_model.activeTool()) {
@@ -278,6 +300,72 @@ ShotTool& ShotCanvas::tool()
                            {[this](QPointF point) { emit colorPickRequested(point); }, nullptr});
     }
     return *m_tool;
+}
+
+void ShotCanvas::leaveEvent(QEvent* event)
+{
+    QWidget::leaveEvent(event);
+    if (m_loupeAt) {
+        update(loupeRect(*std::exchange(m_loupeAt, std::nullopt)));
+    }
+}
+
+QRect ShotCanvas::loupeRect(QPoint at) const
+{
+    // Below and right of the pointer, or on the other side near an edge.
+    const int side = loupeCells * loupeCell + 2;
+    const int label = fontMetrics().height() + 8;
+    QRect r(at + QPoint(18, 18), QSize(side, side + label));
+    if (r.right() > width() && at.x() - 18 - side >= 0) {
+        r.moveRight(at.x() - 18);
+    }
+    if (r.bottom() > height() && at.y() - 18 - r.height() >= 0) {
+        r.moveBottom(at.y() - 18);
+    }
+    return r.adjusted(-2, -2, 2, 2);
+}
+
+void ShotCanvas::paintLoupe(QPainter& painter, QPoint at) const
+{
+    const double scale = m_model.exportScale();
+    // The shot's own pixels around the pointer, at export scale.
+    const QPointF point = toDocument(at);
+    const QPointF pixel(std::floor(point.x() * scale), std::floor(point.y() * scale));
+    QImage cells(loupeCells, loupeCells, QImage::Format_ARGB32_Premultiplied);
+    cells.fill(Qt::transparent);
+    {
+        QPainter source(&cells);
+        source.scale(scale, scale);
+        source.translate(-(pixel - QPointF(loupeCells / 2, loupeCells / 2)) / scale);
+        const QRectF area((pixel - QPointF(loupeCells / 2, loupeCells / 2)) / scale,
+                          QSizeF(loupeCells, loupeCells) / scale);
+        source.setClipRect(area);
+        paintDocument(source, area);
+    }
+    const QRect frame = loupeRect(at).adjusted(2, 2, -2, -2);
+    const int side = loupeCells * loupeCell;
+    const QRect magnified(frame.topLeft() + QPoint(1, 1), QSize(side, side));
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
+    painter.fillRect(frame, QColor(30, 30, 30));
+    painter.drawImage(magnified, cells);
+    // The centre pixel, ringed in black and white so it shows on any colour.
+    const QRect centre(magnified.topLeft() + QPoint(loupeCells / 2, loupeCells / 2) * loupeCell,
+                       QSize(loupeCell, loupeCell));
+    painter.setPen(QPen(Qt::black, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(centre.adjusted(-1, -1, 0, 0));
+    painter.setPen(QPen(Qt::white, 1));
+    painter.drawRect(centre.adjusted(0, 0, -1, -1));
+    painter.setPen(QPen(QColor(255, 255, 255, 200), 1));
+    painter.drawRect(frame.adjusted(0, 0, -1, -1));
+    const QColor picked = cells.pixelColor(loupeCells / 2, loupeCells / 2);
+    const QRect label(frame.left(), magnified.bottom() + 1, frame.width(),
+                      frame.bottom() - magnified.bottom());
+    painter.setPen(Qt::white);
+    painter.drawText(label, Qt::AlignCenter, picked.name(QColor::HexRgb).toUpper());
+    painter.restore();
 }
 
 ShotPointer ShotCanvas::pointer(const QMouseEvent* event) const
@@ -309,6 +397,14 @@ void ShotCanvas::mouseDoubleClickEvent(QMouseEvent* event)
 
 void ShotCanvas::mouseMoveEvent(QMouseEvent* event)
 {
+    if (m_model.activeTool() == ShotToolKind::colorPicker) {
+        const QPoint at = event->position().toPoint();
+        if (m_loupeAt) {
+            update(loupeRect(*m_loupeAt));
+        }
+        m_loupeAt = at;
+        update(loupeRect(at));
+    }
     if (!m_pressed) {
         return;
     }

@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 namespace nubo {
 
 class ShotRenderer;
@@ -18,8 +20,19 @@ public:
     ShotCanvas(ShotEditorModel& model, ShotRenderer& renderer, QWidget* parent = nullptr);
 
     double zoom() const { return m_zoom; }
-    void setZoom(double zoom); // fixed zoom
-    void setFitsWindow(bool fits);
+    void setZoom(double zoom); // a fixed zoom
+    // The zoom the view found to fit the shot; zoom follows the view from now.
+    void setFitZoom(double zoom);
+    bool fitsWindow() const { return m_fitsWindow; }
+    // The shown part of the document in points (the whole canvas while cropping).
+    QSizeF contentSize() const { return visibleRect().size(); }
+    // A cursor that wins over the tool's (a pan under way); none gives the
+    // tool's back.
+    void setCursorOverride(std::optional<Qt::CursorShape> shape);
+    // Where the colour picker's loupe is, in widget points (while it shows).
+    std::optional<QPoint> loupePosition() const { return m_loupeAt; }
+    static constexpr int loupeCells = 11;
+    static constexpr int loupeCell = 9;
     QPointF toDocument(QPointF widgetPoint) const;
     QRectF toWidget(const QRectF& documentRect) const;
     QSize sizeHint() const override;
@@ -34,12 +47,13 @@ signals:
     // The canvas is on screen for the first time.
     void firstPainted();
     void zoomChanged(double zoom);
+    // The document's shown size changed (a crop, a layer added).
+    void contentSizeChanged();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
     bool event(QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -47,7 +61,9 @@ protected:
 
 private:
     void documentChanged();
-    void updateFit();
+    void updateCursor();
+    QRect loupeRect(QPoint at) const;
+    void paintLoupe(QPainter& painter, QPoint at) const;
     ShotGesture gesture(const QMouseEvent* event) const;
     QRectF visibleRect() const;
     ShotTool& tool(); // the active tool's object, made when the tool changes
@@ -59,6 +75,10 @@ private:
     double m_zoom = 1;
     bool m_fitsWindow = true;
     ShotDocument m_painted; // what is on screen, to find what changed
+    QSet<QUuid> m_paintedSelection;
+    std::optional<QRectF> m_paintedHandles;
+    std::optional<Qt::CursorShape> m_cursorOverride;
+    std::optional<QPoint> m_loupeAt;
     QPointF m_press;
     bool m_pressed = false;
     bool m_everPainted = false;

@@ -44,4 +44,13 @@ QRectF ShotCreationTool::emojiRect(QPointF point, double fontSize)
     return {point.x() - side / 2, point.y() - side / 2, side, side};
 }
 
+QRectF ShotCreationTool::emojiDragRect(const ShotGesture& g, double)
+{
+    const QPointF d = g.current - g.start;
+    const double side = std::max({std::abs(d.x()), std::abs(d.y()), 8.0});
+    const double x = d.x() < 0 ? g.start.x() - side : g.start.x();
+    const double y = d.y() < 0 ? g.start.y() - side : g.start.y();
+    return {x, y, side, side};
+}
+
 } // namespace nubo

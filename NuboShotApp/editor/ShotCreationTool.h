@@ -31,6 +31,9 @@ public:
     static QRectF textBox(const ShotGesture& gesture, double fontSize);
     // An emoji: a square of side max(size, 1) centred on the press point.
     static QRectF emojiRect(QPointF point, double fontSize);
+    // An emoji sized by a drag: the square from the press point towards the
+    // pointer, as wide as the drag's larger extent (at least 8 points).
+    static QRectF emojiDragRect(const ShotGesture& gesture, double fontSize);
 
     // The annotation a tool makes from a gesture (a pen stroke starts with the
     // press point, and the current point on a drag); nothing for tools that

@@ -434,6 +434,8 @@ ShotStyle ShotEditorModel::style(ShotToolKind tool) const
     ShotStyle style;
     if (tool == ShotToolKind::text) {
         style.fontSize = 20;
+    } else if (tool == ShotToolKind::emoji) {
+        style.fontSize = 48; // a click places an emoji big enough to read
     }
     return style;
 }
@@ -478,6 +480,46 @@ ShotStyle ShotEditorModel::shownStyle() const
         }
     }
     return style(m_activeTool);
+}
+
+ShotToolKind ShotEditorModel::styledTool() const
+{
+    for (const Annotation& a : m_document.annotations) {
+        if (!m_selection.contains(a.id)) {
+            continue;
+        }
+        return std::visit(
+            [](const auto& kind) {
+                using Kind = std::decay_t<decltype(kind)>;
+                if constexpr (std::is_same_v<Kind, ShapeAnnotation>) {
+                    switch (kind.variant) {
+                    case ShapeVariant::rect:
+                        return ShotToolKind::rect;
+                    case ShapeVariant::filledRect:
+                        return ShotToolKind::filledRect;
+                    case ShapeVariant::ellipse:
+                        return ShotToolKind::ellipse;
+                    }
+                    return ShotToolKind::rect;
+                } else if constexpr (std::is_same_v<Kind, LineAnnotation>) {
+                    return ShotToolKind::line;
+                } else if constexpr (std::is_same_v<Kind, ArrowAnnotation>) {
+                    return ShotToolKind::arrow;
+                } else if constexpr (std::is_same_v<Kind, TextAnnotation>) {
+                    return ShotToolKind::text;
+                } else if constexpr (std::is_same_v<Kind, RedactAnnotation>) {
+                    return ShotToolKind::blur;
+                } else if constexpr (std::is_same_v<Kind, CounterAnnotation>) {
+                    return ShotToolKind::number;
+                } else if constexpr (std::is_same_v<Kind, PenAnnotation>) {
+                    return ShotToolKind::draw;
+                } else {
+                    return ShotToolKind::emoji;
+                }
+            },
+            a.kind);
+    }
+    return m_activeTool;
 }
 
 void ShotEditorModel::beginCreation(const ShotGesture& gesture)
@@ -567,7 +609,8 @@ bool ShotEditorModel::beginTextEditing(const QUuid& id)
     return true;
 }
 
-void ShotEditorModel::setEditedText(const QString& text, double height)
+void ShotEditorModel::setEditedText(const QString& text, double height,
+                                    std::optional<double> width)
 {
     assertMainThread();
     if (!m_editingText) {
@@ -579,6 +622,9 @@ void ShotEditorModel::setEditedText(const QString& text, double height)
             auto& content = std::get<TextAnnotation>(a.kind).content;
             content.text = truncatedText(text, TextContent::maximumLength);
             content.rect.setHeight(std::max(height, a.style.fontSize * 1.5));
+            if (width && std::isfinite(*width) && *width > content.rect.width()) {
+                content.rect.setWidth(*width);
+            }
         }
     }
     apply(next);
@@ -669,7 +715,14 @@ void ShotEditorModel::commitCrop(bool returnToSelect)
     if (!m_cropSession) {
         return;
     }
-    const QRectF rect = m_cropSession->rect;
+    // On whole pixels of the export: the shot has exactly the size the crop
+    // bar showed, with no partly covered row or column at an edge.
+    const double scale = exportScale();
+    const QRectF proposed = m_cropSession->rect;
+    const auto snap = [scale](double v) { return std::round(v * scale) / scale; };
+    const QRectF rect = QRectF(QPointF(snap(proposed.left()), snap(proposed.top())),
+                               QPointF(snap(proposed.right()), snap(proposed.bottom())))
+                            .intersected(m_cropSession->bounds);
     m_cropSession.reset();
     if (rect.width() >= 1 && rect.height() >= 1) {
         ShotDocument next = m_document;

@@ -111,6 +111,9 @@ public:
     // The style the style bar shows: the one selected annotation's, else the
     // active tool's.
     ShotStyle shownStyle() const;
+    // The tool whose controls the style bar shows: the one that makes the
+    // selected annotations (the first of them), else the active tool.
+    ShotToolKind styledTool() const;
     QString selectedEmoji() const { return m_selectedEmoji; }
     void setSelectedEmoji(const QString& emoji) { m_selectedEmoji = emoji; }
 
@@ -129,7 +132,8 @@ public:
     // grows with the text; ending with no text removes a new annotation
     // without a trace and an existing one as a step.
     bool beginTextEditing(const QUuid& id);
-    void setEditedText(const QString& text, double height);
+    void setEditedText(const QString& text, double height,
+                       std::optional<double> width = std::nullopt);
     void endTextEditing();
     const QUuid& editedTextID() const { return m_textID; }
 

@@ -3,16 +3,19 @@
 #include "core/Error.h"
 #include "core/Logging.h"
 #include "document/ShotImageFile.h"
+#include "editor/ShotCanvasView.h"
 #include "editor/ShotCropBar.h"
 #include "editor/ShotStyleBar.h"
 #include "editor/ShotZoomControls.h"
 #include "output/ShotOutputActions.h"
 #include "render/ShotFonts.h"
 #include "render/ShotRenderer.h"
+#include "style/ShotIcons.h"
 
 #include <QAction>
 #include <QActionGroup>
 #include <QClipboard>
+#include <QCursor>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileDialog>
@@ -23,7 +26,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
-#include <QStatusBar>
+#include <QScreen>
 #include <QTextEdit>
 #include <QToolBar>
 
@@ -35,19 +38,34 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
       m_model(std::make_unique<ShotEditorModel>(std::move(document), preferences)),
       m_preferences(preferences), m_renderer(renderer)
 {
-    m_canvas = new ShotCanvas(*m_model, renderer, this);
-    setCentralWidget(m_canvas);
+    m_canvas = new ShotCanvas(*m_model, renderer);
+    m_view = new ShotCanvasView(m_canvas, this);
+    setCentralWidget(m_view);
     setAcceptDrops(true);
 
     QToolBar* toolbar = addToolBar(QStringLiteral("Tools"));
+    toolbar->setObjectName(QStringLiteral("toolBar"));
     toolbar->setMovable(false);
-    toolbar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    toolbar->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    toolbar->setIconSize(QSize(20, 20));
+    // The active tool stands out: the highlight behind it, its icon in the
+    // highlighted text colour (the icon's "on" state).
+    toolbar->setStyleSheet(QStringLiteral(
+        "QToolBar#toolBar { spacing: 2px; padding: 3px 6px; }"
+        "QToolBar#toolBar QToolButton { padding: 4px; border-radius: 5px; }"
+        "QToolBar#toolBar QToolButton:hover { background: palette(midlight); }"
+        "QToolBar#toolBar QToolButton:checked { background: palette(highlight); }"));
     m_tools = new QActionGroup(this);
     const ShotToolContext context{nullptr, [this] { addImageFromFile(); }};
     for (const ShotToolKind tool : allCases<ShotToolKind>()) {
-        QAction* action = toolbar->addAction(toolTitle(tool));
+        QAction* action = toolbar->addAction(ShotIcons::icon(toolIconName(tool)), toolTitle(tool));
+        action->setObjectName(QStringLiteral("tool.") + toString(tool));
         action->setShortcut(QKeySequence(QString(toolShortcut(tool))));
         action->setToolTip(QStringLiteral("%1 (%2)").arg(toolTitle(tool)).arg(toolShortcut(tool)));
+        if (tool == ShotToolKind::select || tool == ShotToolKind::colorPicker) {
+            // Between what frames the shot, what draws on it and what reads it.
+            toolbar->insertSeparator(action);
+        }
         if (isActionTool(tool)) {
             // Not a mode: its button acts at once (Add image asks for a file).
             connect(action, &QAction::triggered, this,
@@ -61,7 +79,7 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     }
 
     addToolBarBreak();
-    addToolBar(new ShotStyleBar(*m_model, this));
+    addToolBar(new ShotStyleBar(*m_model, preferences, this));
     addToolBar(Qt::BottomToolBarArea, new ShotCropBar(*m_model, this));
     addToolBarBreak(Qt::BottomToolBarArea);
     QToolBar* outputBar = addToolBar(QStringLiteral("Output"));
@@ -70,10 +88,13 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     m_output = new ShotOutputActions(*this, preferences, renderer, this);
     auto* bottom = new QWidget(outputBar);
     auto* bottomLayout = new QHBoxLayout(bottom);
-    bottomLayout->setContentsMargins(0, 0, 0, 0);
+    bottomLayout->setContentsMargins(0, 0, 8, 0);
     bottomLayout->addWidget(m_output->barWidget(), 1);
-    bottomLayout->addWidget(new ShotZoomControls(*m_canvas, bottom));
+    m_zoomControls = new ShotZoomControls(*m_view, bottom);
+    bottomLayout->addWidget(m_zoomControls);
     outputBar->addWidget(bottom);
+    // Every tool stays in sight at the narrowest the editor gets.
+    setMinimumWidth(std::max(toolbar->sizeHint().width(), outputBar->minimumSizeHint().width()));
     connect(m_output, &ShotOutputActions::idle, this, [this] {
         if (std::exchange(m_closeWhenIdle, false)) {
             close();
@@ -91,7 +112,11 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
         return action;
     };
     add(QStringLiteral("Undo"), QKeySequence::Undo, [this] { m_model->undo(); });
-    add(QStringLiteral("Redo"), QKeySequence::Redo, [this] { m_model->redo(); });
+    add(QStringLiteral("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+        [this] { m_model->redo(); })
+        ->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+                        QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    add(QStringLiteral("Close"), QKeySequence(Qt::CTRL | Qt::Key_W), [this] { close(); });
     add(QStringLiteral("Select All"), QKeySequence::SelectAll, [this] { m_model->selectAll(); });
     add(QStringLiteral("Delete"), QKeySequence::Delete, [this] { m_model->deleteSelection(); });
     add(QStringLiteral("Copy"), QKeySequence::Copy, [this] { copy(); });
@@ -110,14 +135,13 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
         [this] { m_model->bringForward(); });
     add(QStringLiteral("Send Backward"), QKeySequence(Qt::CTRL | Qt::Key_BracketLeft),
         [this] { m_model->sendBackward(); });
-    add(QStringLiteral("Zoom In"), QKeySequence::ZoomIn,
-        [this] { m_canvas->setZoom(m_canvas->zoom() * 1.25); });
-    add(QStringLiteral("Zoom Out"), QKeySequence::ZoomOut,
-        [this] { m_canvas->setZoom(m_canvas->zoom() / 1.25); });
+    add(QStringLiteral("Zoom In"), QKeySequence::ZoomIn, [this] { m_view->zoomIn(); })
+        ->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
+    add(QStringLiteral("Zoom Out"), QKeySequence::ZoomOut, [this] { m_view->zoomOut(); });
     add(QStringLiteral("Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0),
-        [this] { m_canvas->setZoom(1); });
+        [this] { m_view->zoomTo(1); });
     add(QStringLiteral("Fit in Window"), QKeySequence(Qt::CTRL | Qt::Key_9),
-        [this] { m_canvas->setFitsWindow(true); });
+        [this] { m_view->fitToView(); });
 
     connect(m_model.get(), &ShotEditorModel::changed, this, [this] {
         syncTools();
@@ -126,8 +150,33 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     });
     syncTools();
     updateTitle();
-    const QSize hint = m_canvas->sizeHint();
-    resize(std::min(hint.width(), 1400), std::min(hint.height() + 60, 900));
+    placeOnScreen(QGuiApplication::screenAt(QCursor::pos()));
+}
+
+void ShotEditorWindow::placeOnScreen(QScreen* screen)
+{
+    if (!screen) {
+        screen = QGuiApplication::primaryScreen();
+    }
+    if (!screen) {
+        return;
+    }
+    const QRect available = screen->availableGeometry();
+    // The window the shot needs at 100 %: the view's room for it plus the bars.
+    ensurePolished();
+    const QSize bars = sizeHint() - m_view->sizeHint();
+    const QSize whole = (m_view->sizeHint() + bars).expandedTo(minimumSizeHint());
+    const QSize most(available.width() * 9 / 10, available.height() * 9 / 10);
+    const bool fits = whole.width() <= most.width() && whole.height() <= most.height();
+    const QSize size = fits ? whole.expandedTo(QSize(minimumWidth(), 360)) : most;
+    resize(size);
+    // Frame decorations are the window manager's: centre the inside.
+    move(available.center() - QPoint(size.width() / 2, size.height() / 2));
+    if (fits) {
+        m_canvas->setZoom(1);
+    } else {
+        m_canvas->setFitZoom(m_view->fitZoom(size - bars));
+    }
 }
 
 void ShotEditorWindow::pickColor(QPointF point)
@@ -152,8 +201,7 @@ void ShotEditorWindow::pickColor(QPointF point)
             m_model->setStyle(tool, toolStyle);
         }
     }
-    m_lastNotice = name + QStringLiteral(" copied");
-    statusBar()->showMessage(m_lastNotice, 3000);
+    showNotice(name + QStringLiteral(" copied"));
 }
 
 namespace {
@@ -213,6 +261,7 @@ void ShotEditorWindow::startTextEditor(const QUuid& id)
         QStringLiteral("QTextEdit { border: 1px dashed #2878ff; background: transparent; }"));
     editor->setPlainText(content.text);
     editor->setGeometry(m_canvas->toWidget(content.rect.normalized()).toAlignedRect());
+    m_editedTextOrigin = content.rect.normalized().topLeft();
     editor->finished = [this] {
         QMetaObject::invokeMethod(this, &ShotEditorWindow::finishTextEditor, Qt::QueuedConnection);
     };
@@ -227,9 +276,22 @@ void ShotEditorWindow::startTextEditor(const QUuid& id)
                            .arg(TextContent::maximumLength));
             return;
         }
+        // The box widens with its longest line up to the shot's right edge
+        // (a one-line caption stays one line), and only then wraps.
+        const QFontMetricsF metrics(editor->font());
+        double longest = 0;
+        for (const QString& line : editor->toPlainText().split(u'\n')) {
+            longest = std::max(longest, metrics.horizontalAdvance(line));
+        }
+        const QRectF box = m_canvas->toWidget(QRectF(m_editedTextOrigin, QSizeF()));
+        const double room = m_canvas->toWidget(m_model->document().visibleRect()).right() - box.x();
+        const double wanted = std::min(std::ceil(longest + metrics.averageCharWidth() * 2), room);
+        if (wanted > editor->width()) {
+            editor->resize(int(wanted), editor->height());
+        }
         const double height = editor->document()->size().height() + 4;
         editor->resize(editor->width(), std::max(editor->height(), int(std::ceil(height))));
-        m_model->setEditedText(editor->toPlainText(), height / zoom);
+        m_model->setEditedText(editor->toPlainText(), height / zoom, editor->width() / zoom);
     });
     m_textEditor = editor;
     editor->show();
@@ -255,15 +317,36 @@ void ShotEditorWindow::addImageFromFile()
         this, QStringLiteral("Add Image"), QString(),
         QStringLiteral("Images (*.png *.jpg *.jpeg *.webp *.bmp *.gif)"));
     if (!file.isEmpty()) {
-        addImageFile(file, m_canvas->toDocument(QPointF(0, 0)));
+        addImageFile(file, std::nullopt);
     }
 }
 
-void ShotEditorWindow::addImageFile(const QString& file, QPointF at)
+QPointF ShotEditorWindow::viewCentre() const
+{
+    const QRect shown = m_view->viewport()->rect();
+    const QPointF centre = m_canvas->mapFrom(m_view->viewport(), shown.center());
+    const QRectF visible = m_model->document().visibleRect();
+    // The middle of what is in view, inside the shot.
+    const QPointF point = m_canvas->toDocument(centre);
+    return {std::clamp(point.x(), visible.left(), visible.right()),
+            std::clamp(point.y(), visible.top(), visible.bottom())};
+}
+
+void ShotEditorWindow::addImage(const QImage& image, std::optional<QPointF> at)
+{
+    // Dropped images land where they were dropped; others in the middle of
+    // the view. Either way centred there, on top of the other layers.
+    const QPointF centre = at.value_or(viewCentre());
+    const QSizeF size = QSizeF(image.size()) / m_model->exportScale();
+    reportAddProblem(m_model->addImageLayer(
+        image, centre - QPointF(size.width() / 2, size.height() / 2)));
+}
+
+void ShotEditorWindow::addImageFile(const QString& file, std::optional<QPointF> at)
 {
     QString problem;
     try {
-        problem = m_model->addImageLayer(ShotImageFile::read(file), at);
+        addImage(ShotImageFile::read(file), at);
     } catch (const Error& error) {
         problem = error.message();
     }
@@ -317,9 +400,8 @@ void ShotEditorWindow::paste()
     if (mime->hasFormat(QLatin1String(ShotEditorModel::clipboardType))) {
         m_model->paste(mime->data(QLatin1String(ShotEditorModel::clipboardType)));
     } else if (mime->hasImage()) {
-        // An image from elsewhere becomes a new layer at the top-left of the view.
-        reportAddProblem(m_model->addImageLayer(qvariant_cast<QImage>(mime->imageData()),
-                                                m_canvas->toDocument(QPointF(0, 0))));
+        // An image from elsewhere becomes a new layer in the middle of the view.
+        addImage(qvariant_cast<QImage>(mime->imageData()), std::nullopt);
     }
 }
 
@@ -332,10 +414,10 @@ void ShotEditorWindow::dragEnterEvent(QDragEnterEvent* event)
 
 void ShotEditorWindow::dropEvent(QDropEvent* event)
 {
-    const QPointF at = m_canvas->toDocument(m_canvas->mapFrom(this, event->position().toPoint()));
+    const QPointF at =
+        m_canvas->toDocument(m_canvas->mapFrom(this, event->position().toPoint()));
     if (event->mimeData()->hasImage()) {
-        reportAddProblem(
-            m_model->addImageLayer(qvariant_cast<QImage>(event->mimeData()->imageData()), at));
+        addImage(qvariant_cast<QImage>(event->mimeData()->imageData()), at);
     }
     for (const QUrl& url : event->mimeData()->urls()) {
         if (url.isLocalFile()) {
@@ -384,7 +466,14 @@ void ShotEditorWindow::keyPressEvent(QKeyEvent* event)
             m_model->setActiveTool(ShotToolKind::select);
             return;
         }
-        break;
+        // The first Escape lets go of the selection, the next one closes
+        // (asking first when there are unsaved edits).
+        if (!m_model->selection().isEmpty()) {
+            m_model->select({}, true);
+            return;
+        }
+        close();
+        return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (m_model->cropSession()) {
@@ -406,7 +495,7 @@ bool ShotEditorWindow::isPinned() const
 void ShotEditorWindow::showNotice(const QString& text)
 {
     m_lastNotice = text;
-    statusBar()->showMessage(text, 4000);
+    m_view->showNotice(text); // floats over the view: the canvas keeps its size
 }
 
 void ShotEditorWindow::closeEvent(QCloseEvent* event)

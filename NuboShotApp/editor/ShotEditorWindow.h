@@ -9,11 +9,14 @@
 #include <memory>
 
 class QActionGroup;
+class QScreen;
 class QTextEdit;
 
 namespace nubo {
 
+class ShotCanvasView;
 class ShotOutputActions;
+class ShotZoomControls;
 class ShotPreferences;
 class ShotRenderer;
 
@@ -27,6 +30,11 @@ public:
 
     ShotEditorModel& model() { return *m_model; }
     ShotCanvas& canvas() { return *m_canvas; }
+    ShotCanvasView& view() { return *m_view; }
+    ShotZoomControls& zoomControls() { return *m_zoomControls; }
+    // Sized for the shot at 100 % when that fits in 90 % of the screen's
+    // free area, else that 90 % with the shot fitted; centred on the screen.
+    void placeOnScreen(QScreen* screen);
 
     // Ctrl+C: the selected annotations when there is an explicit selection,
     // else the whole shot.
@@ -46,8 +54,12 @@ public:
     void closeAfterOutput() override { close(); }
     QWidget* outputWindow() override { return this; }
     void addImageFromFile();
-    // An image file as a new layer at a document point; says why not.
-    void addImageFile(const QString& file, QPointF at);
+    // An image file as a new layer centred on a document point (the middle
+    // of the view when absent); says why not.
+    void addImageFile(const QString& file, std::optional<QPointF> at);
+    void addImage(const QImage& image, std::optional<QPointF> at);
+    // The document point in the middle of the view, inside the shot.
+    QPointF viewCentre() const;
     void reportAddProblem(const QString& problem);
     // Samples the shown colour at a document point: on the clipboard as
     // "#RRGGBB", the colour of the tools, and a short notice.
@@ -73,7 +85,10 @@ private:
     bool m_closeWhenIdle = false;
     QString m_lastNotice;
     QTextEdit* m_textEditor = nullptr;
+    QPointF m_editedTextOrigin;
     ShotCanvas* m_canvas = nullptr;
+    ShotCanvasView* m_view = nullptr;
+    ShotZoomControls* m_zoomControls = nullptr;
     QActionGroup* m_tools = nullptr;
 };
 

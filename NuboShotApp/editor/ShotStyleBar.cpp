@@ -1,10 +1,15 @@
 #include "editor/ShotStyleBar.h"
 
+#include "core/Settings.h"
+
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QPainterPath>
 #include <QSpinBox>
 #include <QToolButton>
 
@@ -18,83 +23,237 @@ QList<QColor> ShotStyleBar::palette()
 }
 
 namespace {
-QIcon swatch(const QColor& color)
+
+constexpr int swatchSide = 22;
+
+bool sameColor(const QColor& a, const QColor& b)
 {
-    QPixmap pixmap(16, 16);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor(0, 0, 0, 90));
-    painter.setBrush(color);
-    painter.drawEllipse(QRectF(1, 1, 14, 14));
-    return QIcon(pixmap);
+    return a.rgba() == b.rgba();
 }
+
+// A round swatch; checked, it wears a ring in the highlight colour.
+class SwatchButton : public QToolButton {
+public:
+    SwatchButton(const QColor& color, QWidget* parent) : QToolButton(parent), m_color(color)
+    {
+        setCheckable(true);
+        setFixedSize(swatchSide + 6, swatchSide + 6);
+        setFocusPolicy(Qt::NoFocus);
+        setToolTip(color.alpha() == 255 ? color.name(QColor::HexRgb).toUpper()
+                                        : color.name(QColor::HexArgb).toUpper());
+        setAccessibleName(toolTip());
+    }
+    const QColor& color() const { return m_color; }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QRectF all = QRectF(rect()).adjusted(1, 1, -1, -1);
+        if (isChecked()) {
+            painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawEllipse(all.adjusted(1, 1, -1, -1));
+        } else if (underMouse()) {
+            painter.setPen(QPen(palette().color(QPalette::Mid), 1));
+            painter.drawEllipse(all.adjusted(1, 1, -1, -1));
+        }
+        const QRectF dot = all.adjusted(4, 4, -4, -4);
+        if (m_color.alpha() < 255) { // a checker shows through what is translucent
+            painter.save();
+            QPainterPath clip;
+            clip.addEllipse(dot);
+            painter.setClipPath(clip);
+            painter.fillRect(dot, Qt::white);
+            const double cell = dot.width() / 4;
+            for (int y = 0; y < 4; ++y) {
+                for (int x = (y % 2); x < 4; x += 2) {
+                    painter.fillRect(QRectF(dot.x() + x * cell, dot.y() + y * cell, cell, cell),
+                                     QColor(200, 200, 200));
+                }
+            }
+            painter.restore();
+        }
+        // A hairline keeps white visible on a light bar and black on a dark one.
+        QColor edge = palette().color(QPalette::WindowText);
+        edge.setAlpha(90);
+        painter.setPen(QPen(edge, 1));
+        painter.setBrush(m_color);
+        painter.drawEllipse(dot);
+    }
+
+private:
+    QColor m_color;
+};
+
 } // namespace
 
-ShotStyleBar::ShotStyleBar(ShotEditorModel& model, QWidget* parent)
-    : QToolBar(QStringLiteral("Style"), parent), m_model(model)
+ShotStyleBar::ShotStyleBar(ShotEditorModel& model, ShotPreferences& preferences, QWidget* parent)
+    : QToolBar(QStringLiteral("Style"), parent), m_model(model), m_preferences(preferences)
 {
     setMovable(false);
-    for (const QColor& color : palette()) {
-        QAction* action = addAction(swatch(color), color.name(QColor::HexRgb).toUpper());
-        connect(action, &QAction::triggered, this, [this, color] {
-            change([&](ShotStyle& s) { s.color = ShotColor::fromQColor(color); });
-        });
-    }
-    QAction* custom = addAction(QStringLiteral("Custom\u2026"));
-    connect(custom, &QAction::triggered, this, [this] {
-        const QColor chosen =
-            QColorDialog::getColor(m_model.shownStyle().color.toQColor(), this,
-                                   QStringLiteral("Colour"), QColorDialog::ShowAlphaChannel);
-        if (chosen.isValid()) {
-            change([&](ShotStyle& s) { s.color = ShotColor::fromQColor(chosen); });
-        }
-    });
-    addSeparator();
+    setObjectName(QStringLiteral("styleBar"));
 
-    const auto spin = [this](const QString& label, int minimum, int maximum) {
-        addWidget(new QLabel(label, this));
+    m_swatches = new QWidget(this);
+    auto* swatchLayout = new QHBoxLayout(m_swatches);
+    swatchLayout->setContentsMargins(4, 0, 4, 0);
+    swatchLayout->setSpacing(0);
+    m_swatchGroup = new QButtonGroup(this);
+    m_swatchGroup->setExclusive(false); // the colour in use decides what is checked
+    m_controlActions[colorControl] << addWidget(m_swatches);
+    m_custom = new QToolButton(this);
+    m_custom->setText(QStringLiteral("+"));
+    m_custom->setToolTip(QStringLiteral("Other Colour\u2026"));
+    m_custom->setAccessibleName(QStringLiteral("Other Colour"));
+    m_custom->setFixedSize(swatchSide + 6, swatchSide + 6);
+    m_custom->setAutoRaise(true);
+    m_custom->setFocusPolicy(Qt::NoFocus);
+    connect(m_custom, &QToolButton::clicked, this, &ShotStyleBar::chooseCustomColor);
+    m_controlActions[colorControl] << addWidget(m_custom);
+    m_colorSeparator = addSeparator();
+    rebuildSwatches();
+
+    const auto labelled = [this](unsigned control, const QString& label, QWidget* widget) {
+        auto* text = new QLabel(label, this);
+        text->setContentsMargins(8, 0, 4, 0);
+        text->setBuddy(widget);
+        m_controlActions[control] << addWidget(text) << addWidget(widget);
+    };
+    const auto spin = [this](int minimum, int maximum, const QString& suffix) {
         auto* box = new QSpinBox(this);
         box->setRange(minimum, maximum);
-        addWidget(box);
+        box->setSuffix(suffix);
         return box;
     };
-    m_lineWidth = spin(QStringLiteral("Width"), 1, 40);
+    m_lineWidth = spin(1, 40, QStringLiteral(" pt"));
+    labelled(lineWidthControl, QStringLiteral("&Width"), m_lineWidth);
     connect(m_lineWidth, &QSpinBox::valueChanged, this,
             [this](int value) { change([&](ShotStyle& s) { s.lineWidth = value; }); });
+
     m_arrowSize = new QComboBox(this);
     for (const ArrowSizePreset preset : allCases<ArrowSizePreset>()) {
         m_arrowSize->addItem(toString(preset).toUpper(), int(preset));
     }
-    m_arrowSize->setToolTip(QStringLiteral("Arrow size"));
-    addWidget(m_arrowSize);
+    labelled(arrowSizeControl, QStringLiteral("&Size"), m_arrowSize);
     connect(m_arrowSize, &QComboBox::activated, this, [this](int index) {
         const auto preset = ArrowSizePreset(m_arrowSize->itemData(index).toInt());
         change([&](ShotStyle& s) { s.lineWidth = arrowWidth(preset); });
     });
-    m_fontSize = spin(QStringLiteral("Size"), 6, 200);
+
+    m_fontSize = spin(6, 200, QStringLiteral(" pt"));
+    labelled(fontSizeControl, QStringLiteral("&Size"), m_fontSize);
     connect(m_fontSize, &QSpinBox::valueChanged, this,
             [this](int value) { change([&](ShotStyle& s) { s.fontSize = value; }); });
-    m_outline = new QCheckBox(QStringLiteral("Outline"), this);
-    addWidget(m_outline);
+
+    m_outline = new QCheckBox(QStringLiteral("&Outline"), this);
+    m_controlActions[outlineControl] << addWidget(m_outline);
     connect(m_outline, &QCheckBox::toggled, this,
             [this](bool on) { change([&](ShotStyle& s) { s.textOutline = on; }); });
-    m_strength = spin(QStringLiteral("Strength"), 6, 40);
+
+    m_strength = spin(6, 40, QString());
+    labelled(strengthControl, QStringLiteral("S&trength"), m_strength);
     connect(m_strength, &QSpinBox::valueChanged, this, [this](int value) {
         change([&](ShotStyle& s) { s.strength = ShotStyle::normalizedStrength(value); });
     });
+
     m_emoji = new QComboBox(this);
     for (const char* emoji :
          {"\U0001F600", "\U0001F44D", "\U0001F44E", "\u2764\uFE0F", "\u2705", "\u274C",
           "\u26A0\uFE0F", "\U0001F525", "\U0001F440", "\U0001F389", "\u2753", "\U0001F4A1"}) {
         m_emoji->addItem(QString::fromUtf8(emoji));
     }
-    m_emoji->setToolTip(QStringLiteral("Emoji"));
-    m_emojiAction = addWidget(m_emoji);
+    labelled(emojiControl, QStringLiteral("&Emoji"), m_emoji);
     connect(m_emoji, &QComboBox::textActivated, this,
             [this](const QString& emoji) { m_model.setSelectedEmoji(emoji); });
 
+    // Tools without a style say what they do instead.
+    m_hint = new QLabel(this);
+    m_hint->setContentsMargins(6, 0, 6, 0);
+    m_hint->setEnabled(false);
+    m_controlActions[0] << addWidget(m_hint);
+
     connect(&m_model, &ShotEditorModel::changed, this, &ShotStyleBar::showStyle);
+    showStyle();
+}
+
+QList<QColor> ShotStyleBar::customColors() const
+{
+    QList<QColor> colors;
+    const QString stored = m_preferences.string(keys::customColors).value_or(QString());
+    for (const QString& name : stored.split(u' ', Qt::SkipEmptyParts)) {
+        QColor color = QColor::fromString(name);
+        if (color.isValid() && colors.size() < maximumCustomColors) {
+            colors << color;
+        }
+    }
+    return colors;
+}
+
+QToolButton* ShotStyleBar::addSwatch(const QColor& color)
+{
+    auto* button = new SwatchButton(color, m_swatches);
+    m_swatches->layout()->addWidget(button);
+    m_swatchGroup->addButton(button);
+    connect(button, &QToolButton::clicked, this, [this, color] {
+        change([&](ShotStyle& s) { s.color = ShotColor::fromQColor(color); });
+        showStyle(); // the clicked swatch stays checked even when nothing changed
+    });
+    return button;
+}
+
+void ShotStyleBar::rebuildSwatches()
+{
+    for (QAbstractButton* button : m_swatchGroup->buttons()) {
+        m_swatchGroup->removeButton(button);
+        delete button;
+    }
+    for (const QColor& color : palette()) {
+        addSwatch(color);
+    }
+    for (const QColor& color : customColors()) {
+        addSwatch(color);
+    }
+    m_swatches->adjustSize();
+}
+
+QToolButton* ShotStyleBar::checkedSwatch() const
+{
+    for (QAbstractButton* button : m_swatchGroup->buttons()) {
+        if (button->isChecked()) {
+            return static_cast<QToolButton*>(button);
+        }
+    }
+    return nullptr;
+}
+
+void ShotStyleBar::rememberColor(const QColor& color)
+{
+    for (const QColor& known : palette()) {
+        if (sameColor(known, color)) {
+            return;
+        }
+    }
+    QStringList names{color.name(QColor::HexArgb)};
+    for (const QColor& known : customColors()) {
+        if (!sameColor(known, color) && names.size() < maximumCustomColors) {
+            names << known.name(QColor::HexArgb);
+        }
+    }
+    m_preferences.setValue(keys::customColors, names.join(u' '));
+    rebuildSwatches();
+}
+
+void ShotStyleBar::chooseCustomColor()
+{
+    const QColor chosen =
+        QColorDialog::getColor(m_model.shownStyle().color.toQColor(), this,
+                               QStringLiteral("Colour"), QColorDialog::ShowAlphaChannel);
+    if (!chosen.isValid()) {
+        return;
+    }
+    rememberColor(chosen);
+    change([&](ShotStyle& s) { s.color = ShotColor::fromQColor(chosen); });
     showStyle();
 }
 
@@ -102,12 +261,70 @@ void ShotStyleBar::showStyle()
 {
     m_showing = true;
     const ShotStyle style = m_model.shownStyle();
+    const ShotToolKind tool = m_model.styledTool();
+    const unsigned controls = styleControls(tool);
+    if (controls != m_visible || !m_hint->isVisible() == !controls) {
+        m_visible = controls;
+        for (auto it = m_controlActions.cbegin(); it != m_controlActions.cend(); ++it) {
+            const bool shown = it.key() ? (controls & it.key()) != 0 : controls == 0;
+            for (QAction* action : it.value()) {
+                action->setVisible(shown);
+            }
+        }
+        m_colorSeparator->setVisible(controls & colorControl && controls != colorControl);
+    }
+    switch (tool) {
+    case ShotToolKind::crop:
+        m_hint->setText(QStringLiteral("Drag the frame or its handles; Return crops"));
+        break;
+    case ShotToolKind::colorPicker:
+        m_hint->setText(QStringLiteral("Click to copy a colour and use it for drawing"));
+        break;
+    default:
+        m_hint->setText(QStringLiteral("Click to select, drag to move; Shift adds to the selection"));
+        break;
+    }
+
+    const QColor color = style.color.toQColor();
+    bool shown = false;
+    for (QAbstractButton* button : m_swatchGroup->buttons()) {
+        const bool same = sameColor(static_cast<SwatchButton*>(button)->color(), color);
+        button->setChecked(same && !shown);
+        shown = shown || same;
+    }
+    // A colour that no swatch shows (picked from the shot) is the custom
+    // button's: it wears it.
+    if (shown) {
+        m_custom->setIcon({});
+        m_custom->setText(QStringLiteral("+"));
+    } else {
+        QPixmap dot(swatchSide * 2, swatchSide * 2);
+        dot.setDevicePixelRatio(2);
+        dot.fill(Qt::transparent);
+        QPainter painter(&dot);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(QWidget::palette().color(QPalette::Highlight), 2));
+        painter.setBrush(color);
+        painter.drawEllipse(QRectF(2, 2, swatchSide - 4, swatchSide - 4));
+        painter.end();
+        m_custom->setIcon(QIcon(dot));
+        m_custom->setIconSize(QSize(swatchSide, swatchSide));
+    }
     m_lineWidth->setValue(int(std::lround(style.lineWidth)));
+    // The preset nearest to the width (a width set elsewhere may lie between).
+    int nearest = 0;
+    for (int i = 1; i < m_arrowSize->count(); ++i) {
+        const auto width = [&](int index) {
+            return arrowWidth(ArrowSizePreset(m_arrowSize->itemData(index).toInt()));
+        };
+        if (std::abs(width(i) - style.lineWidth) < std::abs(width(nearest) - style.lineWidth)) {
+            nearest = i;
+        }
+    }
+    m_arrowSize->setCurrentIndex(nearest);
     m_fontSize->setValue(int(std::lround(style.fontSize)));
     m_outline->setChecked(style.textOutline);
     m_strength->setValue(int(std::lround(style.strength)));
-    const ShotToolKind tool = m_model.activeTool();
-    m_emojiAction->setVisible(tool == ShotToolKind::emoji);
     m_showing = false;
 }
 

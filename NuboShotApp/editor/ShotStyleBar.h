@@ -4,34 +4,60 @@
 
 #include <QToolBar>
 
+class QButtonGroup;
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QSpinBox;
+class QToolButton;
 
 namespace nubo {
 
-// Colour, line width, arrow size, font size, text outline and redaction
-// strength of the active tool or of the selection.
+class ShotPreferences;
+
+// The style of the active tool, or of the selection: only the controls that
+// tool uses (colour, line width, arrow size, font size and outline, redaction
+// strength, emoji). The colour in use is the checked swatch; colours chosen
+// beyond the palette are remembered after it.
 class ShotStyleBar : public QToolBar {
     Q_OBJECT
 public:
-    explicit ShotStyleBar(ShotEditorModel& model, QWidget* parent = nullptr);
+    ShotStyleBar(ShotEditorModel& model, ShotPreferences& preferences, QWidget* parent = nullptr);
 
     // The colours offered with one click.
     static QList<QColor> palette();
+    static constexpr int maximumCustomColors = 5;
+    // The remembered colours, newest first.
+    QList<QColor> customColors() const;
+    // The swatch of the colour in use, if one shows it.
+    QToolButton* checkedSwatch() const;
+    // Which controls show now (ShotStyleControl bits).
+    unsigned visibleControls() const { return m_visible; }
 
 private:
     void showStyle();
     void change(const std::function<void(ShotStyle&)>& edit);
+    void chooseCustomColor();
+    void rememberColor(const QColor& color);
+    void rebuildSwatches();
+    QToolButton* addSwatch(const QColor& color);
 
     ShotEditorModel& m_model;
+    ShotPreferences& m_preferences;
+    QWidget* m_swatches = nullptr;
+    QButtonGroup* m_swatchGroup = nullptr;
+    QToolButton* m_custom = nullptr;
     QSpinBox* m_lineWidth = nullptr;
     QComboBox* m_arrowSize = nullptr;
     QSpinBox* m_fontSize = nullptr;
     QCheckBox* m_outline = nullptr;
     QSpinBox* m_strength = nullptr;
     QComboBox* m_emoji = nullptr;
-    QAction* m_emojiAction = nullptr; // a toolbar shows and hides widgets through their actions
+    QLabel* m_hint = nullptr;
+    // A toolbar shows and hides widgets through their actions.
+    QHash<unsigned, QList<QAction*>> m_controlActions;
+    QAction* m_colorSeparator = nullptr;
+    unsigned m_visible = 0;
     bool m_showing = false;
 };
 

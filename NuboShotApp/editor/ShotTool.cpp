@@ -67,6 +67,10 @@ void ShotSelectTool::press(const ShotPointer& pointer)
         }
     } else if (!selection.contains(*hit)) {
         selection = {*hit};
+    } else if (selection.size() > 1) {
+        // Pressed on one of several selected: a drag moves them all, a click
+        // picks this one alone (on release).
+        m_clickPicks = *hit;
     }
     m_model.select(selection, true);
     m_moving = m_model.beginEdit();
@@ -103,6 +107,10 @@ void ShotSelectTool::release(const ShotPointer& pointer)
         m_resizing.reset();
         m_moving = false;
         m_model.commitEdit();
+    }
+    if (const auto picked = std::exchange(m_clickPicks, std::nullopt);
+        picked && !pointer.gesture.moved) {
+        m_model.select({*picked}, true);
     }
 }
 

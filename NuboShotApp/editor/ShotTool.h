@@ -76,6 +76,7 @@ private:
     std::optional<QRectF> m_rubberBand;
     bool m_moving = false;
     QPointF m_last;
+    std::optional<QUuid> m_clickPicks; // a click on one of several selected picks it
 };
 
 // The tools that make annotations by press, drag and release.

@@ -34,8 +34,23 @@ template <> struct EnumNames<ShotToolKind> {
 // shortcut, what it makes of a gesture and how it takes the pointer. These
 // read that table.
 
+// The controls of the style bar a tool uses.
+enum ShotStyleControl : unsigned {
+    colorControl = 1,
+    lineWidthControl = 2,
+    arrowSizeControl = 4,
+    fontSizeControl = 8,
+    outlineControl = 16,
+    strengthControl = 32,
+    emojiControl = 64,
+};
+
 // The text of the tool's button and tooltip.
 QString toolTitle(ShotToolKind tool);
+// The name of the tool's icon (ShotIcons).
+QString toolIconName(ShotToolKind tool);
+// The style bar controls the tool's annotations use (ShotStyleControl bits).
+unsigned styleControls(ShotToolKind tool);
 // The one-letter shortcut that picks the tool.
 QChar toolShortcut(ShotToolKind tool);
 // Tools that make a new annotation by a press, drag and release.

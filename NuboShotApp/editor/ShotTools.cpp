@@ -20,6 +20,8 @@ struct ShotToolDescription {
     ShotToolKind kind;
     const char* title;
     char shortcut;
+    const char* icon;
+    unsigned controls;      // ShotStyleControl bits
     Make make;              // how it takes the pointer
     Create create;          // the annotation a gesture makes; null for tools that make none
     Trigger trigger = {};   // a button that acts at once instead of becoming the mode
@@ -40,57 +42,59 @@ constexpr Make making = plain<ShotMakingTool>;
 
 // In the order of ShotToolKind, which is the order of the toolbar.
 const std::array<ShotToolDescription, enumCount<ShotToolKind>()> tools{{
-    {ShotToolKind::crop, "Crop", 'C', plain<ShotCropTool>, nullptr},
-    {ShotToolKind::addImage, "Add image", 'I', plain<ShotTool>, nullptr,
+    {ShotToolKind::crop, "Crop", 'C', "transform-crop", 0, plain<ShotCropTool>, nullptr},
+    {ShotToolKind::addImage, "Add image", 'I', "insert-image", 0, plain<ShotTool>, nullptr,
      [](const ShotToolContext& context) {
          if (context.addImage) {
              context.addImage();
          }
      }},
-    {ShotToolKind::select, "Select", 'V', plain<ShotSelectTool>, nullptr},
-    {ShotToolKind::rect, "Rectangle", 'R', making,
+    {ShotToolKind::select, "Select", 'V', "edit-select", 0, plain<ShotSelectTool>, nullptr},
+    {ShotToolKind::rect, "Rectangle", 'R', "draw-rectangle", colorControl | lineWidthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return ShapeAnnotation{ShapeVariant::rect, C::dragRect(g)};
      }},
-    {ShotToolKind::filledRect, "Filled rectangle", 'F', making,
+    {ShotToolKind::filledRect, "Filled rectangle", 'F', "nuboshot-filled-rectangle", colorControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return ShapeAnnotation{ShapeVariant::filledRect, C::dragRect(g)};
      }},
-    {ShotToolKind::ellipse, "Ellipse", 'O', making,
+    {ShotToolKind::ellipse, "Ellipse", 'O', "draw-ellipse", colorControl | lineWidthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return ShapeAnnotation{ShapeVariant::ellipse, C::dragRect(g)};
      }},
-    {ShotToolKind::line, "Line", 'L', making,
+    {ShotToolKind::line, "Line", 'L', "draw-line", colorControl | lineWidthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return LineAnnotation{g.start, C::lineEnd(g)};
      }},
-    {ShotToolKind::arrow, "Arrow", 'A', making,
+    {ShotToolKind::arrow, "Arrow", 'A', "draw-arrow", colorControl | arrowSizeControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return ArrowAnnotation{g.start, C::lineEnd(g)};
      }},
-    {ShotToolKind::text, "Text", 'T', making,
+    {ShotToolKind::text, "Text", 'T', "insert-text", colorControl | fontSizeControl | outlineControl, making,
      [](Gesture g, double size, const QString&) -> std::optional<AnnotationKind> {
          return TextAnnotation{{QString(), C::textBox(g, size)}};
      }},
-    {ShotToolKind::blur, "Blur / Censor", 'B', making,
+    {ShotToolKind::blur, "Blur / Censor", 'B', "nuboshot-pixelate", strengthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return RedactAnnotation{C::dragRect(g)};
      }},
-    {ShotToolKind::number, "Number", 'N', making,
+    {ShotToolKind::number, "Number", 'N', "nuboshot-counter", colorControl | fontSizeControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return CounterAnnotation{g.start};
      }},
-    {ShotToolKind::draw, "Draw", 'D', making,
+    {ShotToolKind::draw, "Draw", 'D', "draw-freehand", colorControl | lineWidthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          // A stroke starts with the press point, and the current point on a drag.
          return PenAnnotation{g.moved ? QList<QPointF>{g.start, g.current}
                                       : QList<QPointF>{g.start}};
      }},
-    {ShotToolKind::emoji, "Emoji", 'E', making,
+    {ShotToolKind::emoji, "Emoji", 'E', "face-smile", emojiControl | fontSizeControl, making,
      [](Gesture g, double size, const QString& emoji) -> std::optional<AnnotationKind> {
-         return EmojiAnnotation{emoji, C::emojiRect(g.start, size)};
+         // A click places it at the tool's size; a drag sizes it.
+         return EmojiAnnotation{emoji, g.moved ? C::emojiDragRect(g, size)
+                                               : C::emojiRect(g.start, size)};
      }},
-    {ShotToolKind::colorPicker, "Pick color", 'P', picker, nullptr},
+    {ShotToolKind::colorPicker, "Pick color", 'P', "color-picker", 0, picker, nullptr},
 }};
 
 const ShotToolDescription& describe(ShotToolKind kind)
@@ -105,6 +109,16 @@ const ShotToolDescription& describe(ShotToolKind kind)
 QString toolTitle(ShotToolKind tool)
 {
     return QString::fromUtf8(describe(tool).title);
+}
+
+QString toolIconName(ShotToolKind tool)
+{
+    return QString::fromLatin1(describe(tool).icon);
+}
+
+unsigned styleControls(ShotToolKind tool)
+{
+    return describe(tool).controls;
 }
 
 QChar toolShortcut(ShotToolKind tool)

@@ -1,49 +1,56 @@
 #include "editor/ShotZoomControls.h"
 
 #include "editor/ShotCanvas.h"
+#include "editor/ShotCanvasView.h"
+#include "style/ShotIcons.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QToolButton>
 
 #include <functional>
 
 namespace nubo {
 
-ShotZoomControls::ShotZoomControls(ShotCanvas& canvas, QWidget* parent)
-    : QWidget(parent), m_canvas(canvas)
+ShotZoomControls::ShotZoomControls(ShotCanvasView& view, QWidget* parent)
+    : QWidget(parent), m_view(view)
 {
     auto* layout = new QHBoxLayout(this);
-    layout->setContentsMargins(0, 0, 8, 0);
-    const auto button = [this, layout](const QString& title, const QString& help,
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    const auto button = [this, layout](const QString& icon, const QString& help,
                                        std::function<void()> action) {
         auto* b = new QToolButton(this);
-        b->setText(title);
+        if (!icon.isEmpty()) {
+            b->setIcon(ShotIcons::icon(icon));
+        }
         b->setToolTip(help);
+        b->setAccessibleName(help.section(QStringLiteral(" ("), 0, 0));
+        b->setAutoRaise(true);
         b->setFocusPolicy(Qt::NoFocus);
         connect(b, &QToolButton::clicked, this, [this, action] {
             action();
             update();
         });
         layout->addWidget(b);
+        return b;
     };
-    button(QStringLiteral("\u2212"), QStringLiteral("Zoom Out (Ctrl+-)"),
-           [this] { m_canvas.setZoom(m_canvas.zoom() / 1.25); });
-    m_zoom = new QLabel(this);
-    m_zoom->setMinimumWidth(48);
-    m_zoom->setAlignment(Qt::AlignCenter);
-    layout->addWidget(m_zoom);
-    button(QStringLiteral("+"), QStringLiteral("Zoom In (Ctrl++)"),
-           [this] { m_canvas.setZoom(m_canvas.zoom() * 1.25); });
-    button(QStringLiteral("Fit"), QStringLiteral("Fit in Window (Ctrl+9)"),
-           [this] { m_canvas.setFitsWindow(true); });
-    connect(&m_canvas, &ShotCanvas::zoomChanged, this, &ShotZoomControls::update);
+    button(QStringLiteral("zoom-out"), QStringLiteral("Zoom Out (Ctrl+-)"),
+           [this] { m_view.zoomOut(); });
+    m_zoom = button({}, QStringLiteral("Actual Size (Ctrl+0)"), [this] { m_view.zoomTo(1); });
+    m_zoom->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("1600 %")) + 12);
+    button(QStringLiteral("zoom-in"), QStringLiteral("Zoom In (Ctrl++)"),
+           [this] { m_view.zoomIn(); });
+    m_fit = button(QStringLiteral("zoom-fit-best"), QStringLiteral("Fit in Window (Ctrl+9)"),
+                   [this] { m_view.fitToView(); });
+    m_fit->setCheckable(true);
+    connect(&m_view.canvas(), &ShotCanvas::zoomChanged, this, &ShotZoomControls::update);
     update();
 }
 
 void ShotZoomControls::update()
 {
-    m_zoom->setText(QStringLiteral("%1%").arg(qRound(m_canvas.zoom() * 100)));
+    m_zoom->setText(QStringLiteral("%1 %").arg(qRound(m_view.canvas().zoom() * 100)));
+    m_fit->setChecked(m_view.canvas().fitsWindow());
 }
 
 } // namespace nubo

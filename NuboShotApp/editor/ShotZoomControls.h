@@ -2,23 +2,27 @@
 
 #include <QWidget>
 
-class QLabel;
+class QToolButton;
 
 namespace nubo {
 
-class ShotCanvas;
+class ShotCanvasView;
 
-// The editor's zoom: out, the zoom in percent, in, and fit in the window.
+// The editor's zoom: out, the zoom in percent (a click gives 100 %), in, and
+// fit in the window.
 class ShotZoomControls : public QWidget {
     Q_OBJECT
 public:
-    explicit ShotZoomControls(ShotCanvas& canvas, QWidget* parent = nullptr);
+    explicit ShotZoomControls(ShotCanvasView& view, QWidget* parent = nullptr);
+
+    QToolButton* percentButton() const { return m_zoom; }
 
 private:
     void update();
 
-    ShotCanvas& m_canvas;
-    QLabel* m_zoom = nullptr;
+    ShotCanvasView& m_view;
+    QToolButton* m_zoom = nullptr;
+    QToolButton* m_fit = nullptr;
 };
 
 } // namespace nubo

@@ -1,5 +1,7 @@
 #include "output/ShotBottomBar.h"
 
+#include "style/ShotIcons.h"
+
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QMouseEvent>
@@ -10,14 +12,12 @@ namespace nubo {
 
 ShotDragHandle::ShotDragHandle(QWidget* parent) : QLabel(QStringLiteral("Drag Me"), parent)
 {
-    QFont font = this->font();
-    font.setPointSize(12);
-    font.setWeight(QFont::Medium);
-    setFont(font);
+    // The buttons' font and height, a handle's frame and cursor.
     setToolTip(QStringLiteral("Drag PNG \u00b7 Hold Alt at drop to keep open"));
     setCursor(Qt::OpenHandCursor);
-    setFrameStyle(QFrame::StyledPanel);
-    setMargin(4);
+    setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    setAlignment(Qt::AlignCenter);
+    setContentsMargins(10, 0, 10, 0);
 }
 
 void ShotDragHandle::mousePressEvent(QMouseEvent* event)
@@ -44,8 +44,9 @@ ShotBottomBar::ShotBottomBar(QWidget* parent) : QWidget(parent)
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 4, 8, 4);
 
-    const auto button = [this, layout](const QString& title, const QString& help, auto signal) {
-        auto* b = new QPushButton(title, this);
+    const auto button = [this, layout](const QString& icon, const QString& title,
+                                       const QString& help, auto signal) {
+        auto* b = new QPushButton(ShotIcons::icon(icon), title, this);
         b->setToolTip(help);
         b->setFocusPolicy(Qt::NoFocus);
         connect(b, &QPushButton::clicked, this, signal);
@@ -53,24 +54,28 @@ ShotBottomBar::ShotBottomBar(QWidget* parent) : QWidget(parent)
         return b;
     };
     m_copy =
-        button(QStringLiteral("Copy"), QStringLiteral("Copy (Ctrl+C) \u00b7 Hold Alt to keep open"),
+        button(QStringLiteral("edit-copy"), QStringLiteral("Copy"), QStringLiteral("Copy (Ctrl+C) \u00b7 Hold Alt to keep open"),
                &ShotBottomBar::copyRequested);
     m_save = button(
-        QStringLiteral("Save"),
+        QStringLiteral("document-save"), QStringLiteral("Save"),
         QStringLiteral("Save to the quick-save folder (Ctrl+S) \u00b7 Hold Alt to keep open"),
         &ShotBottomBar::quickSaveRequested);
-    m_saveAs = button(QStringLiteral("Save As\u2026"), QStringLiteral("Save As (Ctrl+Shift+S)"),
+    m_saveAs = button(QStringLiteral("document-save-as"), QStringLiteral("Save As\u2026"), QStringLiteral("Save As (Ctrl+Shift+S)"),
                       &ShotBottomBar::saveAsRequested);
     m_drag = new ShotDragHandle(this);
     connect(m_drag, &ShotDragHandle::dragStarted, this, &ShotBottomBar::dragRequested);
+    m_drag->setMinimumHeight(m_copy->sizeHint().height());
     layout->addWidget(m_drag);
-    m_share = button(QStringLiteral("Share\u2026"),
+    m_share = button(QStringLiteral("document-send"), QStringLiteral("Share\u2026"),
                      QStringLiteral("Open the shot with another application"),
                      &ShotBottomBar::shareRequested);
     layout->addStretch(1);
 
     m_pin = new QToolButton(this);
     m_pin->setText(QStringLiteral("Pin"));
+    m_pin->setIcon(ShotIcons::icon(QStringLiteral("nuboshot-pin")));
+    m_pin->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_pin->setAutoRaise(true);
     m_pin->setCheckable(true);
     m_pin->setFocusPolicy(Qt::NoFocus);
     m_pin->setToolTip(QStringLiteral("Keep this editor open after copying, saving or dragging"));

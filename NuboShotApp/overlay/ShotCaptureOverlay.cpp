@@ -98,17 +98,19 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     QFont font = painter.font();
     font.setPixelSize(13);
+    font.setWeight(QFont::DemiBold);
     painter.setFont(font);
     const auto label = [&](const QRectF& near, const QString& text) {
-        const QRectF box = painter.fontMetrics().boundingRect(text).adjusted(-6, -3, 6, 3);
+        const QRectF box = painter.fontMetrics().boundingRect(text).adjusted(-8, -4, 8, 4);
         QPointF at(near.left(), near.top() - box.height() - 4);
         if (at.y() < 0) {
             at.setY(near.bottom() + 4);
         }
         const QRectF placed(at, box.size());
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(QColor(20, 20, 20, 200));
-        painter.drawRoundedRect(placed, 4, 4);
+        // Dark glass with a faint light rim: readable on white and on black.
+        painter.setPen(QPen(QColor(255, 255, 255, 70), 1));
+        painter.setBrush(QColor(20, 20, 20, 215));
+        painter.drawRoundedRect(placed.adjusted(0.5, 0.5, -0.5, -0.5), 5, 5);
         painter.setPen(Qt::white);
         painter.drawText(placed, Qt::AlignCenter, text);
     };
@@ -162,12 +164,24 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
         painter.fillRect(lens, Qt::black);
         painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
         painter.drawImage(lens, m_display.image, source);
-        painter.setPen(QPen(QColor(255, 255, 255, 200), 1));
+        // A crosshair along the middle row and column, and the middle pixel
+        // ringed in black and white: both show on any colour.
+        const QRectF middle(at + QPointF(radius * zoom, radius * zoom), QSizeF(zoom, zoom));
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(80, 160, 255, 70));
+        painter.drawRect(QRectF(lens.left(), middle.top(), lens.width(), zoom));
+        painter.drawRect(QRectF(middle.left(), lens.top(), zoom, lens.height()));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(QRectF(at + QPointF(radius * zoom, radius * zoom), QSizeF(zoom, zoom)));
+        painter.setPen(QPen(Qt::black, 1));
+        painter.drawRect(middle.adjusted(-0.5, -0.5, 0.5, 0.5));
+        painter.setPen(QPen(Qt::white, 1));
+        painter.drawRect(middle.adjusted(0.5, 0.5, -0.5, -0.5));
         painter.restore();
-        painter.setPen(QPen(QColor(255, 255, 255, 220), 2));
+        // The rim: dark outside, light inside, so the lens stands out on white.
         painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(QColor(0, 0, 0, 160), 4));
+        painter.drawEllipse(lens.adjusted(-1.5, -1.5, 1.5, 1.5));
+        painter.setPen(QPen(Qt::white, 2));
         painter.drawEllipse(lens);
         const QColor pixel =
             m_display.image.rect().contains(centre) ? m_display.image.pixelColor(centre) : QColor();

@@ -44,6 +44,15 @@ ShotGlobalShortcuts::ShotGlobalShortcuts(std::unique_ptr<GlobalShortcuts> shortc
         }
     };
     m_problems = m_shortcuts->bind(bindings);
+    for (const GlobalShortcutBinding& binding : std::as_const(bindings)) {
+        const QString text = binding.keys.toString(QKeySequence::PortableText);
+        const bool failed = std::any_of(m_problems.cbegin(), m_problems.cend(), [&](const QString& p) {
+            return p.contains(QLatin1Char(' ') + text + QLatin1Char(' '));
+        });
+        if (!binding.keys.isEmpty() && !failed) {
+            m_bound.insert(*fromString<CaptureMode>(binding.id), binding.keys);
+        }
+    }
 }
 
 ShotGlobalShortcuts::~ShotGlobalShortcuts() = default;

@@ -2,6 +2,8 @@
 
 #include "capture/CaptureTypes.h"
 
+#include <QHash>
+#include <QKeySequence>
 #include <QStringList>
 
 #include <functional>
@@ -25,12 +27,16 @@ public:
     ~ShotGlobalShortcuts();
 
     static QString defaultShortcut(CaptureMode mode);
+    // The keys that capture in a mode now; empty when it has none (switched
+    // off, or they could not be had).
+    QKeySequence shortcut(CaptureMode mode) const { return m_bound.value(mode); }
     // The shortcuts that could not be had, with the reason, in words.
     const QStringList& problems() const { return m_problems; }
 
 private:
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
     QStringList m_problems;
+    QHash<CaptureMode, QKeySequence> m_bound;
 };
 
 } // namespace nubo

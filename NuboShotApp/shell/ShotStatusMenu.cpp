@@ -1,5 +1,7 @@
 #include "shell/ShotStatusMenu.h"
 
+#include "style/ShotIcons.h"
+
 
 namespace nubo {
 
@@ -25,23 +27,49 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
         if (mode == CaptureMode::scrolling) {
             continue; // offered once its session exists
         }
-        QAction* item = m_menu.addAction(captureTitle(mode));
+        const QString icon = mode == CaptureMode::area     ? QStringLiteral("nuboshot-capture-area")
+                             : mode == CaptureMode::window ? QStringLiteral("nuboshot-capture-window")
+                                                           : QStringLiteral("video-display");
+        QAction* item = m_menu.addAction(ShotIcons::icon(icon), captureTitle(mode));
         item->setData(toString(mode));
         // Modes that need parts not built yet are shown but cannot be chosen.
         item->setEnabled(!m_actions.isOffered || m_actions.isOffered(mode));
         connect(item, &QAction::triggered, this, [this, mode] { m_actions.capture(mode); });
     }
     m_menu.addSeparator();
-    QAction* open = m_menu.addAction(QStringLiteral("Open Image in Nubo Shot\u2026"));
+    QAction* open = m_menu.addAction(ShotIcons::icon(QStringLiteral("document-open")),
+                                     QStringLiteral("Open Image in Nubo Shot\u2026"));
     open->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
     connect(open, &QAction::triggered, this, [this] { m_actions.openImage(); });
     m_menu.addSeparator();
-    QAction* settings = m_menu.addAction(QStringLiteral("Settings\u2026"));
+    QAction* settings = m_menu.addAction(ShotIcons::icon(QStringLiteral("preferences-system")),
+                                         QStringLiteral("Settings\u2026"));
     connect(settings, &QAction::triggered, this, [this] { m_actions.settings(); });
     m_menu.addSeparator();
-    QAction* quit = m_menu.addAction(QStringLiteral("Quit Nubo Shot"));
+    QAction* quit = m_menu.addAction(ShotIcons::icon(QStringLiteral("application-exit")),
+                                     QStringLiteral("Quit Nubo Shot"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, this, [this] { m_actions.quit(); });
+}
+
+QAction* ShotStatusMenu::captureItem(CaptureMode mode) const
+{
+    for (QAction* action : m_menu.actions()) {
+        if (action->data().toString() == toString(mode)) {
+            return action;
+        }
+    }
+    return nullptr;
+}
+
+void ShotStatusMenu::setCaptureShortcut(CaptureMode mode, const QKeySequence& keys)
+{
+    if (QAction* item = captureItem(mode)) {
+        // Shown in the menu; the keys themselves are the desktop-wide grab's.
+        item->setShortcut(keys);
+        item->setShortcutContext(Qt::WidgetShortcut);
+        item->setShortcutVisibleInContextMenu(true);
+    }
 }
 
 } // namespace nubo

@@ -27,6 +27,9 @@ public:
     ShotStatusMenu(Actions actions, QObject* parent = nullptr);
 
     QMenu& menu() { return m_menu; }
+    // Shows the global shortcut of a capture item beside its title.
+    void setCaptureShortcut(CaptureMode mode, const QKeySequence& keys);
+    QAction* captureItem(CaptureMode mode) const;
     static QString captureTitle(CaptureMode mode);
 
 private:

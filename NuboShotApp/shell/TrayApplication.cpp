@@ -17,6 +17,7 @@
 #include <QDBusConnectionInterface>
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QCursor>
 #include <QScreen>
 #include <QUrl>
 
@@ -136,6 +137,17 @@ TrayApplication::Start TrayApplication::start()
     }
     m_shortcuts = std::make_unique<ShotGlobalShortcuts>(
         std::move(keys), *m_preferences, [this](CaptureMode mode) { m_feature->capture(mode); });
+    for (const CaptureMode mode : allCases<CaptureMode>()) {
+        m_menu->setCaptureShortcut(mode, m_shortcuts->shortcut(mode));
+    }
+    // A left click opens the same menu as a right click: every capture is
+    // one more click away, and nothing starts by accident.
+    connect(&m_tray, &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger) {
+                    m_menu->menu().popup(QCursor::pos());
+                }
+            });
     if (!m_shortcuts->problems().isEmpty()) {
         // Told once, in the tray's own bubble; the rest of the program works as before.
         m_tray.showMessage(QStringLiteral("Nubo Shot"),

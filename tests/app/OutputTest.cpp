@@ -387,7 +387,7 @@ TEST_F(Output, DragsCopiesToAnotherProgramAndClosesOnceAccepted)
     QDir().mkpath(dropped);
     QProcess target;
     target.start(QStringLiteral(NUBOSHOT_DROP_TARGET),
-                 {dropped, QStringLiteral("--geometry"), QStringLiteral("300x200+1300+200")});
+                 {dropped, QStringLiteral("--geometry"), QStringLiteral("280x200+1620+200")});
     const QDeadlineTimer ready(10000);
     while (!target.canReadLine() && !ready.hasExpired()) {
         target.waitForReadyRead(50);
@@ -412,12 +412,12 @@ TEST_F(Output, DragsCopiesToAnotherProgramAndClosesOnceAccepted)
                                         "sleep",
                                         "0.3",
                                         "mousemove",
-                                        "1400",
+                                        "1720",
                                         "300",
                                         "sleep",
                                         "0.3",
                                         "mousemove",
-                                        "1450",
+                                        "1760",
                                         "300",
                                         "sleep",
                                         "0.3",

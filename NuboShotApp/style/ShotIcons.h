@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QCursor>
+#include <QIcon>
+#include <QString>
+#include <QStringList>
+
+namespace nubo {
+
+// The program's own icons: SVG drawn on one 24-point grid with one line
+// weight, named after the desktop's standard icon names where such a name
+// exists ("edit-copy", "zoom-in") and "nuboshot-…" otherwise. They are drawn
+// in the palette's text colour, so a dark theme gets light icons and a light
+// theme dark ones, and an icon in its "on" state (the active tool) takes the
+// highlighted text colour. Rendered at the screen's pixel ratio: crisp at 1×
+// and at 2×.
+class ShotIcons {
+public:
+    static QIcon icon(const QString& name);
+    // A pointer drawn from an icon, black with a white halo so that it shows
+    // on any picture; `hotSpot` in the icon's 24-point grid.
+    static QCursor cursor(const QString& name, QPointF hotSpot);
+    // Every icon we ship.
+    static QStringList names();
+};
+
+} // namespace nubo
