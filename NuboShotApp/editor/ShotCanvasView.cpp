@@ -185,7 +185,10 @@ bool ShotCanvasView::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Wheel:
-        return wheel(static_cast<QWheelEvent*>(event));
+        if (wheel(static_cast<QWheelEvent*>(event))) {
+            return true;
+        }
+        break;
     case QEvent::KeyPress:
     case QEvent::KeyRelease: {
         const auto* key = static_cast<QKeyEvent*>(event);
@@ -198,7 +201,7 @@ bool ShotCanvasView::eventFilter(QObject* watched, QEvent* event)
             }
             return true;
         }
-        return false;
+        break;
     }
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonDblClick: {
@@ -206,7 +209,7 @@ bool ShotCanvasView::eventFilter(QObject* watched, QEvent* event)
         const bool pans = mouse->button() == Qt::MiddleButton ||
                           (mouse->button() == Qt::LeftButton && m_spaceHeld);
         if (!pans) {
-            return false;
+            break;
         }
         m_panning = true;
         m_panFrom = mouse->globalPosition().toPoint();
@@ -216,7 +219,7 @@ bool ShotCanvasView::eventFilter(QObject* watched, QEvent* event)
     }
     case QEvent::MouseMove: {
         if (!m_panning) {
-            return false;
+            break;
         }
         const QPoint moved = static_cast<QMouseEvent*>(event)->globalPosition().toPoint() - m_panFrom;
         horizontalScrollBar()->setValue(m_scrollFrom.x() - moved.x());
@@ -225,7 +228,7 @@ bool ShotCanvasView::eventFilter(QObject* watched, QEvent* event)
     }
     case QEvent::MouseButtonRelease: {
         if (!m_panning) {
-            return false;
+            break;
         }
         m_panning = false;
         m_canvas->setCursorOverride(m_spaceHeld ? std::optional(Qt::OpenHandCursor)
@@ -237,10 +240,12 @@ bool ShotCanvasView::eventFilter(QObject* watched, QEvent* event)
             m_spaceHeld = false; // the release went elsewhere
             m_canvas->setCursorOverride(std::nullopt);
         }
-        return false;
+        break;
     default:
-        return false;
+        break;
     }
+    // The scroll area follows the canvas's size through its own filter.
+    return QScrollArea::eventFilter(watched, event);
 }
 
 } // namespace nubo

@@ -45,34 +45,51 @@ ShotSaveDialog::ShotSaveDialog(QFileDialog& dialog, const ShotSaveOptions& initi
     dialog.setNameFilters(filters);
     dialog.selectNameFilter(ShotSaveOptions::nameFilter(initial.format));
 
-    // The options sit under the file list of Qt's own dialog.
+    // The options sit under "File name" and "Files of type" in Qt's own
+    // dialog, their labels and fields in the same two columns.
     auto* grid = qobject_cast<QGridLayout*>(dialog.layout());
-    auto* panel = new QWidget(&dialog);
-    auto* form = new QFormLayout(panel);
-    form->setContentsMargins(0, 0, 0, 0);
-    auto* quality = new QSlider(Qt::Horizontal, panel);
+    auto* quality = new QSlider(Qt::Horizontal, &dialog);
     quality->setObjectName(QStringLiteral("quality"));
     quality->setRange(0, 100);
     quality->setValue(qRound(initial.quality * 100));
-    auto* scale = new QComboBox(panel);
+    auto* scale = new QComboBox(&dialog);
     scale->setObjectName(QStringLiteral("scale"));
     scale->addItem(QStringLiteral("1\u00d7"), 1.0);
     scale->addItem(QStringLiteral("2\u00d7"), 2.0);
     scale->setCurrentIndex(initial.scale >= 2 ? 1 : 0);
-    auto* qualityRow = new QHBoxLayout;
-    auto* percent = new QLabel(panel);
-    percent->setMinimumWidth(40);
+    auto* qualityRow = new QWidget(&dialog);
+    auto* qualityLayout = new QHBoxLayout(qualityRow);
+    qualityLayout->setContentsMargins(0, 0, 0, 0);
+    auto* percent = new QLabel(qualityRow);
+    percent->setMinimumWidth(48);
     percent->setText(QStringLiteral("%1 %").arg(quality->value()));
-    qualityRow->addWidget(quality, 1);
-    qualityRow->addWidget(percent);
-    form->addRow(QStringLiteral("Quality:"), qualityRow);
-    form->addRow(QStringLiteral("Scale:"), scale);
+    qualityLayout->addWidget(quality, 1);
+    qualityLayout->addWidget(percent);
+    auto* qualityLabel = new QLabel(QStringLiteral("&Quality:"), &dialog);
+    qualityLabel->setBuddy(quality);
+    auto* scaleLabel = new QLabel(QStringLiteral("S&cale:"), &dialog);
+    scaleLabel->setBuddy(scale);
+    auto* scaleRow = new QWidget(&dialog);
+    auto* scaleLayout = new QHBoxLayout(scaleRow);
+    scaleLayout->setContentsMargins(0, 0, 0, 0);
+    scaleLayout->addWidget(scale);
+    scaleLayout->addStretch(1);
     if (grid) {
-        grid->addWidget(panel, grid->rowCount(), 0, 1, grid->columnCount());
+        // Qt's dialog puts its labels in column 0 and its fields from column 1.
+        const int span = std::max(1, grid->columnCount() - 1);
+        int row = grid->rowCount();
+        grid->addWidget(qualityLabel, row, 0);
+        grid->addWidget(qualityRow, row, 1, 1, span);
+        ++row;
+        grid->addWidget(scaleLabel, row, 0);
+        grid->addWidget(scaleRow, row, 1, 1, span);
     }
+    // Room for the list's name, size, type and date columns.
+    dialog.resize(dialog.sizeHint().expandedTo(QSize(900, 560)));
     // Quality means something only for lossy formats: the row is there for them alone.
-    const auto showQuality = [form, qualityRow](ShotFormat format) {
-        form->setRowVisible(qualityRow, ShotSaveOptions::isLossy(format));
+    const auto showQuality = [qualityLabel, qualityRow](ShotFormat format) {
+        qualityLabel->setVisible(ShotSaveOptions::isLossy(format));
+        qualityRow->setVisible(ShotSaveOptions::isLossy(format));
     };
     showQuality(initial.format);
 

@@ -374,10 +374,20 @@ TEST_F(Tray, TheOverlayTakesExactlyTheFramedPixels)
             .value(0);
     ASSERT_FALSE(editor.isEmpty());
     xdotool({"windowactivate", "--sync", editor});
-    const QString canvasTop = QString::number(70); // below the two tool rows
-    xdotool({"mousemove", "--window", editor, "10", canvasTop, "mousedown", "1", "mousemove",
-             "--window", editor, "50", "100", "mousemove", "--window", editor, "90", "140",
-             "mouseup", "1"});
+    // The shot sits in the middle of the editor: an arrow across its middle.
+    const QString geometry =
+        run(QStringLiteral("xdotool"), {"getwindowgeometry", "--shell", editor});
+    const auto value = [&](const char* key) {
+        const auto match =
+            QRegularExpression(QString::fromLatin1(key) + QStringLiteral("=(\\d+)")).match(geometry);
+        return match.hasMatch() ? match.captured(1).toInt() : 0;
+    };
+    const int mx = value("WIDTH") / 2, my = value("HEIGHT") / 2;
+    ASSERT_GT(mx, 0) << geometry.toStdString();
+    xdotool({"mousemove", "--window", editor, QString::number(mx - 35), QString::number(my - 15),
+             "mousedown", "1", "mousemove", "--window", editor, QString::number(mx),
+             QString::number(my), "mousemove", "--window", editor, QString::number(mx + 35),
+             QString::number(my + 15), "mouseup", "1"});
     QThread::msleep(200);
     xdotool({"key", "alt+F4"});
     ASSERT_TRUE(waitUntil([&] { return !shown(QStringLiteral("100 \u00d7 80")); }));
