@@ -15,9 +15,12 @@ ShotDragHandle::ShotDragHandle(QWidget* parent) : QLabel(QStringLiteral("Drag Me
     // The buttons' font and height, a handle's frame and cursor.
     setToolTip(QStringLiteral("Drag PNG \u00b7 Hold Alt at drop to keep open"));
     setCursor(Qt::OpenHandCursor);
-    setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
+    // A dashed outline: something to pick up, not a button to press.
+    setObjectName(QStringLiteral("dragHandle"));
+    setStyleSheet(QStringLiteral("QLabel#dragHandle { border: 1px dashed palette(dark);"
+                                 " border-radius: 4px; padding: 0 12px; }"
+                                 "QLabel#dragHandle:hover { background: palette(midlight); }"));
     setAlignment(Qt::AlignCenter);
-    setContentsMargins(10, 0, 10, 0);
 }
 
 void ShotDragHandle::mousePressEvent(QMouseEvent* event)

@@ -172,10 +172,12 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
         painter.drawRect(QRectF(lens.left(), middle.top(), lens.width(), zoom));
         painter.drawRect(QRectF(middle.left(), lens.top(), zoom, lens.height()));
         painter.setBrush(Qt::NoBrush);
+        painter.setRenderHint(QPainter::Antialiasing, false); // crisp one-pixel lines
+        const QRect cell = middle.toRect();
         painter.setPen(QPen(Qt::black, 1));
-        painter.drawRect(middle.adjusted(-0.5, -0.5, 0.5, 0.5));
+        painter.drawRect(cell.adjusted(-1, -1, 0, 0));
         painter.setPen(QPen(Qt::white, 1));
-        painter.drawRect(middle.adjusted(0.5, 0.5, -0.5, -0.5));
+        painter.drawRect(cell.adjusted(0, 0, -1, -1));
         painter.restore();
         // The rim: dark outside, light inside, so the lens stands out on white.
         painter.setBrush(Qt::NoBrush);

@@ -45,17 +45,19 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
         const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
-        painter->drawPixmap(rect, scaledPixmap(rect.size(), mode, state, ratio));
+        painter->drawPixmap(rect, scaledPixmap(rect.size() * ratio, mode, state, ratio));
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
     {
         return scaledPixmap(size, mode, state, 1.0);
     }
+    // `size` is in device pixels already (as QIcon::pixmap asks for it); the
+    // pixmap takes `scale` as its pixel ratio.
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state,
                          qreal scale) override
     {
         const QColor color = colorFor(mode, state);
-        const QSize pixels = (QSizeF(size) * scale).toSize();
+        const QSize pixels = size;
         const QString cacheKey = QStringLiteral("%1x%2 %3")
                                      .arg(pixels.width())
                                      .arg(pixels.height())

@@ -4,11 +4,15 @@
 #include "support/LiveProcess.h"
 #include "support/ArchiveFixtures.h"
 #include "support/QtPrinters.h"
+#include "support/RenderFixtures.h"
 
 #include <QAction>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QtMath>
+
+#include <cmath>
 
 #include <gtest/gtest.h>
 
@@ -137,6 +141,45 @@ TEST_F(OverlayFraming, AnAreaIsWhatTheCommandLineFramesForItsRectangle)
     EXPECT_EQ(*framed, commandLine(dragged));
     EXPECT_EQ(captureRegion(*framed, {m_display.space}),
               captureRegion(commandLine(dragged), {m_display.space}));
+}
+
+// Over a white screen the magnifier still stands out (a dark rim around a
+// light one), marks the middle pixel, and the size label stays readable.
+TEST_F(OverlayFraming, TheMagnifierShowsOnWhite)
+{
+    m_display.image.fill(Qt::white);
+    m_overlay.present({m_display}, {m_window}, CaptureMode::area);
+    const QDeadlineTimer shown(5000);
+    while ((m_overlay.overlays().isEmpty() || !m_overlay.overlays().first()->isVisible()) &&
+           !shown.hasExpired()) {
+        test::settle(20);
+    }
+    ASSERT_FALSE(m_overlay.overlays().isEmpty());
+    QWidget* overlay = m_overlay.overlays().first();
+    test::xdotool({"mousemove", "400", "300", "mousedown", "1", "mousemove", "500", "380",
+                   "mousemove", "600", "420"});
+    test::settle(200);
+    const QImage seen = overlay->grab().toImage();
+    const double ratio = overlay->devicePixelRatioF();
+    const QPointF pointer = overlay->mapFromGlobal(QPoint(600, 420));
+    test::xdotool({"mouseup", "1", "key", "Escape"}); // the overlay goes
+    test::saveArtifact(seen, QStringLiteral("overlay-magnifier-white.png"));
+    // The lens lies right of and below the pointer: count dark rim pixels
+    // on a ring around it, and find the middle pixel's black mark.
+    const QRectF lens(pointer + QPointF(24, 24), QSizeF(110, 110));
+    int dark = 0, samples = 0;
+    for (int degree = 0; degree < 360; degree += 10) {
+        const double a = qDegreesToRadians(double(degree));
+        const QPointF rim = lens.center() + QPointF(std::cos(a), std::sin(a)) * (lens.width() / 2 + 2);
+        const QColor c = seen.pixelColor((rim * ratio).toPoint());
+        dark += c.lightness() < 128;
+        ++samples;
+    }
+    EXPECT_GT(dark, samples * 3 / 4) << "the rim does not stand out on white";
+    // The middle cell is ringed: black just outside it, white just inside.
+    const QPointF middle = lens.topLeft() + QPointF(5 * 10, 5 * 10);
+    EXPECT_LT(seen.pixelColor(((middle + QPointF(-1, 5)) * ratio).toPoint()).lightness(), 60)
+        << "the middle pixel is not marked";
 }
 
 TEST_F(OverlayFraming, AWindowTakesTheRegionTheCommandLineTakesForItsFrame)

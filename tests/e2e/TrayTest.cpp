@@ -144,12 +144,27 @@ TEST_F(Tray, StartsOnceShowsItsIconAndQuitsFromItsMenu)
     EXPECT_EQ(second.out.trimmed(), QStringLiteral("Nubo Shot is already running."));
     EXPECT_EQ(m_app.state(), QProcess::Running);
 
-    // Right-click the icon and choose "Quit Nubo Shot" with the keyboard.
+    // A left click opens the menu (a right click does too); "Quit Nubo Shot"
+    // is chosen with the keyboard.
     const QPoint centre = icon.center();
     run(QStringLiteral("xdotool"),
         {"mousemove", QString::number(centre.x()), QString::number(centre.y())});
-    run(QStringLiteral("xdotool"), {"click", "3"});
-    QThread::msleep(400);
+    const auto menuShown = [&] {
+        for (const QString& id :
+             run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--pid",
+                                             QString::number(m_app.processId())})
+                 .split(u'\n', Qt::SkipEmptyParts)) {
+            const QString info = run(QStringLiteral("xwininfo"), {"-id", id});
+            const auto width = QRegularExpression(QStringLiteral("Width:\\s+(\\d+)")).match(info);
+            if (width.hasMatch() && width.captured(1).toInt() > 120) {
+                return true; // the tray icon is smaller; the menu is wider
+            }
+        }
+        return false;
+    };
+    run(QStringLiteral("xdotool"), {"click", "1"});
+    ASSERT_TRUE(waitUntil(menuShown, 5000)) << "a left click opened no menu";
+    QThread::msleep(300);
     saveArtifact(screen->grabWindow(0).toImage(), QStringLiteral("tray-menu.png"));
     run(QStringLiteral("xdotool"), {"key", "Up"});
     run(QStringLiteral("xdotool"), {"key", "Return"});

@@ -49,9 +49,16 @@ ShotDocument markedUpShot()
 void saveArtifact(const QImage& image, const QString& name)
 {
     const QString dir = qEnvironmentVariable("NUBOSHOT_TEST_ARTIFACTS");
-    if (!dir.isEmpty() && QDir().mkpath(dir)) {
-        image.save(dir + QLatin1Char('/') + name);
+    if (dir.isEmpty() || !QDir().mkpath(dir)) {
+        return;
     }
+    // Pictures of a run at another scale keep their own names: "x@2x.png".
+    const QString factor = qEnvironmentVariable("QT_SCALE_FACTOR");
+    QString file = name;
+    if (!factor.isEmpty() && factor != QLatin1String("1") && !name.contains(u'@')) {
+        file.insert(file.lastIndexOf(u'.'), QStringLiteral("@%1x").arg(factor));
+    }
+    image.save(dir + QLatin1Char('/') + file);
 }
 
 ImageDifference compareImages(const QImage& a, const QImage& b, int tolerance)
