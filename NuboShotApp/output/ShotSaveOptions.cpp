@@ -4,6 +4,8 @@
 
 #include <QComboBox>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QTreeView>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QGridLayout>
@@ -84,8 +86,17 @@ ShotSaveDialog::ShotSaveDialog(QFileDialog& dialog, const ShotSaveOptions& initi
         grid->addWidget(scaleLabel, row, 0);
         grid->addWidget(scaleRow, row, 1, 1, span);
     }
-    // Room for the list's name, size, type and date columns.
+    // Room for the list's name, size, type and date columns, each as wide
+    // as what it shows and the name taking the rest.
     dialog.resize(dialog.sizeHint().expandedTo(QSize(900, 560)));
+    if (auto* list = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        QHeaderView* header = list->header();
+        header->setStretchLastSection(false);
+        header->setSectionResizeMode(0, QHeaderView::Stretch);
+        for (int column = 1; column < header->count(); ++column) {
+            header->setSectionResizeMode(column, QHeaderView::ResizeToContents);
+        }
+    }
     // Quality means something only for lossy formats: the row is there for them alone.
     const auto showQuality = [qualityLabel, qualityRow](ShotFormat format) {
         qualityLabel->setVisible(ShotSaveOptions::isLossy(format));

@@ -367,6 +367,11 @@ TEST_F(Output, SaveAsWritesTheChosenFormatUnderTheChosenName)
             qualityExpected = ShotSaveOptions::isLossy(c.format);
             if (c.format == ShotFormat::jpeg) {
                 test::saveArtifact(dialog.grab().toImage(), QStringLiteral("save-as-dialog.png"));
+                // Wide enough for the list's columns, and the options' fields
+                // start where the file name's does.
+                EXPECT_GE(dialog.width(), 900);
+                EXPECT_EQ(quality->parentWidget()->mapTo(&dialog, QPoint()).x(),
+                          name->mapTo(&dialog, QPoint()).x());
             }
             QMetaObject::invokeMethod(&dialog, "accept", Qt::QueuedConnection);
         });
