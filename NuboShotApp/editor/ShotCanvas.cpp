@@ -164,6 +164,11 @@ void ShotCanvas::paintEvent(QPaintEvent* event)
             painter.drawRect(annotationBounds(a));
         }
     }
+    for (const ImageLayer& layer : m_model.document().layers) {
+        if (m_model.selection().contains(layer.id)) {
+            painter.drawRect(layer.frame);
+        }
+    }
     if (const auto box = ShotTool::selectedHandleBox(m_model)) {
         painter.setPen(QPen(QColor(40, 120, 255), 0));
         painter.setBrush(Qt::white);

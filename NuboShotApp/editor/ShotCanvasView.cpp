@@ -15,7 +15,7 @@ namespace nubo {
 
 ShotCanvasView::ShotCanvasView(ShotCanvas* canvas, QWidget* parent)
     : QScrollArea(parent), m_canvas(canvas), m_notice(new QLabel(this)),
-      m_noticeTimer(new QTimer(this))
+      m_noticeTimer(new QTimer(this)), m_spaceRelease(new QTimer(this))
 {
     setObjectName(QStringLiteral("canvasView"));
     setFrameShape(QFrame::NoFrame);
@@ -42,6 +42,14 @@ ShotCanvasView::ShotCanvasView(ShotCanvas* canvas, QWidget* parent)
     m_notice->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_notice->hide();
     m_noticeTimer->setSingleShot(true);
+    m_spaceRelease->setSingleShot(true);
+    m_spaceRelease->setInterval(60);
+    connect(m_spaceRelease, &QTimer::timeout, this, [this] {
+        m_spaceHeld = false;
+        if (!m_panning) {
+            m_canvas->setCursorOverride(std::nullopt);
+        }
+    });
     connect(m_noticeTimer, &QTimer::timeout, m_notice, &QWidget::hide);
 }
 
@@ -192,12 +200,18 @@ bool ShotCanvasView::eventFilter(QObject* watched, QEvent* event)
     case QEvent::KeyPress:
     case QEvent::KeyRelease: {
         const auto* key = static_cast<QKeyEvent*>(event);
-        if (watched == m_canvas && key->key() == Qt::Key_Space && !key->isAutoRepeat()) {
-            m_spaceHeld = event->type() == QEvent::KeyPress;
-            if (m_spaceHeld) {
-                m_canvas->setCursorOverride(Qt::OpenHandCursor);
-            } else if (!m_panning) {
-                m_canvas->setCursorOverride(std::nullopt);
+        if (watched == m_canvas && key->key() == Qt::Key_Space) {
+            if (event->type() == QEvent::KeyPress) {
+                m_spaceRelease->stop(); // the key repeats: it is still held
+                if (!m_spaceHeld) {
+                    m_spaceHeld = true;
+                    m_canvas->setCursorOverride(Qt::OpenHandCursor);
+                }
+            } else if (!key->isAutoRepeat()) {
+                // A held key repeats as release and press pairs, which the
+                // platform cannot always tell from a real release: it
+                // counts once no press follows.
+                m_spaceRelease->start();
             }
             return true;
         }

@@ -59,6 +59,7 @@ private:
     ShotCanvas* m_canvas;
     QLabel* m_notice;
     QTimer* m_noticeTimer;
+    QTimer* m_spaceRelease;
     bool m_spaceHeld = false;
     bool m_panning = false;
     QPoint m_panFrom;

@@ -176,6 +176,10 @@ void ShotEditorModel::deleteSelection()
     }
     ShotDocument next = m_document;
     next.annotations.removeIf([&](const Annotation& a) { return m_selection.contains(a.id); });
+    // Added images go too; the captured image stays.
+    next.layers.removeIf([&](const ImageLayer& l) {
+        return m_selection.contains(l.id) && l.id != m_rootLayerID;
+    });
     apply(next);
     m_selection.clear();
     m_selectionIsExplicit = false;
@@ -235,6 +239,18 @@ void ShotEditorModel::moveSelection(QPointF by)
         if (m_selection.contains(a.id)) {
             transformKind(a.kind, QTransform::fromTranslate(by.x(), by.y()));
         }
+    }
+    // An added image moves with the selection, the canvas growing to hold it
+    // (within the shot's limits; beyond them it stays where it is).
+    for (ImageLayer& layer : next.layers) {
+        if (m_selection.contains(layer.id) && layer.id != m_rootLayerID) {
+            layer.frame.translate(by);
+            next.canvasBounds = next.canvasBounds.normalized().united(layer.frame);
+        }
+    }
+    if (next.layers != m_document.layers && !next.limitProblem().isEmpty()) {
+        next.layers = m_document.layers;
+        next.canvasBounds = m_document.canvasBounds;
     }
     apply(next);
 }
@@ -400,7 +416,10 @@ QString ShotEditorModel::addImageLayer(const QImage& image, QPointF topLeft)
             .arg(image.height());
     }
     next.layers.last().image = std::move(converted);
+    // On top of the other layers, and selected: ready to be moved into place.
+    const QUuid added = next.layers.last().id;
     apply(next);
+    select({added}, true);
     return {};
 }
 

@@ -151,6 +151,9 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     syncTools();
     updateTitle();
     placeOnScreen(QGuiApplication::screenAt(QCursor::pos()));
+    // Keys go to the shot first (tool letters, Space to pan, arrows to nudge),
+    // not to whichever control of the bars comes first.
+    m_canvas->setFocus(Qt::OtherFocusReason);
 }
 
 void ShotEditorWindow::placeOnScreen(QScreen* screen)

@@ -13,6 +13,13 @@ std::optional<QUuid> ShotTool::annotationAt(const ShotEditorModel& model, QPoint
             return it->id;
         }
     }
+    // Under the annotations, an added image (the captured one is the ground).
+    const auto& layers = model.document().layers;
+    for (auto it = layers.crbegin(); it != layers.crend(); ++it) {
+        if (it->id != model.rootLayerID() && it->frame.contains(point)) {
+            return it->id;
+        }
+    }
     return std::nullopt;
 }
 

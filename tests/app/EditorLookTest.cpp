@@ -17,6 +17,7 @@
 #include "support/RenderFixtures.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QColorDialog>
@@ -328,7 +329,12 @@ TEST_F(EditorLook, ZoomStepsPassHundredAndLargeShotsScrollAndPan)
     EXPECT_EQ(scroll(), before + QPoint(120, 80));
     before = scroll();
     window.model().setActiveTool(ShotToolKind::rect);
-    xdotool(QStringList{"keydown", "space"} << at(middle) << "mousedown" << "1"
+    xdotool(at(middle) << "keydown" << "space");
+    ASSERT_EQ(window.canvas().cursor().shape(), Qt::OpenHandCursor)
+        << "Space did not reach the shot; the focus is on "
+        << (QApplication::focusWidget() ? QApplication::focusWidget()->metaObject()->className()
+                                        : "nothing");
+    xdotool(QStringList{} << at(middle) << "mousedown" << "1"
                                              << at(middle + QPoint(50, 30)) << at(middle + QPoint(100, 60))
                                              << "mouseup" << "1" << "keyup" << "space");
     EXPECT_EQ(scroll(), before - QPoint(100, 60));
@@ -477,6 +483,15 @@ TEST_F(EditorLook, AnAddedImageLandsInTheMiddleOnTop)
     EXPECT_EQ(layers.last().image.size(), QSize(100, 60)) << "on top of the others";
     EXPECT_NEAR(layers.last().frame.center().x(), 400, 1);
     EXPECT_NEAR(layers.last().frame.center().y(), 250, 1);
+    EXPECT_EQ(window.model().selection(), QSet<QUuid>{layers.last().id}) << "selected";
+    // Selected, it moves with the pointer and goes with Delete; the captured
+    // image under it stays put.
+    window.model().setActiveTool(ShotToolKind::select);
+    dragOnScreen({400, 250}, {450, 280});
+    EXPECT_NEAR(window.model().document().layers.last().frame.center().x(), 450, 2);
+    EXPECT_EQ(window.model().document().layers.first().frame, QRectF(0, 0, 800, 500));
+    xdotool({"key", "Delete"});
+    EXPECT_EQ(window.model().document().layers.size(), 1);
 }
 
 TEST_F(EditorLook, ASixteenByNineCropIsExactlyTheSizeShown)
