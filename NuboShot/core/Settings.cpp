@@ -111,6 +111,16 @@ bool ShotPreferences::contains(QAnyStringView key) const
     return m_settings->contains(keyString(key));
 }
 
+QStringList ShotPreferences::allKeys() const
+{
+    return m_settings->allKeys();
+}
+
+QVariant ShotPreferences::rawValue(QAnyStringView key) const
+{
+    return m_settings->value(keyString(key));
+}
+
 bool ShotPreferences::sync()
 {
     m_settings->sync();

@@ -4,6 +4,8 @@
 
 #include <QAnyStringView>
 #include <QString>
+#include <QStringList>
+#include <QVariant>
 #include <QVariant>
 
 #include <memory>
@@ -85,6 +87,9 @@ public:
     void setEnumeration(QAnyStringView key, E value) { setValue(key, toString(value)); }
     void remove(QAnyStringView key);
     bool contains(QAnyStringView key) const;
+    // Every stored key, and a value as stored (for a backup).
+    QStringList allKeys() const;
+    QVariant rawValue(QAnyStringView key) const;
     // Writes pending changes; false when the file could not be written.
     bool sync();
 

@@ -22,21 +22,36 @@ namespace nubo {
 QString ShotQuickSave::folder(const ShotPreferences& preferences)
 {
     if (const auto chosen = preferences.string(keys::quickSaveFolder)) {
-        const QFileInfo info(*chosen);
-        if (info.isAbsolute() && info.isDir() && info.isWritable()) {
-            return info.absoluteFilePath();
+        if (isUsableFolder(*chosen)) {
+            return QFileInfo(*chosen).absoluteFilePath();
         }
         qCInfo(lcExport) << "The quick-save folder" << *chosen
                          << "is gone or not writable; saving to Downloads";
     }
-    QString downloads = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
-    if (downloads.isEmpty()) {
-        downloads = QDir::homePath() + QStringLiteral("/Downloads");
-    }
+    const QString downloads = fallbackFolder();
     if (!QDir().mkpath(downloads)) {
         throw FileError(QStringLiteral("create the folder"), downloads, errno ? errno : EACCES);
     }
     return downloads;
+}
+
+QString ShotQuickSave::fallbackFolder()
+{
+    const QString downloads = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+    return downloads.isEmpty() ? QDir::homePath() + QStringLiteral("/Downloads") : downloads;
+}
+
+QString ShotQuickSave::folderShown(const ShotPreferences& preferences)
+{
+    const auto chosen = preferences.string(keys::quickSaveFolder);
+    return chosen && isUsableFolder(*chosen) ? QFileInfo(*chosen).absoluteFilePath()
+                                             : fallbackFolder();
+}
+
+bool ShotQuickSave::isUsableFolder(const QString& path)
+{
+    const QFileInfo info(path);
+    return info.isAbsolute() && info.isDir() && info.isWritable();
 }
 
 ShotFormat ShotQuickSave::format(const ShotPreferences& preferences)

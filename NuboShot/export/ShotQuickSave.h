@@ -20,6 +20,11 @@ public:
     // The folder in "shot.quickSaveFolder" when it is an existing, writable
     // folder; otherwise the Downloads folder (made when missing).
     static QString folder(const ShotPreferences& preferences);
+    // The Downloads folder, where shots go when no usable folder is chosen.
+    static QString fallbackFolder();
+    static bool isUsableFolder(const QString& path);
+    // The folder a quick save goes to now, without making anything.
+    static QString folderShown(const ShotPreferences& preferences);
     // "shot.quickSaveFormat"; missing or unknown is PNG.
     static ShotFormat format(const ShotPreferences& preferences);
 

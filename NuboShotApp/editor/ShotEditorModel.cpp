@@ -1,5 +1,7 @@
 #include "editor/ShotEditorModel.h"
 
+#include "editor/ShotToolStyles.h"
+
 #include "core/Settings.h"
 #include "document/ShotDocumentCoding.h"
 #include "export/ShotExporter.h"
@@ -442,33 +444,12 @@ void ShotEditorModel::setActiveTool(ShotToolKind tool)
 
 ShotStyle ShotEditorModel::style(ShotToolKind tool) const
 {
-    const auto stored = m_preferences.string(QStringLiteral("shot.style.") + toString(tool));
-    if (stored) {
-        try {
-            return coding::decodeStyle(QJsonDocument::fromJson(stored->toUtf8()).object());
-        } catch (const coding::DecodingFailure&) {
-            // A damaged value reads as the default style.
-        }
-    }
-    ShotStyle style;
-    if (tool == ShotToolKind::text) {
-        style.fontSize = 20;
-    } else if (tool == ShotToolKind::emoji) {
-        style.fontSize = 48; // a click places an emoji big enough to read
-    }
-    return style;
+    return storedToolStyle(m_preferences, tool);
 }
 
 void ShotEditorModel::setStyle(ShotToolKind tool, const ShotStyle& style)
 {
-    m_preferences.setValue(
-        QStringLiteral("shot.style.") + toString(tool),
-        QString::fromUtf8(
-            QJsonDocument(coding::encodeStyle(style)).toJson(QJsonDocument::Compact)));
-    m_preferences.setValue(
-        keys::styleColor,
-        QString::fromUtf8(
-            QJsonDocument(coding::encodeColor(style.color)).toJson(QJsonDocument::Compact)));
+    storeToolStyle(m_preferences, tool, style);
 }
 
 void ShotEditorModel::applyStyle(const ShotStyle& style)

@@ -11,11 +11,11 @@
 #include "shell/ShotFeature.h"
 #include "shell/ShotGlobalShortcuts.h"
 #include "shell/ShotStatusMenu.h"
+#include "settings/ShotSettingsWindow.h"
 
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDesktopServices>
 #include <QFileDialog>
 #include <QCursor>
 #include <QScreen>
@@ -55,9 +55,12 @@ void TrayApplication::openImage()
 
 void TrayApplication::showSettings()
 {
-    // Until the settings window exists: the preferences file itself.
-    m_preferences->sync();
-    QDesktopServices::openUrl(QUrl::fromLocalFile(m_preferences->path()));
+    // One window: a second "Settings…" brings it forward.
+    if (!m_settings) {
+        m_settings = std::make_unique<ShotSettingsWindow>(ShotSettingsContext{
+            *m_preferences, m_shortcuts.get(), QCoreApplication::applicationFilePath()});
+    }
+    m_settings->present();
 }
 
 TrayApplication::~TrayApplication() = default;
@@ -137,9 +140,14 @@ TrayApplication::Start TrayApplication::start()
     }
     m_shortcuts = std::make_unique<ShotGlobalShortcuts>(
         std::move(keys), *m_preferences, [this](CaptureMode mode) { m_feature->capture(mode); });
-    for (const CaptureMode mode : allCases<CaptureMode>()) {
-        m_menu->setCaptureShortcut(mode, m_shortcuts->shortcut(mode));
-    }
+    // The menu shows the keys in effect, also after they change in the settings.
+    m_shortcuts->changed = [this] {
+        for (const CaptureMode mode : allCases<CaptureMode>()) {
+            m_menu->setCaptureShortcut(mode, m_shortcuts->shortcut(mode));
+        }
+        m_preferences->sync();
+    };
+    m_shortcuts->changed();
     // A left click opens the same menu as a right click: every capture is
     // one more click away, and nothing starts by accident.
     connect(&m_tray, &QSystemTrayIcon::activated, this,

@@ -13,6 +13,7 @@ class ShotBusService;
 class ShotFeature;
 class ShotPreferences;
 class ShotGlobalShortcuts;
+class ShotSettingsWindow;
 class ShotStatusMenu;
 
 // The program as it lives in the tray: one instance per session, found by
@@ -43,6 +44,8 @@ private:
     std::unique_ptr<ShotGlobalShortcuts> m_shortcuts;
     std::shared_ptr<CapturePlatform> m_platform;
     std::unique_ptr<ShotBusService> m_service;
+    // Uses the preferences and shortcuts above: declared after them, it goes first.
+    std::unique_ptr<ShotSettingsWindow> m_settings;
 };
 
 } // namespace nubo

@@ -1,0 +1,107 @@
+#include "core/Error.h"
+#include "settings/ShotSettingsBackup.h"
+#include "settings/ShotSettingsPage.h"
+#include "shell/ShotGlobalShortcuts.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace nubo {
+
+namespace {
+
+class BackupSettingsPage : public ShotSettingsPage {
+public:
+    BackupSettingsPage(const ShotSettingsContext& context, QWidget* parent)
+        : ShotSettingsPage(context, QStringLiteral("Backup"), QStringLiteral("nuboshot-backup"),
+                           parent)
+    {
+        QFormLayout* section = addSection(QStringLiteral("Settings file"));
+        auto* buttons = new QWidget(this);
+        auto* line = new QHBoxLayout(buttons);
+        line->setContentsMargins(0, 0, 0, 0);
+        auto* backUp = new QPushButton(QStringLiteral("Back Up Settings\u2026"), buttons);
+        backUp->setObjectName(QStringLiteral("backUpSettings"));
+        auto* restore = new QPushButton(QStringLiteral("Restore Settings\u2026"), buttons);
+        restore->setObjectName(QStringLiteral("restoreSettings"));
+        line->addWidget(backUp);
+        line->addWidget(restore);
+        line->addStretch(1);
+        section->addRow(buttons);
+        addNote(section, QStringLiteral("Every preference goes into one file you can keep or "
+                                        "take to another computer. Passwords and keys never "
+                                        "do: they stay in the desktop's keyring."));
+        m_status = addNote(section, QString());
+        m_status->setObjectName(QStringLiteral("backupStatus"));
+        m_status->setForegroundRole(QPalette::WindowText);
+        m_status->hide();
+
+        connect(backUp, &QPushButton::clicked, this, [this] {
+            const QString path = QFileDialog::getSaveFileName(
+                this, QStringLiteral("Back Up Settings"),
+                QDir::home().filePath(QStringLiteral("Nubo Shot Settings.json")),
+                QStringLiteral("Settings backups (*.json)"));
+            if (!path.isEmpty()) {
+                backUpTo(path);
+            }
+        });
+        connect(restore, &QPushButton::clicked, this, [this] {
+            const QString path = QFileDialog::getOpenFileName(
+                this, QStringLiteral("Restore Settings"), QDir::homePath(),
+                QStringLiteral("Settings backups (*.json);;All files (*)"));
+            if (!path.isEmpty()) {
+                restoreFrom(path);
+            }
+        });
+    }
+
+    void reload() override {}
+
+    void backUpTo(const QString& path)
+    {
+        try {
+            ShotSettingsBackup::write(preferences(), path);
+            say(QStringLiteral("Settings backed up to \u201c%1\u201d.")
+                    .arg(QDir::toNativeSeparators(path)));
+        } catch (const Error& error) {
+            say(error.message());
+        }
+    }
+
+    void restoreFrom(const QString& path)
+    {
+        const ShotSettingsBackup::Report report =
+            ShotSettingsBackup::restoreFile(preferences(), path);
+        say(report.summary());
+        if (report.restored > 0) {
+            if (m_context.shortcuts) {
+                m_context.shortcuts->rebind();
+            }
+            emit storedValuesReplaced();
+        }
+    }
+
+    const QLabel* status() const { return m_status; }
+
+private:
+    void say(const QString& text)
+    {
+        m_status->setText(text);
+        m_status->show();
+    }
+
+    QLabel* m_status = nullptr;
+};
+
+} // namespace
+
+ShotSettingsPage* makeBackupSettingsPage(const ShotSettingsContext& context, QWidget* parent)
+{
+    return new BackupSettingsPage(context, parent);
+}
+
+} // namespace nubo

@@ -1,0 +1,187 @@
+#include "core/Settings.h"
+#include "document/ShotDocument.h"
+#include "editor/ShotToolStyles.h"
+#include "settings/ShotSettingsPage.h"
+#include "style/ShotIcons.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QToolButton>
+
+namespace nubo {
+
+namespace {
+
+QIcon colorDot(const QColor& color)
+{
+    QPixmap dot(36, 36);
+    dot.setDevicePixelRatio(2);
+    dot.fill(Qt::transparent);
+    QPainter painter(&dot);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(0, 0, 0, 90), 1));
+    painter.setBrush(color);
+    painter.drawEllipse(QRectF(1.5, 1.5, 15, 15));
+    return QIcon(dot);
+}
+
+class EditorSettingsPage : public ShotSettingsPage {
+public:
+    EditorSettingsPage(const ShotSettingsContext& context, QWidget* parent)
+        : ShotSettingsPage(context, QStringLiteral("Editor"), QStringLiteral("draw-freehand"),
+                           parent)
+    {
+        QFormLayout* tools = addSection(QStringLiteral("Tools"));
+        m_returnToSelect = new QCheckBox(QStringLiteral("Return to Select after drawing"), this);
+        m_returnToSelect->setObjectName(QLatin1String(keys::returnToSelect));
+        tools->addRow(m_returnToSelect);
+        addNote(tools, QStringLiteral("Draw and Number stay active, for one stroke or number "
+                                      "after another."));
+        connect(m_returnToSelect, &QCheckBox::toggled, this,
+                [this](bool on) { preferences().setValue(keys::returnToSelect, on); });
+
+        QFormLayout* styles = addSection(QStringLiteral("Colour and size of new marks"));
+        for (const ShotToolKind tool : allCases<ShotToolKind>()) {
+            const unsigned controls = styleControls(tool);
+            if (!createsAnnotations(tool) || controls == strengthControl) {
+                continue;
+            }
+            Row row{tool};
+            auto* field = new QWidget(this);
+            auto* line = new QHBoxLayout(field);
+            line->setContentsMargins(0, 0, 0, 0);
+            if (controls & colorControl) {
+                row.color = new QToolButton(field);
+                row.color->setObjectName(QStringLiteral("color.") + toString(tool));
+                row.color->setAutoRaise(true);
+                row.color->setIconSize(QSize(18, 18));
+                row.color->setToolTip(QStringLiteral("Colour\u2026"));
+                line->addWidget(row.color);
+                connect(row.color, &QToolButton::clicked, this, [this, tool] { chooseColor(tool); });
+            }
+            if (controls & arrowSizeControl) {
+                row.arrow = new QComboBox(field);
+                row.arrow->setObjectName(QStringLiteral("size.") + toString(tool));
+                for (const ArrowSizePreset preset : allCases<ArrowSizePreset>()) {
+                    row.arrow->addItem(toString(preset).toUpper(), int(preset));
+                }
+                line->addWidget(row.arrow);
+                connect(row.arrow, &QComboBox::activated, this, [this, tool, box = row.arrow](int i) {
+                    change(tool, [&](ShotStyle& s) {
+                        s.lineWidth = arrowWidth(ArrowSizePreset(box->itemData(i).toInt()));
+                    });
+                });
+            } else {
+                const bool font = controls & fontSizeControl;
+                row.size = new QSpinBox(field);
+                row.size->setObjectName(QStringLiteral("size.") + toString(tool));
+                row.size->setRange(font ? 6 : 1, font ? 200 : 40);
+                row.size->setSuffix(QStringLiteral(" pt"));
+                line->addWidget(row.size);
+                connect(row.size, &QSpinBox::valueChanged, this, [this, tool, font](int value) {
+                    change(tool, [&](ShotStyle& s) { (font ? s.fontSize : s.lineWidth) = value; });
+                });
+            }
+            line->addStretch(1);
+            auto* label = new QLabel(toolTitle(tool) + QLatin1Char(':'), this);
+            styles->addRow(label, field);
+            m_rows.push_back(row);
+        }
+
+        QFormLayout* redaction = addSection(QStringLiteral("Blur / Censor"));
+        m_strength = new QSpinBox(this);
+        m_strength->setObjectName(QStringLiteral("strength.blur"));
+        m_strength->setRange(6, 40);
+        redaction->addRow(QStringLiteral("Strength:"), m_strength);
+        addNote(redaction, QStringLiteral("The size of the blocks the hidden area is shown in: "
+                                          "larger blocks show less."));
+        connect(m_strength, &QSpinBox::valueChanged, this, [this](int value) {
+            change(ShotToolKind::blur,
+                   [&](ShotStyle& s) { s.strength = ShotStyle::normalizedStrength(value); });
+        });
+        reload();
+    }
+
+    void reload() override
+    {
+        {
+            const QSignalBlocker quiet(m_returnToSelect);
+            m_returnToSelect->setChecked(preferences().boolean(keys::returnToSelect, false));
+        }
+        for (const Row& row : m_rows) {
+            const ShotStyle style = storedToolStyle(preferences(), row.tool);
+            if (row.color) {
+                row.color->setIcon(colorDot(style.color.toQColor()));
+                row.color->setAccessibleName(style.color.toQColor().name(QColor::HexArgb));
+            }
+            if (row.arrow) {
+                const QSignalBlocker quiet(row.arrow);
+                int nearest = 0;
+                for (int i = 1; i < row.arrow->count(); ++i) {
+                    const auto width = [&](int index) {
+                        return arrowWidth(ArrowSizePreset(row.arrow->itemData(index).toInt()));
+                    };
+                    if (std::abs(width(i) - style.lineWidth) <
+                        std::abs(width(nearest) - style.lineWidth)) {
+                        nearest = i;
+                    }
+                }
+                row.arrow->setCurrentIndex(nearest);
+            }
+            if (row.size) {
+                const QSignalBlocker quiet(row.size);
+                const bool font = styleControls(row.tool) & fontSizeControl;
+                row.size->setValue(int(std::lround(font ? style.fontSize : style.lineWidth)));
+            }
+        }
+        const QSignalBlocker quiet(m_strength);
+        m_strength->setValue(
+            int(std::lround(storedToolStyle(preferences(), ShotToolKind::blur).strength)));
+    }
+
+private:
+    struct Row {
+        ShotToolKind tool;
+        QToolButton* color = nullptr;
+        QComboBox* arrow = nullptr;
+        QSpinBox* size = nullptr;
+    };
+
+    void change(ShotToolKind tool, const std::function<void(ShotStyle&)>& edit)
+    {
+        ShotStyle style = storedToolStyle(preferences(), tool);
+        edit(style);
+        storeToolStyle(preferences(), tool, style);
+    }
+
+    void chooseColor(ShotToolKind tool)
+    {
+        const QColor chosen = QColorDialog::getColor(
+            storedToolStyle(preferences(), tool).color.toQColor(), this,
+            QStringLiteral("%1 Colour").arg(toolTitle(tool)), QColorDialog::ShowAlphaChannel);
+        if (chosen.isValid()) {
+            change(tool, [&](ShotStyle& s) { s.color = ShotColor::fromQColor(chosen); });
+            reload();
+        }
+    }
+
+    QCheckBox* m_returnToSelect = nullptr;
+    QSpinBox* m_strength = nullptr;
+    std::vector<Row> m_rows;
+};
+
+} // namespace
+
+ShotSettingsPage* makeEditorSettingsPage(const ShotSettingsContext& context, QWidget* parent)
+{
+    return new EditorSettingsPage(context, parent);
+}
+
+} // namespace nubo

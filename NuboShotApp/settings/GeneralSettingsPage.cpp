@@ -1,0 +1,90 @@
+#include "core/Error.h"
+#include "core/Settings.h"
+#include "settings/ShotAutostart.h"
+#include "settings/ShotSettingsPage.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QLabel>
+
+namespace nubo {
+
+namespace {
+
+class GeneralSettingsPage : public ShotSettingsPage {
+public:
+    GeneralSettingsPage(const ShotSettingsContext& context, QWidget* parent)
+        : ShotSettingsPage(context, QStringLiteral("General"),
+                           QStringLiteral("preferences-system"), parent)
+    {
+        QFormLayout* startup = addSection(QStringLiteral("Start-up"));
+        m_login = new QCheckBox(QStringLiteral("Start Nubo Shot when I log in"), this);
+        m_login->setObjectName(QStringLiteral("startAtLogin"));
+        startup->addRow(m_login);
+        m_loginProblem = addNote(startup, QString());
+        m_loginProblem->setObjectName(QStringLiteral("startAtLoginProblem"));
+        connect(m_login, &QCheckBox::toggled, this, [this](bool on) {
+            try {
+                ShotAutostart::setEnabled(on, m_context.program);
+                m_loginProblem->hide();
+            } catch (const Error& error) {
+                m_loginProblem->setText(error.message());
+                m_loginProblem->show();
+                reload();
+            }
+        });
+
+        QFormLayout* shots = addSection(QStringLiteral("Shots"));
+        m_recent = boolean(shots, QStringLiteral("Show Recent in menu"), keys::recentEnabled, true);
+        m_copyRaw =
+            boolean(shots, QStringLiteral("Also copy raw shot"), keys::copyRawOnCapture, false);
+        addNote(shots, QStringLiteral("Puts every capture on the clipboard at once, before "
+                                      "anything is drawn on it."));
+        reload();
+    }
+
+    void reload() override
+    {
+        const QSignalBlocker quiet(m_login);
+        m_login->setChecked(ShotAutostart::isEnabled());
+        if (m_loginProblem->text().isEmpty()) {
+            m_loginProblem->hide();
+        }
+        for (const auto& [box, key, fallback] : m_booleans) {
+            const QSignalBlocker still(box);
+            box->setChecked(preferences().boolean(key, fallback));
+        }
+    }
+
+private:
+    QCheckBox* boolean(QFormLayout* section, const QString& label, const char* key, bool fallback)
+    {
+        auto* box = new QCheckBox(label, this);
+        box->setObjectName(QLatin1String(key));
+        section->addRow(box);
+        connect(box, &QCheckBox::toggled, this,
+                [this, key](bool on) { preferences().setValue(key, on); });
+        m_booleans.push_back({box, key, fallback});
+        return box;
+    }
+
+    struct Boolean {
+        QCheckBox* box;
+        const char* key;
+        bool fallback;
+    };
+    QCheckBox* m_login = nullptr;
+    QLabel* m_loginProblem = nullptr;
+    QCheckBox* m_recent = nullptr;
+    QCheckBox* m_copyRaw = nullptr;
+    std::vector<Boolean> m_booleans;
+};
+
+} // namespace
+
+ShotSettingsPage* makeGeneralSettingsPage(const ShotSettingsContext& context, QWidget* parent)
+{
+    return new GeneralSettingsPage(context, parent);
+}
+
+} // namespace nubo

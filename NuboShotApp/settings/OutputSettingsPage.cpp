@@ -1,0 +1,131 @@
+#include "core/Settings.h"
+#include "export/ShotFormat.h"
+#include "export/ShotQuickSave.h"
+#include "output/ShotOutput.h"
+#include "settings/ShotSettingsPage.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace nubo {
+
+namespace {
+
+class OutputSettingsPage : public ShotSettingsPage {
+public:
+    OutputSettingsPage(const ShotSettingsContext& context, QWidget* parent)
+        : ShotSettingsPage(context, QStringLiteral("Output"), QStringLiteral("document-save"),
+                           parent)
+    {
+        QFormLayout* save = addSection(QStringLiteral("Quick save"));
+        auto* folderRow = new QWidget(this);
+        auto* line = new QHBoxLayout(folderRow);
+        line->setContentsMargins(0, 0, 0, 0);
+        m_folder = new QLineEdit(folderRow);
+        m_folder->setObjectName(QStringLiteral("quickSaveFolder"));
+        m_folder->setReadOnly(true);
+        line->addWidget(m_folder, 1);
+        auto* choose = new QPushButton(QStringLiteral("Choose\u2026"), folderRow);
+        choose->setObjectName(QStringLiteral("chooseQuickSaveFolder"));
+        line->addWidget(choose);
+        m_useDownloads = new QPushButton(QStringLiteral("Use Downloads"), folderRow);
+        m_useDownloads->setObjectName(QStringLiteral("useDownloads"));
+        line->addWidget(m_useDownloads);
+        save->addRow(QStringLiteral("Folder:"), folderRow);
+        m_folderNote = addNote(save, QString());
+        m_folderNote->setObjectName(QStringLiteral("quickSaveFolderNote"));
+        connect(choose, &QPushButton::clicked, this, [this] {
+            const QString chosen = QFileDialog::getExistingDirectory(
+                this, QStringLiteral("Quick-Save Folder"),
+                ShotQuickSave::folderShown(preferences()));
+            if (!chosen.isEmpty()) {
+                preferences().setValue(keys::quickSaveFolder, QDir::cleanPath(chosen));
+                reload();
+            }
+        });
+        connect(m_useDownloads, &QPushButton::clicked, this, [this] {
+            preferences().remove(keys::quickSaveFolder);
+            reload();
+        });
+
+        m_format = new QComboBox(this);
+        m_format->setObjectName(QStringLiteral("quickSaveFormat"));
+        static constexpr const char* titles[] = {"PNG", "JPEG", "HEIC", "WebP"};
+        for (const ShotFormat format : allCases<ShotFormat>()) {
+            m_format->addItem(QLatin1String(titles[int(format)]), toString(format));
+        }
+        save->addRow(QStringLiteral("Format:"), m_format);
+        connect(m_format, &QComboBox::activated, this, [this](int index) {
+            preferences().setValue(keys::quickSaveFormat, m_format->itemData(index).toString());
+        });
+        auto* pattern = new QLabel(QStringLiteral("Nubo Shot YYYY-MM-DD at HH.mm.ss"), this);
+        pattern->setObjectName(QStringLiteral("fileNamePattern"));
+        pattern->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        save->addRow(QStringLiteral("File names:"), pattern);
+        addNote(save, QStringLiteral("A second shot in the same second gets \u201c (2)\u201d, "
+                                     "and so on: no file is ever replaced."));
+
+        QFormLayout* close = addSection(QStringLiteral("Close the editor after"));
+        for (const auto& [action, label] :
+             {std::pair{ShotOutputAction::copy, "Copying"}, std::pair{ShotOutputAction::save, "Saving"},
+              std::pair{ShotOutputAction::drag, "Dragging out"}}) {
+            auto* box = new QCheckBox(QLatin1String(label), this);
+            box->setObjectName(closeAfterKey(action));
+            close->addRow(box);
+            connect(box, &QCheckBox::toggled, this, [this, action = action](bool on) {
+                preferences().setValue(closeAfterKey(action), on);
+            });
+            m_closeAfter.push_back({action, box});
+        }
+        addNote(close, QStringLiteral("Hold Alt, or pin the editor, to keep it open once."));
+        reload();
+    }
+
+    void reload() override
+    {
+        const auto chosen = preferences().string(keys::quickSaveFolder);
+        const bool usable = chosen && ShotQuickSave::isUsableFolder(*chosen);
+        m_folder->setText(QDir::toNativeSeparators(ShotQuickSave::folderShown(preferences())));
+        m_useDownloads->setEnabled(chosen.has_value());
+        if (chosen && !usable) {
+            m_folderNote->setText(
+                QStringLiteral("\u201c%1\u201d is missing or cannot be written to: shots go to "
+                               "Downloads until it is back.")
+                    .arg(QDir::toNativeSeparators(*chosen)));
+        } else if (!chosen) {
+            m_folderNote->setText(QStringLiteral("No folder chosen: shots go to Downloads."));
+        } else {
+            m_folderNote->clear();
+        }
+        m_folderNote->setVisible(!m_folderNote->text().isEmpty());
+        const QSignalBlocker quiet(m_format);
+        m_format->setCurrentIndex(int(ShotQuickSave::format(preferences())));
+        for (const auto& [action, box] : m_closeAfter) {
+            const QSignalBlocker still(box);
+            box->setChecked(closesAfter(preferences(), action));
+        }
+    }
+
+private:
+    QLineEdit* m_folder = nullptr;
+    QPushButton* m_useDownloads = nullptr;
+    QLabel* m_folderNote = nullptr;
+    QComboBox* m_format = nullptr;
+    std::vector<std::pair<ShotOutputAction, QCheckBox*>> m_closeAfter;
+};
+
+} // namespace
+
+ShotSettingsPage* makeOutputSettingsPage(const ShotSettingsContext& context, QWidget* parent)
+{
+    return new OutputSettingsPage(context, parent);
+}
+
+} // namespace nubo

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+
+#include <functional>
+
+class QFormLayout;
+class QLabel;
+class QVBoxLayout;
+
+namespace nubo {
+
+class ShotGlobalShortcuts;
+class ShotPreferences;
+
+// What the pages of the settings window work on. Every change is written
+// to `preferences` at once; the running program reads the same object, so
+// nothing waits for a restart.
+struct ShotSettingsContext {
+    ShotPreferences& preferences;
+    // The tray's capture shortcuts, bound again after a change; null when
+    // the window runs without them.
+    ShotGlobalShortcuts* shortcuts = nullptr;
+    // What a start at login runs.
+    QString program;
+};
+
+// One page of the settings window. A page is one file defining its maker,
+// and one line in the list of ShotSettingsPages.cpp.
+class ShotSettingsPage : public QWidget {
+    Q_OBJECT
+public:
+    ShotSettingsPage(const ShotSettingsContext& context, QString title, QString icon,
+                     QWidget* parent);
+
+    const QString& title() const { return m_title; }
+    const QString& iconName() const { return m_icon; }
+    // Shows the stored values again (after a restore, for one).
+    virtual void reload() = 0;
+
+signals:
+    // This page replaced stored values other pages show.
+    void storedValuesReplaced();
+
+protected:
+    // A titled group of rows, added below the ones before.
+    QFormLayout* addSection(const QString& title);
+    // A line of grey help under the last row of a section.
+    QLabel* addNote(QFormLayout* section, const QString& text);
+    ShotPreferences& preferences() const { return m_context.preferences; }
+
+    const ShotSettingsContext& m_context;
+
+private:
+    QString m_title;
+    QString m_icon;
+    QVBoxLayout* m_layout;
+};
+
+using ShotSettingsPageMaker = ShotSettingsPage* (*)(const ShotSettingsContext&, QWidget*);
+// Every page, in the order of the sidebar.
+const QList<ShotSettingsPageMaker>& settingsPages();
+
+} // namespace nubo

@@ -1,0 +1,433 @@
+// The settings window, page by page, with real input: each control writes its
+// key at once, the running program follows (quick saves, shortcuts), and
+// values of the wrong type show the default instead of breaking anything.
+
+#include "capture/CapturePlatform.h"
+#include "capture/GlobalShortcuts.h"
+#include "core/Settings.h"
+#include "editor/ShotEditorWindow.h"
+#include "editor/ShotToolStyles.h"
+#include "export/ShotQuickSave.h"
+#include "output/ShotOutput.h"
+#include "settings/ShotAutostart.h"
+#include "settings/ShotSettingsBackup.h"
+#include "settings/ShotSettingsWindow.h"
+#include "shell/ShotGlobalShortcuts.h"
+#include "support/ArchiveFixtures.h"
+#include "support/EditorFixture.h"
+#include "support/LiveProcess.h"
+#include "support/ModalAnswer.h"
+#include "support/RenderFixtures.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QKeySequenceEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+using test::settle;
+using test::xdotool;
+
+class Settings : public test::EditorFixture {
+protected:
+    void SetUp() override
+    {
+        test::EditorFixture::SetUp();
+        if (HasFatalFailure()) {
+            return;
+        }
+        // Each test its own configuration home: the autostart entry lands there.
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_dir.filePath(QStringLiteral("config"))));
+    }
+    void TearDown() override
+    {
+        m_settings.reset();
+        m_shortcuts.reset();
+    }
+    ShotSettingsWindow& open(const QString& page, ShotGlobalShortcuts* shortcuts = nullptr)
+    {
+        m_settings = std::make_unique<ShotSettingsWindow>(ShotSettingsContext{
+            *m_preferences, shortcuts, QStringLiteral("/opt/Nubo Shot/bin/nuboshot")});
+        m_settings->showPage(page);
+        activate(*m_settings);
+        settle();
+        return *m_settings;
+    }
+    template <class W> W* find(const QString& name)
+    {
+        W* widget = m_settings->findChild<W*>(name);
+        EXPECT_NE(widget, nullptr) << name.toStdString();
+        return widget;
+    }
+    void click(QWidget* widget, QPoint at = {})
+    {
+        const QPoint p = widget->mapToGlobal(at.isNull() ? widget->rect().center() : at);
+        xdotool({"mousemove", QString::number(p.x()), QString::number(p.y()), "click", "1"});
+    }
+    // A check box's box, not its middle (which may lie past a short label).
+    void tick(QCheckBox* box) { click(box, QPoint(8, box->height() / 2)); }
+
+    std::unique_ptr<ShotSettingsWindow> m_settings;
+    std::unique_ptr<ShotGlobalShortcuts> m_shortcuts;
+};
+
+TEST_F(Settings, OneWindowWithItsPagesInASidebar)
+{
+    ShotSettingsWindow& window = open(QStringLiteral("General"));
+    auto* sidebar = find<QListWidget>(QStringLiteral("settingsSidebar"));
+    ASSERT_NE(sidebar, nullptr);
+    QStringList titles;
+    for (int i = 0; i < sidebar->count(); ++i) {
+        titles << sidebar->item(i)->text();
+        EXPECT_FALSE(sidebar->item(i)->icon().isNull());
+    }
+    EXPECT_EQ(titles.join(u','), QStringLiteral("General,Shortcuts,Output,Editor,Backup"));
+    for (int i = 0; i < sidebar->count(); ++i) {
+        click(sidebar, sidebar->visualItemRect(sidebar->item(i)).center());
+        settle(100);
+        test::saveArtifact(window.grab().toImage(),
+                           QStringLiteral("settings-%1.png").arg(titles[i].toLower()));
+    }
+    // A second "Settings…" raises the same window.
+    window.lower();
+    window.present();
+    settle(200);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_TRUE(window.isActiveWindow());
+}
+
+// Values written by a newer version or by hand, of the wrong type: each
+// control shows its default, and nothing breaks.
+TEST_F(Settings, WrongValuesShowTheDefaults)
+{
+    m_preferences->setValue(keys::copyRawOnCapture, QStringLiteral("perhaps"));
+    m_preferences->setValue(keys::recentEnabled, 7);
+    m_preferences->setValue(keys::quickSaveFormat, QStringLiteral("tiff"));
+    m_preferences->setValue(closeAfterKey(ShotOutputAction::copy), QStringLiteral("yes"));
+    m_preferences->setValue(keys::returnToSelect, QStringLiteral("[1]"));
+    m_preferences->setValue(QStringLiteral("shot.style.arrow"), QStringLiteral("{\"broken"));
+    m_preferences->setValue(QStringLiteral("shot.shortcut.area"), QStringLiteral("Ctrl+Frobnicate+"));
+    open(QStringLiteral("General"));
+    EXPECT_FALSE(find<QCheckBox>(QLatin1String(keys::copyRawOnCapture))->isChecked());
+    EXPECT_TRUE(find<QCheckBox>(QLatin1String(keys::recentEnabled))->isChecked());
+    EXPECT_EQ(find<QComboBox>(QStringLiteral("quickSaveFormat"))->currentText(), QStringLiteral("PNG"));
+    EXPECT_TRUE(find<QCheckBox>(closeAfterKey(ShotOutputAction::copy))->isChecked());
+    EXPECT_FALSE(find<QCheckBox>(QLatin1String(keys::returnToSelect))->isChecked());
+    EXPECT_EQ(find<QComboBox>(QStringLiteral("size.arrow"))->currentText(), QStringLiteral("M"));
+    EXPECT_EQ(find<QKeySequenceEdit>(QStringLiteral("shortcut.area"))->keySequence(),
+              QKeySequence(QStringLiteral("Shift+Print")));
+}
+
+TEST_F(Settings, GeneralWritesItsKeysAndTheAutostartEntry)
+{
+    open(QStringLiteral("General"));
+    auto* login = find<QCheckBox>(QStringLiteral("startAtLogin"));
+    auto* copyRaw = find<QCheckBox>(QLatin1String(keys::copyRawOnCapture));
+    auto* recent = find<QCheckBox>(QLatin1String(keys::recentEnabled));
+    ASSERT_TRUE(login && copyRaw && recent);
+    EXPECT_FALSE(login->isChecked());
+
+    tick(login);
+    const QString entry = ShotAutostart::entryPath();
+    EXPECT_TRUE(entry.startsWith(m_dir.path())) << entry.toStdString();
+    QFile file(entry);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << "no autostart entry written";
+    const QByteArray text = file.readAll();
+    EXPECT_TRUE(text.contains("Exec=\"/opt/Nubo Shot/bin/nuboshot\"\n")) << text.toStdString();
+    EXPECT_TRUE(text.startsWith("[Desktop Entry]\n"));
+    tick(login);
+    EXPECT_FALSE(QFile::exists(entry)) << "the entry stayed after switching it off";
+
+    tick(copyRaw);
+    EXPECT_TRUE(m_preferences->boolean(keys::copyRawOnCapture, false));
+    tick(recent);
+    EXPECT_FALSE(m_preferences->boolean(keys::recentEnabled, true));
+    EXPECT_EQ(m_preferences->rawValue(keys::recentEnabled).toString(), QStringLiteral("false"));
+}
+
+// The quick-save folder and format, changed here, are where and how the
+// next quick save of an open editor lands.
+TEST_F(Settings, OutputChangesWhereAndHowQuickSavesLand)
+{
+    const QString chosen = m_dir.filePath(QStringLiteral("chosen shots"));
+    QDir().mkpath(chosen);
+    m_preferences->setValue(keys::quickSaveFolder, m_dir.filePath(QStringLiteral("gone")));
+    open(QStringLiteral("Output"));
+    auto* folder = find<QLineEdit>(QStringLiteral("quickSaveFolder"));
+    auto* note = find<QLabel>(QStringLiteral("quickSaveFolderNote"));
+    ASSERT_TRUE(folder && note);
+    EXPECT_EQ(folder->text(), QDir::toNativeSeparators(ShotQuickSave::fallbackFolder()));
+    EXPECT_TRUE(note->isVisible());
+    EXPECT_TRUE(note->text().contains(QStringLiteral("is missing"))) << note->text().toStdString();
+    EXPECT_EQ(find<QLabel>(QStringLiteral("fileNamePattern"))->text(),
+              QStringLiteral("Nubo Shot YYYY-MM-DD at HH.mm.ss"));
+
+    {
+        test::ModalAnswer pick([&](QDialog& dialog) {
+            // Inside the folder with no name typed: the folder itself is chosen.
+            auto& files = static_cast<QFileDialog&>(dialog);
+            files.setDirectory(chosen);
+            if (auto* name = files.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+                name->clear();
+            }
+            dialog.accept();
+        });
+        click(find<QPushButton>(QStringLiteral("chooseQuickSaveFolder")));
+        settle(300);
+        EXPECT_TRUE(pick.answered());
+    }
+    EXPECT_EQ(m_preferences->string(keys::quickSaveFolder), std::optional(chosen));
+    EXPECT_EQ(folder->text(), QDir::toNativeSeparators(chosen));
+    EXPECT_FALSE(note->isVisible());
+
+    auto* format = find<QComboBox>(QStringLiteral("quickSaveFormat"));
+    click(format);
+    xdotool({"key", "Down", "Return"}); // PNG → JPEG
+    EXPECT_EQ(m_preferences->string(keys::quickSaveFormat), std::optional(QStringLiteral("jpeg")));
+
+    auto* closeCopy = find<QCheckBox>(closeAfterKey(ShotOutputAction::copy));
+    tick(closeCopy);
+    EXPECT_FALSE(closesAfter(*m_preferences, ShotOutputAction::copy));
+
+    // An editor already open saves into the new folder, as JPEG.
+    m_preferences->setValue(closeAfterKey(ShotOutputAction::save), false);
+    ShotEditorWindow& editor = openEditor(test::patternImage(200, 120), 1);
+    xdotool({"key", "ctrl+s"});
+    ASSERT_TRUE(outputDone(editor));
+    const QStringList saved = QDir(chosen).entryList(QDir::Files);
+    ASSERT_EQ(saved.size(), 1);
+    EXPECT_TRUE(saved.first().startsWith(QStringLiteral("Nubo Shot ")));
+    EXPECT_TRUE(saved.first().endsWith(QStringLiteral(".jpg")));
+    QFile jpeg(QDir(chosen).filePath(saved.first()));
+    ASSERT_TRUE(jpeg.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(jpeg.read(3) == QByteArray("\xff\xd8\xff", 3));
+}
+
+// A shortcut recorded here captures at once; the keys it replaced no longer
+// do; clashes with another capture and with keys another program holds are
+// said on the row.
+TEST_F(Settings, ShortcutsAreRecordedAndTakeEffectAtOnce)
+{
+    // Another program (another connection to the server) holds Ctrl+Alt+K,
+    // and the stored keys for window captures are those.
+    auto other = CapturePlatformLoader::load();
+    std::unique_ptr<GlobalShortcuts> otherKeys = other->makeGlobalShortcuts();
+    ASSERT_TRUE(otherKeys->bind({{QStringLiteral("theirs"), QKeySequence(QStringLiteral("Ctrl+Alt+K"))}})
+                    .isEmpty());
+    m_preferences->setValue(QStringLiteral("shot.shortcut.window"), QStringLiteral("Ctrl+Alt+K"));
+    auto platform = CapturePlatformLoader::load();
+    ASSERT_NE(platform, nullptr);
+    QList<CaptureMode> captured;
+    m_shortcuts = std::make_unique<ShotGlobalShortcuts>(
+        platform->makeGlobalShortcuts(), *m_preferences,
+        [&](CaptureMode mode) { captured << mode; });
+
+    open(QStringLiteral("Shortcuts"), m_shortcuts.get());
+    auto* area = find<QKeySequenceEdit>(QStringLiteral("shortcut.area"));
+    auto* window = find<QKeySequenceEdit>(QStringLiteral("shortcut.window"));
+    ASSERT_TRUE(area && window);
+    EXPECT_EQ(area->keySequence(), QKeySequence(QStringLiteral("Shift+Print")));
+    EXPECT_TRUE(find<QLabel>(QStringLiteral("shortcutProblem.scrolling"))->isVisible());
+    // Keys another program holds are kept, and the row says they are not ours.
+    auto* windowProblem = find<QLabel>(QStringLiteral("shortcutProblem.window"));
+    EXPECT_EQ(windowProblem->text(),
+              QStringLiteral("The shortcut Ctrl+Alt+K is used by another program."));
+    EXPECT_TRUE(m_shortcuts->shortcut(CaptureMode::window).isEmpty());
+
+    const auto record = [&](QKeySequenceEdit* edit, const char* keys) {
+        click(edit);
+        xdotool({"key", QString::fromLatin1(keys)});
+        settle(1400); // the field takes the keys once none follow for a second
+        click(find<QListWidget>(QStringLiteral("settingsSidebar")), QPoint(4, 4)); // away
+        settle(200);
+    };
+    record(area, "ctrl+alt+a");
+    EXPECT_EQ(m_preferences->string(QStringLiteral("shot.shortcut.area")),
+              std::optional(QStringLiteral("Ctrl+Alt+A")));
+    EXPECT_EQ(m_shortcuts->shortcut(CaptureMode::area), QKeySequence(QStringLiteral("Ctrl+Alt+A")));
+
+    captured.clear();
+    xdotool({"key", "ctrl+alt+a"});
+    settle(300);
+    EXPECT_EQ(captured, QList<CaptureMode>{CaptureMode::area}) << "the new keys do not capture";
+    captured.clear();
+    xdotool({"key", "shift+Print"});
+    settle(300);
+    EXPECT_TRUE(captured.isEmpty()) << "the old keys still capture";
+
+    // The same keys for another capture are refused, and said so.
+    record(window, "ctrl+alt+a");
+    EXPECT_NE(m_preferences->string(QStringLiteral("shot.shortcut.window")),
+              std::optional(QStringLiteral("Ctrl+Alt+A")));
+    EXPECT_TRUE(windowProblem->isVisible());
+    EXPECT_TRUE(windowProblem->text().contains(QStringLiteral("Capture Area")))
+        << windowProblem->text().toStdString();
+
+
+    click(find<QPushButton>(QStringLiteral("resetShortcuts")));
+    EXPECT_EQ(area->keySequence(), QKeySequence(QStringLiteral("Shift+Print")));
+    EXPECT_FALSE(m_preferences->contains(QStringLiteral("shot.shortcut.area")));
+    captured.clear();
+    xdotool({"key", "shift+Print"});
+    settle(300);
+    EXPECT_EQ(captured, QList<CaptureMode>{CaptureMode::area});
+    test::saveArtifact(m_settings->grab().toImage(), QStringLiteral("settings-shortcuts-used.png"));
+}
+
+TEST_F(Settings, EditorDefaultsAreWhatNewMarksTake)
+{
+    open(QStringLiteral("Editor"));
+    tick(find<QCheckBox>(QLatin1String(keys::returnToSelect)));
+    EXPECT_TRUE(m_preferences->boolean(keys::returnToSelect, false));
+
+    auto* width = find<QSpinBox>(QStringLiteral("size.rect"));
+    click(width);
+    xdotool({"key", "ctrl+a", "type", "9"});
+    xdotool({"key", "Tab"});
+    EXPECT_EQ(storedToolStyle(*m_preferences, ShotToolKind::rect).lineWidth, 9);
+
+    {
+        test::ModalAnswer pick([](QDialog& dialog) {
+            static_cast<QColorDialog&>(dialog).setCurrentColor(QColor(0x20, 0x40, 0x60));
+            dialog.accept();
+        });
+        click(find<QToolButton>(QStringLiteral("color.text")));
+        settle(300);
+        EXPECT_TRUE(pick.answered());
+    }
+    EXPECT_EQ(storedToolStyle(*m_preferences, ShotToolKind::text).color.toQColor().name(),
+              QStringLiteral("#204060"));
+
+    auto* strength = find<QSpinBox>(QStringLiteral("strength.blur"));
+    click(strength);
+    xdotool({"key", "ctrl+a", "type", "30"});
+    xdotool({"key", "Tab"});
+    EXPECT_EQ(storedToolStyle(*m_preferences, ShotToolKind::blur).strength, 30);
+
+    // An editor opened now draws a rectangle 9 wide and returns to Select.
+    ShotEditorWindow& editor = openEditor(test::patternImage(400, 300), 1);
+    editor.model().setActiveTool(ShotToolKind::rect);
+    const QPoint a = editor.canvas().mapToGlobal(editor.canvas().toWidget({40, 40, 0, 0}).topLeft().toPoint());
+    xdotool({"mousemove", QString::number(a.x()), QString::number(a.y()), "mousedown", "1",
+             "mousemove", QString::number(a.x() + 60), QString::number(a.y() + 40), "mouseup", "1"});
+    ASSERT_EQ(editor.model().document().annotations.size(), 1);
+    EXPECT_EQ(editor.model().document().annotations.first().style.lineWidth, 9);
+    EXPECT_EQ(editor.model().activeTool(), ShotToolKind::select);
+}
+
+TEST_F(Settings, BackupsRoundTripAndRestoreWhatTheyCan)
+{
+    m_preferences->setValue(keys::copyRawOnCapture, true);
+    m_preferences->setValue(keys::quickSaveFormat, QStringLiteral("webp"));
+    m_preferences->setValue(QStringLiteral("shot.upload.r2.secretAccessKey"), QStringLiteral("hush"));
+    open(QStringLiteral("Backup"));
+    const QString file = m_dir.filePath(QStringLiteral("Nubo Shot Settings.json"));
+    {
+        test::ModalAnswer save([&](QDialog& dialog) {
+            static_cast<QFileDialog&>(dialog).selectFile(file);
+            dialog.accept();
+        });
+        click(find<QPushButton>(QStringLiteral("backUpSettings")));
+        settle(300);
+        EXPECT_TRUE(save.answered());
+    }
+    QFile written(file);
+    ASSERT_TRUE(written.open(QIODevice::ReadOnly)) << "no backup written";
+    const QByteArray backup = written.readAll();
+    EXPECT_TRUE(backup.contains("\"shot.quickSaveFormat\": \"webp\""));
+    EXPECT_FALSE(backup.contains("hush")) << "a secret went into the backup";
+
+    // Changed since; a restore brings the backup's values back, and the
+    // pages show them.
+    m_preferences->setValue(keys::copyRawOnCapture, false);
+    m_preferences->setValue(keys::quickSaveFormat, QStringLiteral("png"));
+    {
+        test::ModalAnswer restore([&](QDialog& dialog) {
+            // Typed as a path: the dialog's list may not have read the folder yet.
+            if (auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))) {
+                name->setText(file);
+            }
+            dialog.accept();
+        });
+        click(find<QPushButton>(QStringLiteral("restoreSettings")));
+        settle(300);
+        EXPECT_TRUE(restore.answered());
+    }
+    EXPECT_TRUE(m_preferences->boolean(keys::copyRawOnCapture, false))
+        << find<QLabel>(QStringLiteral("backupStatus"))->text().toStdString();
+    EXPECT_EQ(find<QComboBox>(QStringLiteral("quickSaveFormat"))->currentText(), QStringLiteral("WebP"));
+    EXPECT_TRUE(find<QLabel>(QStringLiteral("backupStatus"))->text().contains(QStringLiteral("restored")));
+    test::saveArtifact(m_settings->grab().toImage(), QStringLiteral("settings-backup-restored.png"));
+}
+
+TEST(ShotSettingsBackup, RestoresWhatItCanAndSaysWhatItSkipped)
+{
+    QTemporaryDir dir;
+    ShotPreferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
+    struct Case {
+        const char* name;
+        QByteArray file;
+        int restored;
+        QStringList skippedKeys;
+        bool problem;
+        bool newer;
+    };
+    const Case cases[] = {
+        {"damaged JSON", "{\"format\": \"nuboshot-settings\", \"settings\": {", 0, {}, true, false},
+        {"someone else's JSON", "{\"format\": \"other\", \"settings\": {}}", 0, {}, true, false},
+        {"not an object", "[1, 2]", 0, {}, true, false},
+        {"a newer version with keys we do not know",
+         R"({"format": "nuboshot-settings", "version": 7, "settings": {
+              "shot.copyRawOnCapture": true, "shot.hologram.enabled": true}})",
+         1, {"shot.hologram.enabled"}, false, true},
+        {"wrong types and values",
+         R"({"format": "nuboshot-settings", "version": 1, "settings": {
+              "shot.returnToSelect": "yes", "shot.quickSaveFormat": "tiff",
+              "shot.closeAfter.copy": false, "shot.style.arrow": "{\"color\": 5",
+              "shot.style.laser": "{}", "shot.shortcut.area": "Ctrl+Alt+Q",
+              "shot.shortcut.teleport": "F1", "shot.uploadDestination": "ftp",
+              "shot.upload.s3.secretAccessKey": "x"}})",
+         2,
+         {"shot.returnToSelect", "shot.quickSaveFormat", "shot.style.arrow", "shot.style.laser",
+          "shot.shortcut.teleport", "shot.uploadDestination", "shot.upload.s3.secretAccessKey"},
+         false, false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const ShotSettingsBackup::Report report = ShotSettingsBackup::restore(preferences, c.file);
+        EXPECT_EQ(report.restored, c.restored);
+        EXPECT_EQ(!report.problem.isEmpty(), c.problem) << report.summary().toStdString();
+        EXPECT_EQ(report.newerVersion, c.newer);
+        QStringList skipped;
+        for (const QString& line : report.skipped) {
+            skipped << line.section(u':', 0, 0);
+        }
+        skipped.sort();
+        QStringList expected = c.skippedKeys;
+        expected.sort();
+        EXPECT_EQ(skipped, expected) << report.summary().toStdString();
+    }
+    EXPECT_FALSE(preferences.boolean(closeAfterKey(ShotOutputAction::copy), true));
+    EXPECT_EQ(preferences.string(QStringLiteral("shot.shortcut.area")),
+              std::optional(QStringLiteral("Ctrl+Alt+Q")));
+    EXPECT_FALSE(preferences.contains(QStringLiteral("shot.upload.s3.secretAccessKey")));
+    // A special file is refused before it is opened.
+    const auto fifo = ShotSettingsBackup::restoreFile(preferences, QStringLiteral("/dev/zero"));
+    EXPECT_FALSE(fifo.problem.isEmpty());
+}
+
+} // namespace
+} // namespace nubo
