@@ -45,6 +45,7 @@ QLabel* ShotSettingsPage::addNote(QFormLayout* section, const QString& text)
 {
     auto* note = new QLabel(text, this);
     note->setWordWrap(true);
+    note->setMinimumWidth(400);
     note->setForegroundRole(QPalette::PlaceholderText);
     section->addRow(QString(), note);
     return note;

@@ -22,7 +22,8 @@ ShotSettingsWindow::ShotSettingsWindow(ShotSettingsContext context, QWidget* par
     m_sidebar->setIconSize(QSize(20, 20));
     m_sidebar->setFrameShape(QFrame::NoFrame);
     m_sidebar->setStyleSheet(QStringLiteral(
-        "QListWidget#settingsSidebar { background: palette(window); padding: 8px 6px; }"
+        "QListWidget#settingsSidebar { background: palette(window); padding: 8px 6px;"
+        " outline: 0; }"
         "QListWidget#settingsSidebar::item { padding: 7px 8px; border-radius: 6px; }"
         "QListWidget#settingsSidebar::item:selected { background: palette(highlight);"
         " color: palette(highlighted-text); }"));

@@ -166,6 +166,29 @@ TEST_F(Tray, StartsOnceShowsItsIconAndQuitsFromItsMenu)
     ASSERT_TRUE(waitUntil(menuShown, 5000)) << "a left click opened no menu";
     QThread::msleep(300);
     saveArtifact(screen->grabWindow(0).toImage(), QStringLiteral("tray-menu.png"));
+
+    // "Settings…" (just above Quit) opens one settings window; choosing it
+    // again brings the same window forward instead of a second one.
+    const auto settingsWindows = [] {
+        return run(QStringLiteral("xdotool"),
+                   {"search", "--onlyvisible", "--name", "^Nubo Shot Settings$"})
+            .split(u'\n', Qt::SkipEmptyParts)
+            .size();
+    };
+    run(QStringLiteral("xdotool"), {"key", "Up", "Up", "Return"});
+    ASSERT_TRUE(waitUntil([&] { return settingsWindows() == 1; }, 5000))
+        << "Settings… opened no window";
+    run(QStringLiteral("xdotool"),
+        {"mousemove", QString::number(centre.x()), QString::number(centre.y()), "click", "1"});
+    ASSERT_TRUE(waitUntil(menuShown, 5000));
+    QThread::msleep(300);
+    run(QStringLiteral("xdotool"), {"key", "Up", "Up", "Return"});
+    QThread::msleep(500);
+    EXPECT_EQ(settingsWindows(), 1);
+    run(QStringLiteral("xdotool"),
+        {"mousemove", QString::number(centre.x()), QString::number(centre.y()), "click", "1"});
+    ASSERT_TRUE(waitUntil(menuShown, 5000));
+    QThread::msleep(300);
     run(QStringLiteral("xdotool"), {"key", "Up"});
     run(QStringLiteral("xdotool"), {"key", "Return"});
     ASSERT_TRUE(m_app.waitForFinished(10000)) << "the menu did not quit the program";
