@@ -285,6 +285,21 @@ TEST_F(EditorLook, OpensAtHundredPercentWhenTheShotFits)
     }
 }
 
+// At 100 % a shot taken at the screen's own density lands pixel for pixel:
+// sharp on a 2x screen as on a 1x one (this runs at both scales).
+TEST_F(EditorLook, AShotAtTheScreensDensityIsPixelExactAtHundredPercent)
+{
+    const double ratio = QGuiApplication::primaryScreen()->devicePixelRatio();
+    const QImage shot = test::patternImage(int(300 * ratio), int(160 * ratio))
+                            .convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    ShotEditorWindow& window = place(shot, ratio);
+    ASSERT_DOUBLE_EQ(window.canvas().zoom(), 1);
+    const QImage shown = window.canvas().grab().toImage().convertToFormat(
+        QImage::Format_RGBA8888_Premultiplied);
+    ASSERT_EQ(shown.size(), shot.size());
+    EXPECT_EQ(test::compareImages(shown, shot, 0).maximum, 0) << "resampled at 100 %";
+}
+
 TEST_F(EditorLook, ZoomStepsPassHundredAndLargeShotsScrollAndPan)
 {
     EXPECT_TRUE(ShotCanvasView::zoomSteps().contains(1.0));
