@@ -1,0 +1,87 @@
+#pragma once
+
+#include <QImage>
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace nubo {
+
+// Turns same-sized frames of one screen rectangle, taken while its content
+// scrolls, into one tall image. The shift between two frames is found by
+// votes of rows whose hashes are unique in both, verified row by row (98 %
+// must match, exactly one candidate may pass); fixed header and footer
+// bands are measured once and kept out of the middle; only rows below what
+// is already stitched are appended, up to a row and a byte limit. A plain
+// value: one thread at a time.
+class ScrollStitcher {
+public:
+    struct Raster {
+        int width = 0;
+        int height = 0;
+        int stride = 0;       // width × 4
+        QImage bytes;         // RGBA8888 premultiplied, sRGB, rows of `stride` bytes
+        std::vector<uint64_t> rows;    // colour hash per row
+        std::vector<uint64_t> inkRows; // ink hash per row
+        int matchingStart = 0;         // first compared byte of a row
+        int matchingWidth = 0;         // compared bytes of a row
+
+        const uint8_t* row(int y) const { return bytes.constScanLine(y); }
+    };
+
+    enum class Update { accepted, unchanged, skipped, incompatibleSize, limitReached };
+
+    ScrollStitcher(qint64 maximumHeight, qint64 maximumBytes, double scale);
+
+    // Throws CaptureError (noContent) when the first frame admits no row.
+    Update add(const QImage& frame);
+    // The stitched image (output, then the footer); null when empty.
+    QImage makeImage() const;
+    // The same, handing over the stitched rows without a copy; the stitcher
+    // is empty afterwards.
+    QImage takeImage();
+    qint64 outputHeight() const;
+
+    static Raster raster(const QImage& frame, double scale);
+    // Row equality: equal bytes, or no byte pair more than 2 apart, over the
+    // compared bytes.
+    static bool rowsMatch(const Raster& a, int rowA, const Raster& b, int rowB);
+
+    qint64 maximumHeight;
+    qint64 maximumBytes;
+    double scale;
+    std::optional<Raster> previous;
+    std::vector<uint8_t> output;
+    std::vector<uint8_t> footer;
+    int headerRows = 0;
+    int footerRows = 0;
+    bool bandsEstablished = false;
+    qint64 position = 0;
+    qint64 frontier = 0;
+    qint64 limit = 0;
+    bool reachedLimit = false;
+    int width = 0;
+    std::optional<int> lastOffset;
+    double lastVerifiedRatio = 0;
+
+private:
+    struct Found {
+        int offset;
+        double ratio;
+    };
+    Update start(Raster raster);
+    std::optional<Found> findOffset(const Raster& next, int header, int footerBand) const;
+};
+
+// Whether the user should be asked to scroll back: three skipped frames in
+// a row, until a frame is accepted again.
+struct ScrollTrackingState {
+    int consecutiveMisses = 0;
+    bool isLost = false;
+
+    void record(ScrollStitcher::Update update);
+    bool operator==(const ScrollTrackingState&) const = default;
+};
+
+} // namespace nubo
