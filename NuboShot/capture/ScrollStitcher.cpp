@@ -194,11 +194,16 @@ std::optional<ScrollStitcher::Found> ScrollStitcher::findOffset(const Raster& ne
         if (rows <= 0) {
             continue;
         }
-        int matches = 0;
-        for (int r = from; r < to; ++r) {
-            matches += rowsMatch(prev, r + o, next, r);
+        // A shift that has already missed more than 2 % of its rows cannot
+        // pass: its verification stops there.
+        const int mayMiss = rows - (rows * 98 + 99) / 100;
+        int matches = 0, misses = 0;
+        for (int r = from; r < to && misses <= mayMiss; ++r) {
+            const bool match = rowsMatch(prev, r + o, next, r);
+            matches += match;
+            misses += !match;
         }
-        if (matches * 100 >= rows * 98) {
+        if (misses <= mayMiss && matches * 100 >= rows * 98) {
             if (found) {
                 return std::nullopt; // two shifts verify: never guessed
             }
