@@ -6,6 +6,7 @@
 #include "shell/ArchiveCommands.h"
 #include "shell/CaptureCommands.h"
 #include "shell/ExportCommand.h"
+#include "shell/StitchCommand.h"
 
 #include <QCoreApplication>
 
@@ -31,6 +32,7 @@ Commands:
   archive check DIR       read a shot archive and print what it holds
   export DIR -o FILE      render a shot archive to PNG, JPEG, HEIC or WebP
   export DIR --quick      ... into the quick-save folder under a dated name
+  stitch FRAME... -o FILE stitch frames of a scrolling area into one tall PNG
 
 Options:
   -h, --help              show this help; "nuboshot COMMAND --help" for a command
@@ -109,6 +111,9 @@ int run(const QStringList& arguments)
     }
     if (command == QLatin1String("export")) {
         return runExportCommand(arguments.mid(1));
+    }
+    if (command == QLatin1String("stitch")) {
+        return runStitchCommand(arguments.mid(1));
     }
     if (command == QLatin1String("displays")) {
         return runDisplaysCommand(arguments.mid(1));

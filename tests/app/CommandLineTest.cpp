@@ -5,8 +5,10 @@
 #include "support/Decoders.h"
 #include "support/Process.h"
 #include "support/QtPrinters.h"
+#include "support/RenderFixtures.h"
 
 #include <QDir>
+#include <QPainter>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -404,6 +406,59 @@ TEST(CommandLine, ReadingRefusesWhatIsNotAFileWithoutWaiting)
         EXPECT_TRUE(result.err.contains(QString::fromUtf8(c.inErr))) << result.err.toStdString();
         EXPECT_FALSE(QFileInfo::exists(out));
     }
+}
+
+} // namespace
+} // namespace nubo
+
+namespace nubo {
+namespace {
+
+// Frames of a window over a real screenshot, with a fixed header and footer,
+// stitched from files: the page comes back pixel for pixel.
+TEST(CommandLine, StitchesFramesFromFiles)
+{
+    QTemporaryDir dir;
+    const QImage page = QImage(QStringLiteral(NUBOSHOT_TEST_DATA "/web-1920x1080.png"))
+                            .convertToFormat(QImage::Format_RGBA8888_Premultiplied)
+                            .copy(0, 0, 800, 1080);
+    const auto window = [&](int scroll, int visible) {
+        QImage frame(800, visible + 40, QImage::Format_RGBA8888_Premultiplied);
+        frame.fill(QColor(40, 80, 160));                       // header and footer
+        QPainter painter(&frame);
+        painter.fillRect(0, visible + 20, 800, 20, QColor(230, 230, 200));
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.drawImage(0, 20, page.copy(0, scroll, 800, visible));
+        return frame;
+    };
+    QStringList frames;
+    for (const int scroll : {0, 90, 200, 330, 480}) {
+        const QString file = dir.filePath(QStringLiteral("frame-%1.png").arg(scroll));
+        ASSERT_TRUE(window(scroll, 300).save(file));
+        frames << file;
+    }
+    const QString out = dir.filePath(QStringLiteral("tall.png"));
+    const auto result = test::runNuboShot(QStringList{"stitch"} << frames << "-o" << out << "--verbose");
+    ASSERT_EQ(result.exitCode, 0) << result.err.toStdString();
+    const QStringList lines = result.out.split(u'\n', Qt::SkipEmptyParts);
+    ASSERT_EQ(lines.size(), 6) << result.out.toStdString();
+    EXPECT_TRUE(lines[1].endsWith(QStringLiteral(": accepted offset 90 verified 1.000")))
+        << lines[1].toStdString();
+    EXPECT_EQ(lines.last(), out);
+    const QImage stitched(out);
+    const QImage expected = window(0, 480 + 300);
+    ASSERT_EQ(stitched.size(), expected.size());
+    EXPECT_EQ(test::compareImages(stitched, expected, 0).maximum, 0);
+
+    // A frame that cannot be read: one line naming it, exit 1, nothing written.
+    const QString broken = dir.filePath(QStringLiteral("broken.png"));
+    QFile(broken).open(QIODevice::WriteOnly);
+    const QString other = dir.filePath(QStringLiteral("other.png"));
+    const auto bad = test::runNuboShot({"stitch", frames[0], broken, "-o", other});
+    EXPECT_EQ(bad.exitCode, 1);
+    EXPECT_TRUE(bad.err.contains(QStringLiteral("broken.png"))) << bad.err.toStdString();
+    EXPECT_EQ(bad.err.count(u'\n'), 1);
+    EXPECT_FALSE(QFile::exists(other));
 }
 
 } // namespace
