@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 // Every test binary runs inside a Qt application, as the program does: the
 // unit tests on the offscreen platform, the others on the private X session.
@@ -29,6 +30,14 @@ int main(int argc, char** argv)
     qputenv("XDG_CONFIG_HOME", path + "/config");
     qputenv("XDG_DATA_HOME", path + "/data");
     qputenv("XDG_CACHE_HOME", path + "/cache");
+    // Temporary exports (drag, share) live in the runtime folder: one of its
+    // own too, so that counting or sweeping them never sees another test's.
+    const QByteArray runtime = path + "/runtime";
+    if (::mkdir(runtime.constData(), 0700) != 0) {
+        std::fprintf(stderr, "cannot make a runtime folder %s\n", runtime.constData());
+        return 1;
+    }
+    qputenv("XDG_RUNTIME_DIR", runtime);
     qputenv("NUBOSHOT_TEST_ARTIFACTS", NUBOSHOT_TEST_ARTIFACTS);
     if (std::strcmp(NUBOSHOT_TEST_LABEL, "unit") == 0) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
