@@ -42,9 +42,6 @@ public:
             row.problem = new QLabel(this);
             row.problem->setObjectName(QStringLiteral("shortcutProblem.") + toString(mode));
             row.problem->setWordWrap(true);
-            QPalette warning = row.problem->palette();
-            warning.setColor(QPalette::WindowText, QColor(200, 40, 40));
-            row.problem->setPalette(warning);
             section->addRow(QString(), row.problem);
             connect(row.edit, &QKeySequenceEdit::editingFinished, this,
                     [this, mode] { recorded(mode); });
@@ -79,6 +76,12 @@ public:
             if (problem.isEmpty() && m_context.shortcuts) {
                 problem = m_context.shortcuts->problem(row.mode);
             }
+            // A problem in red; a plain remark in the quiet colour of notes.
+            QPalette tone = row.problem->palette();
+            tone.setColor(QPalette::WindowText, problem.isEmpty()
+                                                    ? palette().color(QPalette::PlaceholderText)
+                                                    : QColor(200, 40, 40));
+            row.problem->setPalette(tone);
             if (problem.isEmpty() && !ShotGlobalShortcuts::isBound(row.mode)) {
                 problem = QStringLiteral("Kept for when scrolling capture is available.");
             }

@@ -25,8 +25,8 @@ bool ShotAutostart::isEnabled()
 
 QByteArray ShotAutostart::entry(const QString& program)
 {
-    // The Exec key quotes the path and escapes what the desktop entry
-    // specification reserves inside quotes.
+    // The Exec key quotes the path, escaping what desktop entries reserve
+    // inside quotes (backslash, double quote, backtick, dollar).
     QString quoted = program;
     quoted.replace(u'\\', QStringLiteral("\\\\\\\\"))
         .replace(u'"', QStringLiteral("\\\\\""))
