@@ -99,6 +99,17 @@ double arrowWidth(ArrowSizePreset preset)
     return 4;
 }
 
+ArrowSizePreset nearestArrowSizePreset(double width)
+{
+    ArrowSizePreset nearest = ArrowSizePreset::s;
+    for (const ArrowSizePreset preset : allCases<ArrowSizePreset>()) {
+        if (std::abs(arrowWidth(preset) - width) < std::abs(arrowWidth(nearest) - width)) {
+            nearest = preset;
+        }
+    }
+    return nearest;
+}
+
 QRectF ShotDocument::visibleRect() const
 {
     return (crop ? *crop : canvasBounds).normalized();

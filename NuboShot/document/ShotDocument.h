@@ -83,6 +83,8 @@ template <> struct EnumNames<ArrowSizePreset> {
 };
 // The arrow line width a preset stands for, in points.
 double arrowWidth(ArrowSizePreset preset);
+// The preset whose width is nearest (a width set elsewhere may lie between).
+ArrowSizePreset nearestArrowSizePreset(double width);
 
 
 // Ties one display to document space. `globalFrame` is the display in the

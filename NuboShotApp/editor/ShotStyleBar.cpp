@@ -1,6 +1,7 @@
 #include "editor/ShotStyleBar.h"
 
 #include "core/Settings.h"
+#include "style/ShotIcons.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -298,30 +299,13 @@ void ShotStyleBar::showStyle()
         m_custom->setIcon({});
         m_custom->setText(QStringLiteral("+"));
     } else {
-        QPixmap dot(swatchSide * 2, swatchSide * 2);
-        dot.setDevicePixelRatio(2);
-        dot.fill(Qt::transparent);
-        QPainter painter(&dot);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(QWidget::palette().color(QPalette::Highlight), 2));
-        painter.setBrush(color);
-        painter.drawEllipse(QRectF(2, 2, swatchSide - 4, swatchSide - 4));
-        painter.end();
-        m_custom->setIcon(QIcon(dot));
+        m_custom->setIcon(ShotIcons::colorDot(color, QWidget::palette().color(QPalette::Highlight),
+                                              swatchSide));
         m_custom->setIconSize(QSize(swatchSide, swatchSide));
     }
     m_lineWidth->setValue(int(std::lround(style.lineWidth)));
-    // The preset nearest to the width (a width set elsewhere may lie between).
-    int nearest = 0;
-    for (int i = 1; i < m_arrowSize->count(); ++i) {
-        const auto width = [&](int index) {
-            return arrowWidth(ArrowSizePreset(m_arrowSize->itemData(index).toInt()));
-        };
-        if (std::abs(width(i) - style.lineWidth) < std::abs(width(nearest) - style.lineWidth)) {
-            nearest = i;
-        }
-    }
-    m_arrowSize->setCurrentIndex(nearest);
+    m_arrowSize->setCurrentIndex(
+        std::max(0, m_arrowSize->findData(int(nearestArrowSizePreset(style.lineWidth)))));
     m_fontSize->setValue(int(std::lround(style.fontSize)));
     m_outline->setChecked(style.textOutline);
     m_strength->setValue(int(std::lround(style.strength)));

@@ -19,19 +19,6 @@ namespace nubo {
 
 namespace {
 
-QIcon colorDot(const QColor& color)
-{
-    QPixmap dot(36, 36);
-    dot.setDevicePixelRatio(2);
-    dot.fill(Qt::transparent);
-    QPainter painter(&dot);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(0, 0, 0, 90), 1));
-    painter.setBrush(color);
-    painter.drawEllipse(QRectF(1.5, 1.5, 15, 15));
-    return QIcon(dot);
-}
-
 class EditorSettingsPage : public ShotSettingsPage {
 public:
     EditorSettingsPage(const ShotSettingsContext& context, QWidget* parent)
@@ -39,13 +26,10 @@ public:
                            parent)
     {
         QFormLayout* tools = addSection(QStringLiteral("Tools"));
-        m_returnToSelect = new QCheckBox(QStringLiteral("Return to Select after drawing"), this);
-        m_returnToSelect->setObjectName(QLatin1String(keys::returnToSelect));
-        tools->addRow(m_returnToSelect);
+        addSwitch(tools, QStringLiteral("Return to Select after drawing"),
+                  QLatin1String(keys::returnToSelect), false);
         addNote(tools, QStringLiteral("Draw and Number stay active, for one stroke or number "
                                       "after another."));
-        connect(m_returnToSelect, &QCheckBox::toggled, this,
-                [this](bool on) { preferences().setValue(keys::returnToSelect, on); });
 
         QFormLayout* styles = addSection(QStringLiteral("Colour and size of new marks"));
         for (const ShotToolKind tool : allCases<ShotToolKind>()) {
@@ -111,29 +95,18 @@ public:
 
     void reload() override
     {
-        {
-            const QSignalBlocker quiet(m_returnToSelect);
-            m_returnToSelect->setChecked(preferences().boolean(keys::returnToSelect, false));
-        }
+        reloadSwitches();
         for (const Row& row : m_rows) {
             const ShotStyle style = storedToolStyle(preferences(), row.tool);
             if (row.color) {
-                row.color->setIcon(colorDot(style.color.toQColor()));
+                row.color->setIcon(
+                    ShotIcons::colorDot(style.color.toQColor(), QColor(0, 0, 0, 90), 18));
                 row.color->setAccessibleName(style.color.toQColor().name(QColor::HexArgb));
             }
             if (row.arrow) {
                 const QSignalBlocker quiet(row.arrow);
-                int nearest = 0;
-                for (int i = 1; i < row.arrow->count(); ++i) {
-                    const auto width = [&](int index) {
-                        return arrowWidth(ArrowSizePreset(row.arrow->itemData(index).toInt()));
-                    };
-                    if (std::abs(width(i) - style.lineWidth) <
-                        std::abs(width(nearest) - style.lineWidth)) {
-                        nearest = i;
-                    }
-                }
-                row.arrow->setCurrentIndex(nearest);
+                row.arrow->setCurrentIndex(std::max(
+                    0, row.arrow->findData(int(nearestArrowSizePreset(style.lineWidth)))));
             }
             if (row.size) {
                 const QSignalBlocker quiet(row.size);
@@ -172,7 +145,6 @@ private:
         }
     }
 
-    QCheckBox* m_returnToSelect = nullptr;
     QSpinBox* m_strength = nullptr;
     std::vector<Row> m_rows;
 };

@@ -35,9 +35,10 @@ public:
         });
 
         QFormLayout* shots = addSection(QStringLiteral("Shots"));
-        m_recent = boolean(shots, QStringLiteral("Show Recent in menu"), keys::recentEnabled, true);
-        m_copyRaw =
-            boolean(shots, QStringLiteral("Also copy raw shot"), keys::copyRawOnCapture, false);
+        addSwitch(shots, QStringLiteral("Show Recent in menu"), QLatin1String(keys::recentEnabled),
+                  true);
+        addSwitch(shots, QStringLiteral("Also copy raw shot"),
+                  QLatin1String(keys::copyRawOnCapture), false);
         addNote(shots, QStringLiteral("Puts every capture on the clipboard at once, before "
                                       "anything is drawn on it."));
         reload();
@@ -50,34 +51,12 @@ public:
         if (m_loginProblem->text().isEmpty()) {
             m_loginProblem->hide();
         }
-        for (const auto& [box, key, fallback] : m_booleans) {
-            const QSignalBlocker still(box);
-            box->setChecked(preferences().boolean(key, fallback));
-        }
+        reloadSwitches();
     }
 
 private:
-    QCheckBox* boolean(QFormLayout* section, const QString& label, const char* key, bool fallback)
-    {
-        auto* box = new QCheckBox(label, this);
-        box->setObjectName(QLatin1String(key));
-        section->addRow(box);
-        connect(box, &QCheckBox::toggled, this,
-                [this, key](bool on) { preferences().setValue(key, on); });
-        m_booleans.push_back({box, key, fallback});
-        return box;
-    }
-
-    struct Boolean {
-        QCheckBox* box;
-        const char* key;
-        bool fallback;
-    };
     QCheckBox* m_login = nullptr;
     QLabel* m_loginProblem = nullptr;
-    QCheckBox* m_recent = nullptr;
-    QCheckBox* m_copyRaw = nullptr;
-    std::vector<Boolean> m_booleans;
 };
 
 } // namespace

@@ -73,17 +73,11 @@ public:
                                      "and so on: no file is ever replaced."));
 
         QFormLayout* close = addSection(QStringLiteral("Close the editor after"));
-        for (const auto& [action, label] :
-             {std::pair{ShotOutputAction::copy, "Copying"}, std::pair{ShotOutputAction::save, "Saving"},
-              std::pair{ShotOutputAction::drag, "Dragging out"}}) {
-            auto* box = new QCheckBox(QLatin1String(label), this);
-            box->setObjectName(closeAfterKey(action));
-            close->addRow(box);
-            connect(box, &QCheckBox::toggled, this, [this, action = action](bool on) {
-                preferences().setValue(closeAfterKey(action), on);
-            });
-            m_closeAfter.push_back({action, box});
-        }
+        // Missing or not true/false reads as closing, as the editor reads it.
+        addSwitch(close, QStringLiteral("Copying"), closeAfterKey(ShotOutputAction::copy), true);
+        addSwitch(close, QStringLiteral("Saving"), closeAfterKey(ShotOutputAction::save), true);
+        addSwitch(close, QStringLiteral("Dragging out"), closeAfterKey(ShotOutputAction::drag),
+                  true);
         addNote(close, QStringLiteral("Hold Alt, or pin the editor, to keep it open once."));
         reload();
     }
@@ -107,10 +101,7 @@ public:
         m_folderNote->setVisible(!m_folderNote->text().isEmpty());
         const QSignalBlocker quiet(m_format);
         m_format->setCurrentIndex(int(ShotQuickSave::format(preferences())));
-        for (const auto& [action, box] : m_closeAfter) {
-            const QSignalBlocker still(box);
-            box->setChecked(closesAfter(preferences(), action));
-        }
+        reloadSwitches();
     }
 
 private:
@@ -118,7 +109,6 @@ private:
     QPushButton* m_useDownloads = nullptr;
     QLabel* m_folderNote = nullptr;
     QComboBox* m_format = nullptr;
-    std::vector<std::pair<ShotOutputAction, QCheckBox*>> m_closeAfter;
 };
 
 } // namespace

@@ -1,5 +1,8 @@
 #include "settings/ShotSettingsPage.h"
 
+#include "core/Settings.h"
+
+#include <QCheckBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QVBoxLayout>
@@ -49,6 +52,25 @@ QLabel* ShotSettingsPage::addNote(QFormLayout* section, const QString& text)
     note->setForegroundRole(QPalette::PlaceholderText);
     section->addRow(QString(), note);
     return note;
+}
+
+QCheckBox* ShotSettingsPage::addSwitch(QFormLayout* section, const QString& label,
+                                       const QString& key, bool fallback)
+{
+    auto* box = new QCheckBox(label, this);
+    box->setObjectName(key);
+    section->addRow(box);
+    connect(box, &QCheckBox::toggled, this, [this, key](bool on) { preferences().setValue(key, on); });
+    m_switches.push_back({box, key, fallback});
+    return box;
+}
+
+void ShotSettingsPage::reloadSwitches()
+{
+    for (const Switch& s : m_switches) {
+        const QSignalBlocker quiet(s.box);
+        s.box->setChecked(preferences().boolean(s.key, s.fallback));
+    }
 }
 
 } // namespace nubo

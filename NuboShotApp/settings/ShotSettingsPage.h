@@ -4,7 +4,9 @@
 #include <QWidget>
 
 #include <functional>
+#include <vector>
 
+class QCheckBox;
 class QFormLayout;
 class QLabel;
 class QVBoxLayout;
@@ -48,13 +50,24 @@ protected:
     QFormLayout* addSection(const QString& title);
     // A line of grey help under the last row of a section.
     QLabel* addNote(QFormLayout* section, const QString& text);
+    // A check box for a Boolean preference: written when toggled, shown by
+    // reloadSwitches() (a value of the wrong type shows `fallback`).
+    QCheckBox* addSwitch(QFormLayout* section, const QString& label, const QString& key,
+                         bool fallback);
+    void reloadSwitches();
     ShotPreferences& preferences() const { return m_context.preferences; }
 
     const ShotSettingsContext& m_context;
 
 private:
+    struct Switch {
+        QCheckBox* box;
+        QString key;
+        bool fallback;
+    };
     QString m_title;
     QString m_icon;
+    std::vector<Switch> m_switches;
     QVBoxLayout* m_layout;
 };
 

@@ -145,6 +145,20 @@ QCursor ShotIcons::cursor(const QString& name, QPointF hotSpot)
     return QCursor(pixmap, int(std::lround(hotSpot.x())), int(std::lround(hotSpot.y())));
 }
 
+QIcon ShotIcons::colorDot(const QColor& fill, const QColor& edge, int side)
+{
+    QPixmap dot(side * 2, side * 2);
+    dot.setDevicePixelRatio(2);
+    dot.fill(Qt::transparent);
+    QPainter painter(&dot);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(edge, 1.5));
+    painter.setBrush(fill);
+    painter.drawEllipse(QRectF(2, 2, side - 4, side - 4));
+    painter.end();
+    return QIcon(dot);
+}
+
 QStringList ShotIcons::names()
 {
     registerIconResource();

@@ -20,6 +20,9 @@ public:
     // A pointer drawn from an icon, black with a white halo so that it shows
     // on any picture; `hotSpot` in the icon's 24-point grid.
     static QCursor cursor(const QString& name, QPointF hotSpot);
+    // A round dot of a colour with a thin edge, `side` points across, drawn
+    // at twice the pixels (sharp at 1x and 2x).
+    static QIcon colorDot(const QColor& fill, const QColor& edge, int side);
     // Every icon we ship.
     static QStringList names();
 };
