@@ -4,6 +4,7 @@
 #include "capture/GlobalShortcuts.h"
 #include "capture/ScreenCapturing.h"
 #include "capture/ScreenRegionStreaming.h"
+#include "capture/ScrollDriving.h"
 #include "core/Error.h"
 
 #include <QRect>
@@ -20,6 +21,7 @@ struct CapturePlatformFeatures {
     bool regionStreams = false;   // repeated frames of a region (scrolling)
     bool globalShortcuts = false; // keys that work wherever the focus is
     bool recording = false;       // movies of the screen
+    bool autoScroll = false;      // wheel turns sent to what the user scrolls
     bool operator==(const CapturePlatformFeatures&) const = default;
 };
 
@@ -41,6 +43,8 @@ public:
     virtual std::shared_ptr<ScreenCapturing> capturer() = 0;
     // Null when the backend has no region streams.
     virtual std::shared_ptr<ScreenRegionStreaming> regionStreaming() = 0;
+    // Null when the backend cannot turn the wheel for auto-scroll.
+    virtual std::shared_ptr<ScrollDriving> scrollDriving() = 0;
     // Null when the backend has no global shortcuts. Main thread.
     virtual std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() = 0;
 };

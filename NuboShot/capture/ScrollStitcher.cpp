@@ -309,6 +309,25 @@ QImage ScrollStitcher::makeImage() const
     return image;
 }
 
+QImage ScrollStitcher::tail(qint64 rows) const
+{
+    const qint64 height = outputHeight();
+    rows = std::min(rows, height);
+    if (width < 1 || rows < 1) {
+        return {};
+    }
+    QImage image(width, int(rows), QImage::Format_RGBA8888_Premultiplied);
+    if (image.isNull()) {
+        return {};
+    }
+    const size_t stride = size_t(width) * 4;
+    const size_t fromFooter = std::min(footer.size(), size_t(rows) * stride);
+    const size_t fromOutput = size_t(rows) * stride - fromFooter;
+    std::memcpy(image.bits(), output.data() + output.size() - fromOutput, fromOutput);
+    std::memcpy(image.bits() + fromOutput, footer.data() + footer.size() - fromFooter, fromFooter);
+    return image;
+}
+
 QImage ScrollStitcher::takeImage()
 {
     const qint64 height = outputHeight();

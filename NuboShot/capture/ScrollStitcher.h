@@ -42,6 +42,9 @@ public:
     // is empty afterwards.
     QImage takeImage();
     qint64 outputHeight() const;
+    // A copy of the last `rows` rows of the stitched image (all of it when
+    // shorter): what a preview of the newest content needs.
+    QImage tail(qint64 rows) const;
 
     static Raster raster(const QImage& frame, double scale);
     // Row equality: equal bytes, or no byte pair more than 2 apart, over the

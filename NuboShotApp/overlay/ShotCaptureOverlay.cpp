@@ -39,9 +39,15 @@ void ShotCaptureOverlay::setSelection(const QRectF& rect)
 
 QString ShotCaptureOverlay::instruction(Mode mode)
 {
-    return mode == Mode::area
-               ? QStringLiteral("Drag to capture \u00b7 Space: Window \u00b7 Esc: Cancel")
-               : QStringLiteral("Click a window \u00b7 Space: Area \u00b7 Esc: Cancel");
+    switch (mode) {
+    case Mode::area:
+        return QStringLiteral("Drag to capture \u00b7 Space: Window \u00b7 Esc: Cancel");
+    case Mode::window:
+        return QStringLiteral("Click a window \u00b7 Space: Area \u00b7 Esc: Cancel");
+    case Mode::scrolling:
+        break;
+    }
+    return QStringLiteral("Drag to select scroll area \u00b7 Esc: Cancel");
 }
 
 std::optional<ResizeHandle> ShotCaptureOverlay::cornerAt(const QRectF& selection, QPointF point)
@@ -119,7 +125,7 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
         painter.setBrush(Qt::NoBrush);
         painter.drawRect(clear->adjusted(-0.5, -0.5, 0.5, 0.5));
         const double s = m_display.space.scale;
-        if (m_mode == Mode::area) {
+        if (m_mode != Mode::window) {
             // The size in pixels beside the selection, and its corner handles.
             label(*clear, QStringLiteral("%1 \u00d7 %2")
                               .arg(qRound(clear->width() * s))
@@ -282,13 +288,15 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
         emit cancelled();
         return;
     case Qt::Key_Space:
-        emit modeToggled(m_mode == Mode::area ? Mode::window : Mode::area);
+        if (m_mode != Mode::scrolling) { // a scrolling area is always dragged
+            emit modeToggled(m_mode == Mode::area ? Mode::window : Mode::area);
+        }
         return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (m_mode == Mode::window && m_hovered) {
             accept({ShotCaptureSelection::Window{m_display.id, *m_hovered}});
-        } else if (m_mode == Mode::area) {
+        } else if (m_mode != Mode::window) {
             acceptSelection();
         }
         return;
@@ -308,7 +316,7 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
         return;
     }
-    if (m_selection && m_mode == Mode::area) {
+    if (m_selection && m_mode != Mode::window) {
         m_selection = nudged(*m_selection, by, QSizeF(size()));
         update();
     }

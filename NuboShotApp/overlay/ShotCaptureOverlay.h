@@ -32,7 +32,8 @@ public:
     static constexpr double minimumSide = 4; // points: smaller selections are not taken
     static constexpr double handleReach = 8; // points around a corner that grab it
 
-    enum class Mode { area, window };
+    // `scrolling` frames an area like `area`, without the switch to windows.
+    enum class Mode { area, window, scrolling };
 
     ShotCaptureOverlay(DisplayCapture display, QList<CapturableWindow> windows, Mode mode,
                        QWidget* parent = nullptr);

@@ -30,8 +30,9 @@ void ShotOverlayController::present(const QList<DisplayCapture>& displays,
     Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
     finish();
     m_shown = false;
-    const auto overlayMode = mode == CaptureMode::window ? ShotCaptureOverlay::Mode::window
-                                                         : ShotCaptureOverlay::Mode::area;
+    const auto overlayMode = mode == CaptureMode::window      ? ShotCaptureOverlay::Mode::window
+                             : mode == CaptureMode::scrolling ? ShotCaptureOverlay::Mode::scrolling
+                                                              : ShotCaptureOverlay::Mode::area;
     for (const DisplayCapture& display : displays) {
         auto* overlay = new ShotCaptureOverlay(display, windows, overlayMode);
         m_overlays.append(overlay);

@@ -82,9 +82,6 @@ public:
                                                     ? palette().color(QPalette::PlaceholderText)
                                                     : QColor(200, 40, 40));
             row.problem->setPalette(tone);
-            if (problem.isEmpty() && !ShotGlobalShortcuts::isBound(row.mode)) {
-                problem = QStringLiteral("Kept for when scrolling capture is available.");
-            }
             row.problem->setText(problem);
             row.problem->setVisible(!problem.isEmpty());
         }

@@ -260,14 +260,14 @@ int runCaptureCommand(const QStringList& arguments)
     const QString help = QStringLiteral("capture");
     if (arguments.contains(QLatin1String("-h")) || arguments.contains(QLatin1String("--help"))) {
         print(QStringLiteral(
-            "Usage: nuboshot capture area|window|fullscreen\n\n"
+            "Usage: nuboshot capture area|window|fullscreen|scrolling\n\n"
             "Asks the running Nubo Shot (started if needed) to capture, as its menu does."));
         return success;
     }
     const auto mode =
         arguments.size() == 1 ? fromString<CaptureMode>(arguments.first()) : std::nullopt;
-    if (!mode || *mode == CaptureMode::scrolling) {
-        return usage(QStringLiteral("capture takes area, window or fullscreen"), help);
+    if (!mode) {
+        return usage(QStringLiteral("capture takes area, window, fullscreen or scrolling"), help);
     }
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {

@@ -17,10 +17,10 @@ ShotBusService::ShotBusService(std::shared_ptr<CapturePlatform> platform, ShotFe
 void ShotBusService::CaptureShot(const QString& mode, const QDBusMessage& message)
 {
     const auto parsed = fromString<CaptureMode>(mode);
-    if (!parsed || *parsed == CaptureMode::scrolling) {
+    if (!parsed) {
         QDBusConnection::sessionBus().send(message.createErrorReply(
             QLatin1String(GrabOverBus::errorName),
-            QStringLiteral("\u201c%1\u201d is not a capture mode: area, window or fullscreen.")
+            QStringLiteral("\u201c%1\u201d is not a capture mode: area, window, fullscreen or scrolling.")
                 .arg(mode)));
         message.setDelayedReply(true);
         return;

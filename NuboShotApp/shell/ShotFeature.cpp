@@ -8,6 +8,8 @@
 #include "output/ShotOutputActions.h"
 #include "output/ShotRawClipboardTracker.h"
 #include "overlay/ShotOverlayController.h"
+#include "scrolling/ShotScrollingPanel.h"
+#include "scrolling/ShotScrollingSession.h"
 #include "shell/EditorCommands.h"
 #include "shell/ShotStatusMenu.h"
 
@@ -40,8 +42,14 @@ ShotFeature::ShotFeature(std::shared_ptr<CapturePlatform> platform, QString plat
     });
     connect(m_overlay.get(), &ShotOverlayController::answered, this,
             [this](const ShotOverlayOutcome& outcome) {
-                m_accepted.start();
-                framed(std::get<ShotOverlayOutcome::Capture>(outcome.outcome).selection);
+                const ShotCaptureSelection& selection =
+                    std::get<ShotOverlayOutcome::Capture>(outcome.outcome).selection;
+                if (m_mode == CaptureMode::scrolling) {
+                    startScrolling(selection);
+                } else {
+                    m_accepted.start();
+                    framed(selection);
+                }
             });
     connect(m_overlay.get(), &ShotOverlayController::cancelled, this, [this] {
         qCInfo(lcApp, "Capture cancelled");
@@ -52,6 +60,7 @@ ShotFeature::ShotFeature(std::shared_ptr<CapturePlatform> platform, QString plat
 
 ShotFeature::~ShotFeature()
 {
+    delete m_scrolling.data();
     for (const QPointer<ShotEditorWindow>& editor : std::as_const(m_editors)) {
         delete editor.data();
     }
@@ -59,8 +68,7 @@ ShotFeature::~ShotFeature()
 
 bool ShotFeature::isOffered(CaptureMode mode) const
 {
-    return mode != CaptureMode::scrolling && // scrolling comes with its session
-           (!m_platform || m_platform->features().modes.contains(mode));
+    return !m_platform || m_platform->features().modes.contains(mode);
 }
 
 QList<ShotEditorWindow*> ShotFeature::editors() const
@@ -113,6 +121,7 @@ void ShotFeature::capture(CaptureMode mode)
         return; // one capture at a time
     }
     m_capturing = true;
+    m_mode = mode;
     m_requested.start();
     // Fullscreen freezes only the display it takes: the one under the pointer.
     const QPoint pointer = QCursor::pos();
@@ -138,7 +147,9 @@ void ShotFeature::capture(CaptureMode mode)
             } else {
                 // Every display frozen first; the user frames over these images.
                 result.displays = capturer->captureDisplays();
-                result.windows = capturer->listWindows(false).windows;
+                if (mode != CaptureMode::scrolling) { // only areas are scrolled
+                    result.windows = capturer->listWindows(false).windows;
+                }
             }
             qCInfo(lcApp, "Frozen displays ready count=%lld",
                    static_cast<long long>(result.displays.size()));
@@ -207,6 +218,51 @@ void ShotFeature::framed(const ShotCaptureSelection& selection)
     failed(CaptureError::messageFor(CaptureError::Code::noContent));
 }
 
+void ShotFeature::startScrolling(const ShotCaptureSelection& selection)
+{
+    const QList<DisplayCapture> frozen = std::exchange(m_frozen, {});
+    QList<ScreenSpace> spaces;
+    std::optional<ScreenSpace> display;
+    for (const DisplayCapture& d : frozen) {
+        spaces.append(d.space);
+        if (d.id == selection.display()) {
+            display = d.space;
+        }
+    }
+    if (!display) {
+        failed(CaptureError::messageFor(CaptureError::Code::noContent));
+        return;
+    }
+    auto* session =
+        new ShotScrollingSession(m_platform, *display, spaces, selection.globalRect(), this);
+    m_scrolling = session;
+    connect(session, &ShotScrollingSession::finished, this,
+            [this, session](const QImage& image, double scale, const QString& notice) {
+                session->deleteLater();
+                m_accepted.start();
+                finishCapture(image, scale, notice);
+            });
+    connect(session, &ShotScrollingSession::cancelled, this, [this, session] {
+        session->deleteLater();
+        m_capturing = false;
+    });
+    connect(session, &ShotScrollingSession::failed, this,
+            [this, session](const QString& message) {
+                session->deleteLater();
+                failed(message);
+            });
+    try {
+        session->start();
+    } catch (const CaptureError& error) {
+        qCWarning(lcScrolling, "Scrolling capture could not start: %s", qPrintable(error.detail()));
+        delete session;
+        failed(error.message());
+    } catch (const Error& error) {
+        delete session;
+        failed(error.message());
+    }
+}
+
 void ShotFeature::failed(const QString& message)
 {
     m_capturing = false;
@@ -214,12 +270,15 @@ void ShotFeature::failed(const QString& message)
     presentAlert(QStringLiteral("Could Not Capture Screen"), message);
 }
 
-void ShotFeature::finishCapture(const QImage& image, double scale)
+void ShotFeature::finishCapture(const QImage& image, double scale, const QString& notice)
 {
     m_capturing = false;
     qCInfo(lcApp, "Capture opening editor size=%dx%d", image.width(), image.height());
     ShotDocument document = ShotDocument::fromImage(image, scale);
     ShotEditorWindow* editor = openEditor(document);
+    if (!notice.isEmpty()) {
+        editor->showNotice(notice);
+    }
     if (m_preferences.boolean(keys::copyRawOnCapture, false)) {
         copyRaw(editor, document);
     }

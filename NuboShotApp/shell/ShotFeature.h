@@ -17,6 +17,7 @@ class ShotEditorWindow;
 class ShotOverlayController;
 class ShotPreferences;
 class ShotRenderer;
+class ShotScrollingSession;
 
 // Runs still captures and opens their results, and images from files, in
 // editor windows. Captures run on worker threads; the tray stays
@@ -41,7 +42,7 @@ public:
                    std::function<void(const QStringList& failures)> done);
     // The editors open now.
     QList<ShotEditorWindow*> editors() const;
-    // Offered by the platform, and by this program (scrolling comes with its session).
+    // Offered by the platform.
     bool isOffered(CaptureMode mode) const;
 
     // How failures reach the user; replaceable for tests. The default is a
@@ -61,9 +62,10 @@ private:
     };
     void frozen(CaptureMode mode, const Frozen& result);
     void framed(const ShotCaptureSelection& selection);
+    void startScrolling(const ShotCaptureSelection& selection);
     void failed(const QString& message);
     ShotEditorWindow* openEditor(ShotDocument document);
-    void finishCapture(const QImage& image, double scale);
+    void finishCapture(const QImage& image, double scale, const QString& notice = {});
     void copyRaw(ShotEditorWindow* editor, const ShotDocument& document);
 
     std::shared_ptr<CapturePlatform> m_platform;
@@ -72,6 +74,8 @@ private:
     ShotRenderer& m_renderer;
     QList<QPointer<ShotEditorWindow>> m_editors;
     std::unique_ptr<ShotOverlayController> m_overlay;
+    QPointer<ShotScrollingSession> m_scrolling;
+    CaptureMode m_mode = CaptureMode::area; // of the capture under way
     QList<DisplayCapture> m_frozen; // the displays under the overlay
     bool m_capturing = false;
     QElapsedTimer m_requested; // for the latencies the log reports

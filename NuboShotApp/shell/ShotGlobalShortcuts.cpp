@@ -40,11 +40,6 @@ QKeySequence ShotGlobalShortcuts::stored(const ShotPreferences& preferences, Cap
     return keys.count() == 1 && keys[0].key() != Qt::Key_unknown ? keys : fallback;
 }
 
-bool ShotGlobalShortcuts::isBound(CaptureMode mode)
-{
-    return mode != CaptureMode::scrolling; // bound once its session exists
-}
-
 ShotGlobalShortcuts::ShotGlobalShortcuts(std::unique_ptr<GlobalShortcuts> shortcuts,
                                          ShotPreferences& preferences,
                                          std::function<void(CaptureMode)> capture)
@@ -69,9 +64,7 @@ void ShotGlobalShortcuts::rebind()
     }
     QList<GlobalShortcutBinding> bindings;
     for (const CaptureMode mode : allCases<CaptureMode>()) {
-        if (isBound(mode)) {
-            bindings.append({toString(mode), stored(m_preferences, mode)});
-        }
+        bindings.append({toString(mode), stored(m_preferences, mode)});
     }
     m_problems = m_shortcuts->bind(bindings);
     m_bound.clear();

@@ -32,8 +32,6 @@ public:
     // The keys stored for a mode: the default when missing or unreadable,
     // empty when switched off.
     static QKeySequence stored(const ShotPreferences& preferences, CaptureMode mode);
-    // Whether a mode's shortcut is bound (scrolling waits for its session).
-    static bool isBound(CaptureMode mode);
 
     // Binds again as stored now; `changed` hears of it.
     void rebind();

@@ -24,12 +24,11 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
     : QObject(parent), m_actions(std::move(actions))
 {
     for (const CaptureMode mode : allCases<CaptureMode>()) {
-        if (mode == CaptureMode::scrolling) {
-            continue; // offered once its session exists
-        }
         const QString icon = mode == CaptureMode::area     ? QStringLiteral("nuboshot-capture-area")
                              : mode == CaptureMode::window ? QStringLiteral("nuboshot-capture-window")
-                                                           : QStringLiteral("video-display");
+                             : mode == CaptureMode::scrolling
+                                 ? QStringLiteral("nuboshot-capture-scrolling")
+                                 : QStringLiteral("video-display");
         QAction* item = m_menu.addAction(ShotIcons::icon(icon), captureTitle(mode));
         item->setData(toString(mode));
         // Modes that need parts not built yet are shown but cannot be chosen.

@@ -205,7 +205,7 @@ namespace {
 
 TEST(ShotStatusMenu, ItemsInTheDesignedOrder)
 {
-    CaptureMode chosen = CaptureMode::scrolling;
+    CaptureMode chosen = CaptureMode::fullscreen;
     bool opened = false, quit = false;
     ShotStatusMenu menu({[&](CaptureMode mode) { chosen = mode; }, [&] { opened = true; }, [] {},
                          [&] {
@@ -216,16 +216,17 @@ TEST(ShotStatusMenu, ItemsInTheDesignedOrder)
         titles << (action->isSeparator() ? QStringLiteral("-") : action->text());
     }
     EXPECT_EQ(titles.join(u'|'),
-              QStringLiteral("Capture Area|Capture Window|Capture Fullscreen|-|"
+              QStringLiteral("Capture Area|Capture Window|Capture Fullscreen|Capture Scrolling|-|"
                              "Open Image in Nubo Shot\u2026|-|Settings\u2026|-|Quit Nubo Shot"));
     const auto actions = menu.menu().actions();
     EXPECT_EQ(actions[0]->data().toString(), QStringLiteral("area"));
     EXPECT_EQ(actions[2]->data().toString(), QStringLiteral("fullscreen"));
-    EXPECT_EQ(actions[4]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
+    EXPECT_EQ(actions[3]->data().toString(), QStringLiteral("scrolling"));
+    EXPECT_EQ(actions[5]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
     EXPECT_EQ(actions.last()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
     actions[1]->trigger();
     EXPECT_EQ(chosen, CaptureMode::window);
-    actions[4]->trigger();
+    actions[5]->trigger();
     EXPECT_TRUE(opened);
     actions.last()->trigger();
     EXPECT_TRUE(quit);

@@ -245,7 +245,7 @@ TEST_F(Settings, ShortcutsAreRecordedAndTakeEffectAtOnce)
     auto* window = find<QKeySequenceEdit>(QStringLiteral("shortcut.window"));
     ASSERT_TRUE(area && window);
     EXPECT_EQ(area->keySequence(), QKeySequence(QStringLiteral("Shift+Print")));
-    EXPECT_TRUE(find<QLabel>(QStringLiteral("shortcutProblem.scrolling"))->isVisible());
+    EXPECT_FALSE(find<QLabel>(QStringLiteral("shortcutProblem.scrolling"))->isVisible());
     // Keys another program holds are kept, and the row says they are not ours.
     auto* windowProblem = find<QLabel>(QStringLiteral("shortcutProblem.window"));
     EXPECT_EQ(windowProblem->text(),

@@ -73,10 +73,12 @@ TEST(CapturePlatformLoader, PicksTheBackendTheDesktopHasOrSaysWhyNone)
                 EXPECT_EQ(f.modes, (QList<CaptureMode>{CaptureMode::area, CaptureMode::window,
                                                        CaptureMode::fullscreen,
                                                        CaptureMode::scrolling}));
-                EXPECT_TRUE(f.windowCapture && f.regionStreams && f.globalShortcuts);
+                EXPECT_TRUE(f.windowCapture && f.regionStreams && f.globalShortcuts &&
+                            f.autoScroll);
                 EXPECT_FALSE(f.recording);
                 EXPECT_FALSE(platform->capturer()->displays().isEmpty());
                 EXPECT_TRUE(platform->regionStreaming());
+                EXPECT_TRUE(platform->scrollDriving());
             }
         } catch (const CapturePlatformError& error) {
             EXPECT_TRUE(c.backend.isEmpty()) << error.message().toStdString();

@@ -1,5 +1,6 @@
 #include "core/Settings.h"
 #include "support/Process.h"
+#include "support/TrayFixture.h"
 #include "support/RenderFixtures.h"
 
 #include <QClipboard>
@@ -27,27 +28,11 @@
 namespace nubo {
 namespace {
 
+using test::run;
+using test::saveArtifact;
+using test::Tray;
+using test::waitUntil;
 constexpr char busName[] = "com.corvane.lab.nuboshot";
-
-bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 10000)
-{
-    const QDeadlineTimer deadline(timeoutMs);
-    while (!condition()) {
-        if (deadline.hasExpired()) {
-            return false;
-        }
-        QThread::msleep(50);
-    }
-    return true;
-}
-
-QString run(const QString& program, const QStringList& arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished(10000);
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
 
 // The on-screen rectangle of the tray icon's window, as xwininfo reports it.
 QRect trayIconGeometry()
@@ -71,48 +56,6 @@ QRect trayIconGeometry()
     }
     return {};
 }
-
-void saveArtifact(const QImage& image, const QString& name)
-{
-    const QString dir = qEnvironmentVariable("NUBOSHOT_TEST_ARTIFACTS");
-    if (!dir.isEmpty() && QDir().mkpath(dir)) {
-        image.save(dir + QLatin1Char('/') + name);
-    }
-}
-
-class Tray : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        if (qEnvironmentVariableIsEmpty("DISPLAY") ||
-            !QDBusConnection::sessionBus().isConnected()) {
-            GTEST_FAIL() << "needs the private desktop session of scripts/test (DISPLAY and a session bus)";
-        }
-        ASSERT_FALSE(isRunning()) << "another Nubo Shot owns the bus name";
-    }
-    void TearDown() override
-    {
-        if (m_app.state() != QProcess::NotRunning) {
-            m_app.terminate();
-            m_app.waitForFinished(5000);
-        }
-    }
-    // Starts the tray application and waits until it owns its bus name.
-    // Checked with ASSERT_NO_FATAL_FAILURE at the call.
-    void startTray()
-    {
-        m_app.start(QStringLiteral(NUBOSHOT_BINARY), {});
-        ASSERT_TRUE(m_app.waitForStarted());
-        ASSERT_TRUE(waitUntil(isRunning)) << "the bus name was never claimed";
-    }
-    static bool isRunning()
-    {
-        return QDBusConnection::sessionBus().interface()->isServiceRegistered(
-            QLatin1String(busName));
-    }
-
-    QProcess m_app;
-};
 
 TEST_F(Tray, StartsOnceShowsItsIconAndQuitsFromItsMenu)
 {
@@ -266,8 +209,8 @@ TEST_F(Tray, CaptureFromTheShellOpensAnEditor)
         const char* inErr;
     };
     const Case cases[] = {
-        {{"capture", "scrolling"}, 2, "capture takes area, window or fullscreen"},
-        {{"capture"}, 2, "capture takes area, window or fullscreen"},
+        {{"capture", "sideways"}, 2, "capture takes area, window, fullscreen or scrolling"},
+        {{"capture"}, 2, "capture takes area, window, fullscreen or scrolling"},
     };
     for (const Case& c : cases) {
         const auto result = test::runNuboShot(c.arguments);

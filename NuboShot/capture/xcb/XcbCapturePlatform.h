@@ -22,12 +22,14 @@ public:
     CapturePlatformFeatures features() const override;
     std::shared_ptr<ScreenCapturing> capturer() override;
     std::shared_ptr<ScreenRegionStreaming> regionStreaming() override;
+    std::shared_ptr<ScrollDriving> scrollDriving() override;
     std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override;
 
 private:
     QByteArray m_displayName;
     std::shared_ptr<XcbScreenCapturer> m_capturer;
     std::shared_ptr<XcbRegionStreaming> m_streaming;
+    std::shared_ptr<ScrollDriving> m_driving;
 };
 
 } // namespace nubo

@@ -13,8 +13,17 @@ namespace {
 // The keysyms of the keys a shortcut may use.
 std::optional<uint32_t> keysymFor(Qt::Key key)
 {
-    if (key == Qt::Key_Print) {
+    switch (key) {
+    case Qt::Key_Print:
         return 0xff61;
+    case Qt::Key_Escape:
+        return 0xff1b;
+    case Qt::Key_Return:
+        return 0xff0d;
+    case Qt::Key_Enter:
+        return 0xff8d; // on the keypad
+    default:
+        break;
     }
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12) {
         return 0xffbe + uint32_t(key - Qt::Key_F1);

@@ -1,0 +1,127 @@
+#include "scrolling/ShotScrollingPanel.h"
+
+#include "style/ShotIcons.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPainter>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace nubo {
+
+ShotScrollingPanel::ShotScrollingPanel(const QString& autoScrollProblem, QWidget* parent)
+    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
+                          Qt::WindowDoesNotAcceptFocus)
+{
+    setWindowTitle(QStringLiteral("Nubo Shot Scrolling Capture"));
+    setObjectName(QStringLiteral("scrollingPanel"));
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setFocusPolicy(Qt::NoFocus);
+    // A plain window with a rim of its own: no window manager decorates it.
+    setAutoFillBackground(true);
+    setStyleSheet(QStringLiteral("#scrollingPanel { border: 1px solid palette(mid); }"));
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(12, 10, 12, 12);
+    layout->setSpacing(8);
+
+    auto* title = new QLabel(QStringLiteral("Scrolling Capture"), this);
+    QFont bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+    m_height = new QLabel(this);
+    m_height->setObjectName(QStringLiteral("scrollingHeight"));
+    m_height->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    auto* top = new QHBoxLayout;
+    top->addWidget(title);
+    top->addStretch();
+    top->addWidget(m_height);
+    layout->addLayout(top);
+
+    m_preview = new QLabel(this);
+    m_preview->setObjectName(QStringLiteral("scrollingPreview"));
+    m_preview->setFixedSize(previewWidth, previewHeight);
+    m_preview->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+    m_preview->setAutoFillBackground(true);
+    QPalette well = m_preview->palette();
+    well.setColor(QPalette::Window, palette().color(QPalette::Dark));
+    m_preview->setPalette(well);
+    layout->addWidget(m_preview, 0, Qt::AlignHCenter);
+
+    m_status = new QLabel(this);
+    m_status->setObjectName(QStringLiteral("scrollingStatus"));
+    m_status->setWordWrap(true);
+    m_status->setFixedWidth(previewWidth);
+    layout->addWidget(m_status);
+
+    auto* keys = new QLabel(QStringLiteral("Return: Done \u00b7 Esc: Cancel"), this);
+    QPalette quiet = keys->palette();
+    quiet.setColor(QPalette::WindowText, palette().color(QPalette::PlaceholderText));
+    keys->setPalette(quiet);
+    layout->addWidget(keys);
+
+    const auto button = [this](const QString& text) {
+        auto* b = new QPushButton(text, this);
+        b->setFocusPolicy(Qt::NoFocus);
+        return b;
+    };
+    m_auto = button(QStringLiteral("Auto-scroll"));
+    m_auto->setObjectName(QStringLiteral("scrollingAuto"));
+    m_auto->setIcon(ShotIcons::icon(QStringLiteral("nuboshot-capture-scrolling")));
+    m_auto->setEnabled(autoScrollProblem.isEmpty());
+    m_auto->setToolTip(autoScrollProblem.isEmpty()
+                           ? QStringLiteral("Scroll to the end by itself; any key or click stops")
+                           : autoScrollProblem);
+    m_cancel = button(QStringLiteral("Cancel"));
+    m_done = button(QStringLiteral("Done"));
+    m_done->setDefault(true);
+    auto* autoRow = new QHBoxLayout;
+    autoRow->addWidget(m_auto, 1);
+    layout->addLayout(autoRow);
+    auto* row = new QHBoxLayout;
+    row->addWidget(m_cancel, 1);
+    row->addWidget(m_done, 1);
+    layout->addLayout(row);
+
+    connect(m_done, &QPushButton::clicked, this, &ShotScrollingPanel::done);
+    connect(m_cancel, &QPushButton::clicked, this, &ShotScrollingPanel::cancelled);
+    connect(m_auto, &QPushButton::clicked, this,
+            [this] { emit autoScrollToggled(!m_autoRunning); });
+
+    setHeight(0);
+    setStatus(QStringLiteral("Scroll down through the content, or let Auto-scroll do it."));
+    adjustSize();
+    setFixedSize(sizeHint());
+}
+
+void ShotScrollingPanel::setPreview(const QImage& preview)
+{
+    QPixmap pixmap = QPixmap::fromImage(preview);
+    pixmap.setDevicePixelRatio(devicePixelRatioF());
+    m_preview->setPixmap(pixmap);
+}
+
+void ShotScrollingPanel::setHeight(qint64 rows)
+{
+    m_height->setText(QStringLiteral("%1 px").arg(QLocale().toString(rows)));
+}
+
+void ShotScrollingPanel::setStatus(const QString& text, bool warning)
+{
+    QPalette tone = palette();
+    if (warning) {
+        tone.setColor(QPalette::WindowText, QColor(200, 40, 40));
+    }
+    m_status->setPalette(tone);
+    m_status->setText(text);
+}
+
+void ShotScrollingPanel::setAutoScrolling(bool running)
+{
+    m_autoRunning = running;
+    m_auto->setText(running ? QStringLiteral("Stop Auto-scroll") : QStringLiteral("Auto-scroll"));
+}
+
+} // namespace nubo

@@ -1,0 +1,236 @@
+// Scrolling capture end to end: the tray application, a real scrollable
+// window with a sticky header and footer, the overlay framed with the
+// pointer, the page scrolled by the wheel or by auto-scroll, Return from
+// anywhere, and the stitched shot compared with the page's whole content.
+
+#include "core/Settings.h"
+#include "support/Process.h"
+#include "support/RenderFixtures.h"
+#include "support/TrayFixture.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
+#include <QMimeData>
+#include <QPixmap>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+using test::run;
+using test::waitUntil;
+using test::windowShown;
+
+const QString panelName = QStringLiteral("Nubo Shot Scrolling Capture");
+
+void xdotool(const QStringList& steps)
+{
+    run(QStringLiteral("xdotool"), steps);
+}
+
+// A window's geometry as xdotool reports it.
+QRect windowGeometry(const QString& name)
+{
+    const QString id = run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", name})
+                           .split(u'\n', Qt::SkipEmptyParts)
+                           .value(0);
+    const QString shell =
+        run(QStringLiteral("xdotool"), {"getwindowgeometry", "--shell", id});
+    const auto value = [&](const char* key) {
+        const auto match =
+            QRegularExpression(QString::fromLatin1(key) + QStringLiteral("=(-?\\d+)")).match(shell);
+        return match.hasMatch() ? match.captured(1).toInt() : -1;
+    };
+    return id.isEmpty() ? QRect() : QRect(value("X"), value("Y"), value("WIDTH"), value("HEIGHT"));
+}
+
+QPoint pointer()
+{
+    const QString where = run(QStringLiteral("xdotool"), {"getmouselocation", "--shell"});
+    const auto value = [&](const char* key) {
+        const auto match =
+            QRegularExpression(QString::fromLatin1(key) + QStringLiteral("=(\\d+)")).match(where);
+        return match.hasMatch() ? match.captured(1).toInt() : -1;
+    };
+    return {value("X"), value("Y")};
+}
+
+QImage clipboardImage()
+{
+    const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+    return mime ? QImage::fromData(mime->data(QStringLiteral("image/png")), "PNG") : QImage();
+}
+
+class Scrolling : public test::Tray {
+protected:
+    void SetUp() override
+    {
+        ASSERT_NO_FATAL_FAILURE(Tray::SetUp());
+        ShotPreferences preferences; // the shot lands on the clipboard to be compared
+        preferences.setValue(keys::copyRawOnCapture, true);
+        preferences.sync();
+        ASSERT_NO_FATAL_FAILURE(startTray());
+    }
+    void TearDown() override
+    {
+        if (m_page.state() != QProcess::NotRunning) {
+            m_page.terminate();
+            m_page.waitForFinished(5000);
+        }
+        Tray::TearDown();
+    }
+
+    // Opens the page (`pages` screens of content) and returns where it is;
+    // its whole content is in m_truth.
+    QRect openPage(int pages, const QSize& size = QSize(600, 500))
+    {
+        const QString truth = m_dir.filePath(QStringLiteral("truth.png"));
+        m_page.start(QStringLiteral(NUBOSHOT_TEST_SCROLL_PAGE),
+                     {"--at", QStringLiteral("%1x%2+300+160").arg(size.width()).arg(size.height()),
+                      "--pages", QString::number(pages), "--truth", truth});
+        if (!m_page.waitForReadyRead(10000)) {
+            return {};
+        }
+        const auto ready = QRegularExpression(QStringLiteral("ready (\\d+) (\\d+)"))
+                               .match(QString::fromUtf8(m_page.readAllStandardOutput()));
+        m_truth = QImage(truth);
+        return ready.hasMatch()
+                   ? QRect(QPoint(ready.captured(1).toInt(), ready.captured(2).toInt()), size)
+                   : QRect();
+    }
+
+    // Starts a scrolling capture and frames `area` with the pointer; true
+    // once the panel is up.
+    bool frame(const QRect& area)
+    {
+        if (test::runNuboShot({"capture", "scrolling"}).exitCode != 0 ||
+            !waitUntil([] { return windowShown(QStringLiteral("Nubo Shot Capture")); })) {
+            return false;
+        }
+        QThread::msleep(150);
+        const QPoint end = area.topLeft() + QPoint(area.width(), area.height());
+        xdotool({"mousemove", QString::number(area.x()), QString::number(area.y()), "mousedown",
+                 "1", "mousemove", QString::number(area.center().x()),
+                 QString::number(area.center().y()), "mousemove", QString::number(end.x()),
+                 QString::number(end.y()), "mouseup", "1"});
+        return waitUntil([] { return windowShown(panelName); });
+    }
+
+    // Return (from anywhere) ends the capture; the stitched shot opens in an
+    // editor and lands on the clipboard.
+    QImage finishAndTakeShot(const QSize& expected)
+    {
+        xdotool({"key", "Return"});
+        const QString title = QStringLiteral("%1 \u00d7 %2").arg(expected.width()).arg(expected.height());
+        if (!waitUntil([&] { return windowShown(title); })) {
+            ADD_FAILURE() << "no editor titled " << title.toStdString() << "; log:\n"
+                          << m_log.toStdString();
+            return {};
+        }
+        QImage shot;
+        waitUntil([&] { return (shot = clipboardImage()).size() == expected; });
+        return shot;
+    }
+
+    QTemporaryDir m_dir;
+    QProcess m_page;
+    QImage m_truth;
+};
+
+TEST_F(Scrolling, TheWheelScrolledPageStitchesToItsWholeContent)
+{
+    const QRect page = openPage(4);
+    ASSERT_FALSE(page.isEmpty());
+    ASSERT_FALSE(m_truth.isNull());
+    ASSERT_TRUE(frame(page)) << "no scrolling panel";
+
+    // The panel sits beside the area, never over what is sampled.
+    const QRect panel = windowGeometry(panelName);
+    EXPECT_FALSE(panel.intersects(page)) << "panel at " << panel.x() << "," << panel.y();
+    EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().contains(panel));
+
+    // The user scrolls down a little, back up, and on to the end, one notch
+    // at a time and a few at once.
+    const QPoint inside = page.center();
+    xdotool({"mousemove", QString::number(inside.x()), QString::number(inside.y())});
+    xdotool({"click", "--repeat", "6", "--delay", "90", "5"});
+    xdotool({"click", "--repeat", "3", "--delay", "90", "4"});
+    xdotool({"click", "--repeat", "14", "--delay", "90", "5"});
+    QThread::msleep(300);
+    test::saveArtifact(QGuiApplication::primaryScreen()->grabWindow(0).toImage(),
+                       QStringLiteral("scrolling-session.png"));
+    xdotool({"click", "--repeat", "20", "--delay", "60", "5"});
+    QThread::msleep(400);
+
+    const QImage shot = finishAndTakeShot(m_truth.size());
+    ASSERT_EQ(shot.size(), m_truth.size());
+    const test::ImageDifference difference = test::compareImages(shot, m_truth, 0);
+    if (difference.pixelsOver > 0) {
+        test::saveArtifact(shot, QStringLiteral("scrolling-wheel-result.png"));
+    }
+    EXPECT_EQ(difference.pixelsOver, 0) << "the stitched page differs from its content";
+    EXPECT_FALSE(windowShown(panelName));
+}
+
+TEST_F(Scrolling, AutoScrollAloneGivesTheSamePageAndPutsThePointerBack)
+{
+    const QRect page = openPage(6);
+    ASSERT_FALSE(page.isEmpty());
+    ASSERT_TRUE(frame(page)) << "no scrolling panel";
+    const QRect panel = windowGeometry(panelName);
+    // Auto-scroll is the wide button above Cancel and Done.
+    const QPoint button(panel.center().x(), panel.bottom() - 64);
+    xdotool({"mousemove", QString::number(button.x()), QString::number(button.y())});
+    QThread::msleep(100);
+    xdotool({"click", "1"});
+    ASSERT_TRUE(waitForLog(QStringLiteral("Auto-scroll started"), 5000))
+        << "the click missed the button; log:\n" << m_log.toStdString();
+    ASSERT_TRUE(waitForLog(QStringLiteral("Auto-scroll ended"), 30000)) << m_log.toStdString();
+    EXPECT_TRUE(m_log.contains(QStringLiteral("Auto-scroll reached the end")))
+        << m_log.toStdString();
+    EXPECT_EQ(pointer(), button) << "the pointer was not put back";
+
+    const QImage shot = finishAndTakeShot(m_truth.size());
+    ASSERT_EQ(shot.size(), m_truth.size());
+    const test::ImageDifference difference = test::compareImages(shot, m_truth, 0);
+    if (difference.pixelsOver > 0) {
+        test::saveArtifact(shot, QStringLiteral("scrolling-auto-result.png"));
+    }
+    EXPECT_EQ(difference.pixelsOver, 0);
+}
+
+TEST_F(Scrolling, AKeyStopsAutoScrollAndEscapeLeavesNothingBehind)
+{
+    const QRect page = openPage(30);
+    ASSERT_FALSE(page.isEmpty());
+    ASSERT_TRUE(frame(page)) << "no scrolling panel";
+    const QRect panel = windowGeometry(panelName);
+    xdotool({"mousemove", QString::number(panel.center().x()),
+             QString::number(panel.bottom() - 64), "click", "1"});
+    ASSERT_TRUE(waitForLog(QStringLiteral("Auto-scroll started"), 5000)) << m_log.toStdString();
+    QThread::msleep(400);
+    xdotool({"key", "shift"}); // any key of the user's
+    ASSERT_TRUE(waitForLog(QStringLiteral("Auto-scroll ended"), 5000)) << m_log.toStdString();
+    EXPECT_TRUE(m_log.contains(QStringLiteral("Auto-scroll: the user pressed a key")));
+
+    xdotool({"key", "Escape"});
+    EXPECT_TRUE(waitUntil([] { return !windowShown(panelName); }));
+    EXPECT_FALSE(windowShown(QStringLiteral("Nubo Shot Scrolling Area")));
+    QThread::msleep(300);
+    EXPECT_FALSE(windowShown(QStringLiteral("\u00d7"))) << "an editor opened";
+    EXPECT_FALSE(windowShown(QStringLiteral("Could Not Capture Screen")));
+    EXPECT_EQ(m_app.state(), QProcess::Running);
+    // Return and Escape belong to everyone again, and a new capture can start.
+    ASSERT_TRUE(frame(page));
+    xdotool({"key", "Escape"});
+    EXPECT_TRUE(waitUntil([] { return !windowShown(panelName); }));
+}
+
+} // namespace
+} // namespace nubo

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <gtest/gtest.h>
+
+namespace nubo::test {
+
+// Polls a condition until it holds or the time is up; false then.
+bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 10000);
+// Runs a helper program (xdotool, xwininfo) and returns what it printed.
+QString run(const QString& program, const QStringList& arguments);
+// Whether a visible window has this name.
+bool windowShown(const QString& name);
+
+// The tray application, started by the test in the private desktop session
+// and stopped after it.
+class Tray : public ::testing::Test {
+protected:
+    void SetUp() override;
+    void TearDown() override;
+    // Starts the tray application and waits until it owns its bus name.
+    // Checked with ASSERT_NO_FATAL_FAILURE at the call.
+    void startTray();
+    static bool isRunning();
+    // Waits until the application's log has a line containing `text`.
+    bool waitForLog(const QString& text, int timeoutMs = 10000);
+
+    QProcess m_app;
+    QString m_log; // what the application wrote to stderr so far
+};
+
+} // namespace nubo::test
