@@ -12,8 +12,9 @@
 namespace nubo {
 
 ShotScrollingPanel::ShotScrollingPanel(const QString& autoScrollProblem, QWidget* parent)
+    // Beside the window manager: no taskbar entry, no focus, on top.
     : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                          Qt::WindowDoesNotAcceptFocus)
+                          Qt::WindowDoesNotAcceptFocus | Qt::X11BypassWindowManagerHint)
 {
     setWindowTitle(QStringLiteral("Nubo Shot Scrolling Capture"));
     setObjectName(QStringLiteral("scrollingPanel"));

@@ -19,7 +19,8 @@ QWidget* outlineStrip(const QRect& geometry)
     auto* strip = new QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint |
                                            Qt::WindowStaysOnTopHint |
                                            Qt::WindowDoesNotAcceptFocus |
-                                           Qt::WindowTransparentForInput);
+                                           Qt::WindowTransparentForInput |
+                                           Qt::X11BypassWindowManagerHint);
     strip->setWindowTitle(QStringLiteral("Nubo Shot Scrolling Area"));
     strip->setAttribute(Qt::WA_ShowWithoutActivating);
     strip->setAttribute(Qt::WA_DeleteOnClose);
@@ -219,6 +220,7 @@ void ShotScrollingSession::stoppedByItself(const ScrollingCaptureEnd& end)
     }
     m_ended = true;
     QImage image = m_capture->finish();
+    qCInfo(lcScrolling, "Scrolling capture stopped at its size limit: %d rows", image.height());
     const QString notice =
         QStringLiteral("The scrolling capture reached its size limit and stopped at %1 pixels.")
             .arg(QLocale().toString(qint64(image.height())));

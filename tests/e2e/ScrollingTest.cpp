@@ -11,7 +11,9 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QImage>
+#include <QImageReader>
 #include <QMimeData>
+#include <QPainter>
 #include <QPixmap>
 #include <QRegularExpression>
 #include <QScreen>
@@ -88,17 +90,23 @@ protected:
 
     // Opens the page (`pages` screens of content) and returns where it is;
     // its whole content is in m_truth.
-    QRect openPage(int pages, const QSize& size = QSize(600, 500))
+    QRect openPage(int pages, const QRect& at = QRect(300, 160, 600, 500))
     {
+        const QSize size = at.size();
         const QString truth = m_dir.filePath(QStringLiteral("truth.png"));
         m_page.start(QStringLiteral(NUBOSHOT_TEST_SCROLL_PAGE),
-                     {"--at", QStringLiteral("%1x%2+300+160").arg(size.width()).arg(size.height()),
+                     {"--at", QStringLiteral("%1x%2+%3+%4")
+                                  .arg(size.width())
+                                  .arg(size.height())
+                                  .arg(at.x())
+                                  .arg(at.y()),
                       "--pages", QString::number(pages), "--truth", truth});
         if (!m_page.waitForReadyRead(10000)) {
             return {};
         }
         const auto ready = QRegularExpression(QStringLiteral("ready (\\d+) (\\d+)"))
                                .match(QString::fromUtf8(m_page.readAllStandardOutput()));
+        QImageReader::setAllocationLimit(1024); // MB: tall pages and their shots
         m_truth = QImage(truth);
         return ready.hasMatch()
                    ? QRect(QPoint(ready.captured(1).toInt(), ready.captured(2).toInt()), size)
@@ -127,6 +135,10 @@ protected:
     QImage finishAndTakeShot(const QSize& expected)
     {
         xdotool({"key", "Return"});
+        return takeShot(expected);
+    }
+    QImage takeShot(const QSize& expected)
+    {
         const QString title = QStringLiteral("%1 \u00d7 %2").arg(expected.width()).arg(expected.height());
         if (!waitUntil([&] { return windowShown(title); })) {
             ADD_FAILURE() << "no editor titled " << title.toStdString() << "; log:\n"
@@ -162,9 +174,13 @@ TEST_F(Scrolling, TheWheelScrolledPageStitchesToItsWholeContent)
     xdotool({"click", "--repeat", "6", "--delay", "90", "5"});
     xdotool({"click", "--repeat", "3", "--delay", "90", "4"});
     xdotool({"click", "--repeat", "14", "--delay", "90", "5"});
+    // A click into the page raises it: the panel and the outline stay on top.
+    xdotool({"click", "1"});
     QThread::msleep(300);
-    test::saveArtifact(QGuiApplication::primaryScreen()->grabWindow(0).toImage(),
-                       QStringLiteral("scrolling-session.png"));
+    const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+    test::saveArtifact(screen, QStringLiteral("scrolling-session.png"));
+    EXPECT_EQ(screen.pixelColor(page.left() - 2, page.center().y()), QColor(0x2f, 0x80, 0xed))
+        << "the outline is not on screen";
     xdotool({"click", "--repeat", "20", "--delay", "60", "5"});
     QThread::msleep(400);
 
@@ -203,6 +219,38 @@ TEST_F(Scrolling, AutoScrollAloneGivesTheSamePageAndPutsThePointerBack)
         test::saveArtifact(shot, QStringLiteral("scrolling-auto-result.png"));
     }
     EXPECT_EQ(difference.pixelsOver, 0);
+}
+
+TEST_F(Scrolling, TheSizeLimitEndsTheCaptureWithTheTopOfThePageAndItsFooter)
+{
+    // A page wider than there is room beside: the panel takes a strip at
+    // the right of the area, which is not sampled.
+    const QRect page = openPage(25, QRect(20, 20, 1800, 1000));
+    ASSERT_FALSE(page.isEmpty());
+    ASSERT_TRUE(frame(page)) << "no scrolling panel";
+    const QRect panel = windowGeometry(panelName);
+    EXPECT_TRUE(page.contains(panel));
+    const int sampledWidth = panel.left() - 12 - page.left();
+    xdotool({"mousemove", QString::number(panel.center().x()),
+             QString::number(panel.bottom() - 64), "click", "1"});
+    ASSERT_TRUE(waitForLog(QStringLiteral("Auto-scroll started"), 5000)) << m_log.toStdString();
+
+    // 128 MiB of rows of that width; the capture finishes by itself.
+    const int rows = int((qint64(128) << 20) / (qint64(sampledWidth) * 4));
+    ASSERT_LT(rows, m_truth.height());
+    const QImage shot = takeShot(QSize(sampledWidth, rows));
+    ASSERT_EQ(shot.size(), QSize(sampledWidth, rows));
+    constexpr int footer = 26; // the page's status bar
+    QImage expected = m_truth.copy(0, 0, sampledWidth, rows);
+    {
+        QPainter p(&expected);
+        p.drawImage(QPoint(0, rows - footer),
+                    m_truth.copy(0, m_truth.height() - footer, sampledWidth, footer));
+    }
+    EXPECT_EQ(test::compareImages(shot, expected, 0).pixelsOver, 0)
+        << "not the top of the page and its footer";
+    EXPECT_TRUE(waitForLog(QStringLiteral("Scrolling capture stopped at its size limit: %1 rows")
+                               .arg(rows)));
 }
 
 TEST_F(Scrolling, AKeyStopsAutoScrollAndEscapeLeavesNothingBehind)
