@@ -32,14 +32,7 @@ ShotScrollingPanel::ShotScrollingPanel(const QString& autoScrollProblem, QWidget
     QFont bold = title->font();
     bold.setBold(true);
     title->setFont(bold);
-    m_height = new QLabel(this);
-    m_height->setObjectName(QStringLiteral("scrollingHeight"));
-    m_height->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    auto* top = new QHBoxLayout;
-    top->addWidget(title);
-    top->addStretch();
-    top->addWidget(m_height);
-    layout->addLayout(top);
+    layout->addWidget(title);
 
     m_preview = new QLabel(this);
     m_preview->setObjectName(QStringLiteral("scrollingPreview"));
@@ -51,10 +44,18 @@ ShotScrollingPanel::ShotScrollingPanel(const QString& autoScrollProblem, QWidget
     m_preview->setPalette(well);
     layout->addWidget(m_preview, 0, Qt::AlignHCenter);
 
+    // The stitched height under the preview, as the overlay shows sizes.
+    m_height = new QLabel(this);
+    m_height->setObjectName(QStringLiteral("scrollingHeight"));
+    m_height->setFont(bold);
+    layout->addWidget(m_height);
+
     m_status = new QLabel(this);
     m_status->setObjectName(QStringLiteral("scrollingStatus"));
     m_status->setWordWrap(true);
     m_status->setFixedWidth(previewWidth);
+    m_status->setMinimumHeight(m_status->fontMetrics().lineSpacing() * 3); // the longest line
+    m_status->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     layout->addWidget(m_status);
 
     auto* keys = new QLabel(QStringLiteral("Return: Done \u00b7 Esc: Cancel"), this);
@@ -92,7 +93,7 @@ ShotScrollingPanel::ShotScrollingPanel(const QString& autoScrollProblem, QWidget
             [this] { emit autoScrollToggled(!m_autoRunning); });
 
     setHeight(0);
-    setStatus(QStringLiteral("Scroll down through the content, or let Auto-scroll do it."));
+    setStatus(QStringLiteral("Scroll down to the end, or use Auto-scroll."));
     adjustSize();
     setFixedSize(sizeHint());
 }
@@ -106,7 +107,7 @@ void ShotScrollingPanel::setPreview(const QImage& preview)
 
 void ShotScrollingPanel::setHeight(qint64 rows)
 {
-    m_height->setText(QStringLiteral("%1 px").arg(QLocale().toString(rows)));
+    m_height->setText(QStringLiteral("%1 px tall").arg(QLocale().toString(rows)));
 }
 
 void ShotScrollingPanel::setStatus(const QString& text, bool warning)

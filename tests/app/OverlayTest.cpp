@@ -64,6 +64,8 @@ TEST(ShotCaptureOverlay, ArrowKeysMoveAndStopAtTheEdges)
               QStringLiteral("Drag to capture \u00b7 Space: Window \u00b7 Esc: Cancel"));
     EXPECT_EQ(ShotCaptureOverlay::instruction(ShotCaptureOverlay::Mode::window),
               QStringLiteral("Click a window \u00b7 Space: Area \u00b7 Esc: Cancel"));
+    EXPECT_EQ(ShotCaptureOverlay::instruction(ShotCaptureOverlay::Mode::scrolling),
+              QStringLiteral("Drag to select scroll area \u00b7 Esc: Cancel"));
 }
 
 
@@ -202,6 +204,18 @@ TEST_F(OverlayFraming, AWindowTakesTheRegionTheCommandLineTakesForItsFrame)
 
 namespace nubo {
 namespace {
+
+// A scrolling area is always dragged: Space does not switch to windows.
+TEST_F(OverlayFraming, TheScrollingVariantTakesOnlyAnArea)
+{
+    const auto framed = frame(CaptureMode::scrolling,
+                              {"mousemove", "310", "210", "key", "space", "mousedown", "1",
+                               "mousemove", "400", "300", "mousemove", "500", "350", "mouseup", "1"});
+    ASSERT_TRUE(framed);
+    const auto* area = std::get_if<ShotCaptureSelection::Area>(&framed->framing);
+    ASSERT_TRUE(area) << "took a window";
+    EXPECT_EQ(area->rect, QRectF(310, 210, 190, 140));
+}
 
 TEST(ShotStatusMenu, ItemsInTheDesignedOrder)
 {

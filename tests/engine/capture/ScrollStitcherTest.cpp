@@ -1,5 +1,6 @@
 #include "capture/CaptureTypes.h"
 #include "capture/ScrollStitcher.h"
+#include "capture/ScrollingCapture.h"
 #include "support/RenderFixtures.h"
 
 #include <QImage>
@@ -91,6 +92,19 @@ TEST(ScrollStitcher, StitchesExactlyWithFixedBandsAtAnyStep)
         EXPECT_EQ(test::compareImages(stitched, expected, 0).maximum, 0);
         EXPECT_EQ(stitcher.headerRows, c.header);
         EXPECT_EQ(stitcher.footerRows, c.footer);
+        // The preview's rows: the newest ones, the footer included, however
+        // many of them fall into the footer.
+        for (const int rows : {1, c.footer, c.footer + 1, 90, int(stitcher.outputHeight()), 100000}) {
+            SCOPED_TRACE(rows);
+            const int kept = std::min(rows, expected.height());
+            const QImage tail = stitcher.tail(rows);
+            ASSERT_EQ(tail.height(), kept);
+            EXPECT_EQ(test::compareImages(tail, expected.copy(0, expected.height() - kept,
+                                                              expected.width(), kept),
+                                          0)
+                          .maximum,
+                      0);
+        }
         // Handing the rows over gives the same picture.
         const QImage taken = stitcher.takeImage();
         EXPECT_EQ(test::compareImages(taken, expected, 0).maximum, 0);
@@ -268,6 +282,27 @@ TEST(ScrollStitcher, RealContentWithSmallChangesStitchesExactly)
     ASSERT_EQ(stitched.height(), expected.height());
     // The header is the first frame's (no caret), the footer the last one's.
     EXPECT_EQ(test::compareImages(stitched, expected, 0).maximum, 0);
+}
+
+TEST(ScrollingCapture, AutoScrollTurnsHalfTheScrollingBandAtATime)
+{
+    struct Case {
+        int band;
+        double rowsPerNotch;
+        int notches;
+    };
+    const Case cases[] = {
+        {926, 60, 7},    // 463 rows wanted, 7 notches move 420
+        {426, 60, 3},
+        {100, 60, 1},    // never less than one notch
+        {5000, 10, 25},  // never more than 25 in one turn
+        {926, 0, 1},     // not measured yet
+        {0, 60, 1},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(ScrollingCapture::notchesFor(c.band, c.rowsPerNotch), c.notches)
+            << c.band << " rows at " << c.rowsPerNotch;
+    }
 }
 
 TEST(ScrollTrackingState, LostAfterThreeMissesUntilAccepted)
