@@ -89,7 +89,7 @@ ScrollStitcher::ScrollStitcher(qint64 maximumHeight, qint64 maximumBytes, double
     : maximumHeight(maximumHeight), maximumBytes(maximumBytes), scale(scale)
 {}
 
-ScrollStitcher::Raster ScrollStitcher::raster(const QImage& frame, double scale)
+ScrollStitcher::Raster ScrollStitcher::pixels(const QImage& frame, double scale)
 {
     Raster r;
     r.bytes = frame.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
@@ -112,6 +112,11 @@ ScrollStitcher::Raster ScrollStitcher::raster(const QImage& frame, double scale)
     const int right = std::min(r.width / 3, int(std::ceil(20 * scale)));
     r.matchingStart = left * 4;
     r.matchingWidth = std::max(0, (r.width - right) * 4 - r.matchingStart);
+    return r;
+}
+
+void ScrollStitcher::hashRows(Raster& r)
+{
     const int step = r.matchingWidth > 1023 ? (r.matchingWidth / 1024) * 4 : 4;
     r.rows.resize(size_t(r.height));
     r.inkRows.resize(size_t(r.height));
@@ -129,6 +134,12 @@ ScrollStitcher::Raster ScrollStitcher::raster(const QImage& frame, double scale)
         r.rows[size_t(y)] = colour;
         r.inkRows[size_t(y)] = ink;
     }
+}
+
+ScrollStitcher::Raster ScrollStitcher::raster(const QImage& frame, double scale)
+{
+    Raster r = pixels(frame, scale);
+    hashRows(r);
     return r;
 }
 
@@ -220,12 +231,16 @@ ScrollStitcher::Update ScrollStitcher::add(const QImage& frame)
     if (reachedLimit) {
         return Update::limitReached;
     }
-    Raster next = raster(frame, scale);
+    // The rows' hashes only once the frame is known not to be still: a
+    // still frame is decided by its bytes alone, and read once.
+    Raster next = pixels(frame, scale);
     if (!previous) {
+        hashRows(next);
         return start(std::move(next));
     }
     if (next.width != previous->width || next.height != previous->height) {
         if (frontier == 0) {
+            hashRows(next);
             return start(std::move(next));
         }
         return Update::incompatibleSize;
@@ -241,6 +256,7 @@ ScrollStitcher::Update ScrollStitcher::add(const QImage& frame)
         lastVerifiedRatio = 1.0;
         return Update::unchanged;
     }
+    hashRows(next);
     int header = headerRows, footerBand = footerRows;
     if (!bandsEstablished) {
         header = headerRows;

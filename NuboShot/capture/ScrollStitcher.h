@@ -47,6 +47,9 @@ public:
     QImage tail(qint64 rows) const;
 
     static Raster raster(const QImage& frame, double scale);
+    // The two halves of a raster: its pixels and insets, then its hashes.
+    static Raster pixels(const QImage& frame, double scale);
+    static void hashRows(Raster& raster);
     // Row equality: equal bytes, or no byte pair more than 2 apart, over the
     // compared bytes.
     static bool rowsMatch(const Raster& a, int rowA, const Raster& b, int rowB);
