@@ -167,8 +167,8 @@ TEST_F(Scrolling, TheWheelScrolledPageStitchesToItsWholeContent)
     EXPECT_FALSE(panel.intersects(page)) << "panel at " << panel.x() << "," << panel.y();
     EXPECT_TRUE(QGuiApplication::primaryScreen()->geometry().contains(panel));
 
-    // The user scrolls down a little, back up, and on to the end, one notch
-    // at a time and a few at once.
+    // The user scrolls down a little, back up, and on to the end: the wheel
+    // a notch at a time, and the keys.
     const QPoint inside = page.center();
     xdotool({"mousemove", QString::number(inside.x()), QString::number(inside.y())});
     xdotool({"click", "--repeat", "6", "--delay", "90", "5"});
@@ -181,6 +181,8 @@ TEST_F(Scrolling, TheWheelScrolledPageStitchesToItsWholeContent)
     test::saveArtifact(screen, QStringLiteral("scrolling-session.png"));
     EXPECT_EQ(screen.pixelColor(page.left() - 2, page.center().y()), QColor(0x2f, 0x80, 0xed))
         << "the outline is not on screen";
+    // The page has the keyboard now: its arrow keys scroll it too.
+    xdotool({"key", "--repeat", "6", "--delay", "60", "Down"});
     xdotool({"click", "--repeat", "20", "--delay", "60", "5"});
     QThread::msleep(400);
 
