@@ -274,7 +274,13 @@ void ShotFeature::finishCapture(const QImage& image, double scale, const QString
 {
     m_capturing = false;
     qCInfo(lcApp, "Capture opening editor size=%dx%d", image.width(), image.height());
-    ShotDocument document = ShotDocument::fromImage(image, scale);
+    ShotDocument document;
+    try {
+        document = ShotDocument::fromImage(image, scale);
+    } catch (const Error& error) {
+        failed(error.message()); // beyond what a shot may hold
+        return;
+    }
     ShotEditorWindow* editor = openEditor(document);
     if (!notice.isEmpty()) {
         editor->showNotice(notice);

@@ -115,10 +115,14 @@ protected:
 
     // Starts a scrolling capture and frames `area` with the pointer; true
     // once the panel is up.
-    bool frame(const QRect& area)
+    bool frame(const QRect& area, bool byShortcut = false)
     {
-        if (test::runNuboShot({"capture", "scrolling"}).exitCode != 0 ||
-            !waitUntil([] { return windowShown(QStringLiteral("Nubo Shot Capture")); })) {
+        if (byShortcut) {
+            xdotool({"key", "ctrl+shift+Print"});
+        } else if (test::runNuboShot({"capture", "scrolling"}).exitCode != 0) {
+            return false;
+        }
+        if (!waitUntil([] { return windowShown(QStringLiteral("Nubo Shot Capture")); })) {
             return false;
         }
         QThread::msleep(150);
@@ -276,8 +280,9 @@ TEST_F(Scrolling, AKeyStopsAutoScrollAndEscapeLeavesNothingBehind)
     EXPECT_FALSE(windowShown(QStringLiteral("\u00d7"))) << "an editor opened";
     EXPECT_FALSE(windowShown(QStringLiteral("Could Not Capture Screen")));
     EXPECT_EQ(m_app.state(), QProcess::Running);
-    // Return and Escape belong to everyone again, and a new capture can start.
-    ASSERT_TRUE(frame(page));
+    // Return and Escape belong to everyone again, and a new capture can
+    // start, from its shortcut this time.
+    ASSERT_TRUE(frame(page, true)) << "Ctrl+Shift+Print did not start a scrolling capture";
     xdotool({"key", "Escape"});
     EXPECT_TRUE(waitUntil([] { return !windowShown(panelName); }));
 }
