@@ -47,6 +47,9 @@ public:
     virtual std::shared_ptr<ScrollDriving> scrollDriving() = 0;
     // Null when the backend has no global shortcuts. Main thread.
     virtual std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() = 0;
+    // The name of the application that owns the clipboard now, when the
+    // window system can tell. Main thread.
+    virtual std::optional<QString> clipboardOwner() { return std::nullopt; }
 };
 
 // Why no backend fits: one line for the user.

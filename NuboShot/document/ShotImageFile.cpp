@@ -36,10 +36,12 @@ const char* kindOf(mode_t mode)
 
 } // namespace
 
-QImage read(const QString& path)
+namespace {
+
+// Opened without waiting (a FIFO would wait for a writer forever), then
+// checked on the open file itself, so nothing can be swapped in between.
+void openRegularFile(const QString& path, QFile& file)
 {
-    // Opened without waiting (a FIFO would wait for a writer forever), then
-    // checked on the open file itself, so nothing can be swapped in between.
     const int fd = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     if (fd < 0) {
         throw FileError(QStringLiteral("open"), path, errno);
@@ -52,11 +54,36 @@ QImage read(const QString& path)
                         .arg(path, QLatin1String(kindOf(mode))));
     }
     ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
-    QFile file;
     if (!file.open(fd, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
         ::close(fd);
         throw FileError(QStringLiteral("open"), path, file.errorString());
     }
+}
+
+} // namespace
+
+QByteArray readBytes(const QString& path, qint64 maximumBytes)
+{
+    QFile file;
+    openRegularFile(path, file);
+    if (file.size() > maximumBytes) {
+        throw Error(QStringLiteral("\u201c%1\u201d is larger than %2 bytes.")
+                        .arg(path)
+                        .arg(maximumBytes));
+    }
+    QByteArray bytes = file.read(maximumBytes + 1);
+    if (bytes.size() > maximumBytes) {
+        throw Error(QStringLiteral("\u201c%1\u201d is larger than %2 bytes.")
+                        .arg(path)
+                        .arg(maximumBytes));
+    }
+    return bytes;
+}
+
+QImage read(const QString& path)
+{
+    QFile file;
+    openRegularFile(path, file);
     QImageReader reader(&file);
     reader.setAutoTransform(true);
     const QSize size = reader.size();

@@ -20,5 +20,8 @@ double pixelDensity(const QImage& image);
 
 // The image file as a one-layer document at its density; throws Error.
 ShotDocument readDocument(const QString& path);
+// A regular file's bytes, opened as above; throws Error when it is larger
+// than `maximumBytes` or cannot be read.
+QByteArray readBytes(const QString& path, qint64 maximumBytes);
 
 } // namespace nubo::ShotImageFile

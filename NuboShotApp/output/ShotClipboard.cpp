@@ -27,6 +27,12 @@ ShotClipboard::ShotClipboard()
             });
 }
 
+std::optional<long> ShotClipboard::ownWrite() const
+{
+    const auto at = m_ownWrites.constFind(QLatin1String(name));
+    return at == m_ownWrites.constEnd() ? std::nullopt : std::optional(*at);
+}
+
 void ShotClipboard::raise()
 {
     ++m_changeCount;

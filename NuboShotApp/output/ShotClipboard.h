@@ -4,7 +4,9 @@
 
 #include <QMimeData>
 #include <QObject>
-#include <QSet>
+#include <QHash>
+
+#include <optional>
 
 #include <memory>
 
@@ -12,8 +14,9 @@ namespace nubo {
 
 // The desktop clipboard (the CLIPBOARD selection) as the app sees it: a
 // change count raised on every change, ours or another program's, and the
-// registry of the counts our own writes produced, so that a watcher does not
-// take our writes for new clipboard content. Main thread only.
+// registry of our own writes (the clipboard's name to the change count of
+// our last write), so that a watcher does not take our writes for new
+// clipboard content. Main thread only.
 class ShotRenderer;
 
 class ShotClipboard : public QObject {
@@ -26,8 +29,12 @@ public:
     // Replaces the clipboard's content; returns the change count right after
     // the write. The count is recorded as one of our own writes.
     long write(std::unique_ptr<QMimeData> data);
-    bool isOwnWrite(long changeCount) const { return m_ownWrites.contains(changeCount); }
-    void recordOwnWrite(long changeCount) { m_ownWrites.insert(changeCount); }
+    static constexpr char name[] = "clipboard";
+    bool isOwnWrite(long changeCount) const { return ownWrite() == changeCount; }
+    void recordOwnWrite(long changeCount) { m_ownWrites.insert(QLatin1String(name), changeCount); }
+    // The change count of our last write, if the registry holds one.
+    std::optional<long> ownWrite() const;
+    void forgetOwnWrite() { m_ownWrites.remove(QLatin1String(name)); }
 
     // The shot drawn at `scale` as PNG data that records its size in points
     // (as its density); any thread. Throws Error when it cannot be made.
@@ -48,7 +55,7 @@ private:
 
     long m_changeCount = 0;
     bool m_writing = false;
-    QSet<long> m_ownWrites;
+    QHash<QString, long> m_ownWrites;
 };
 
 } // namespace nubo

@@ -60,7 +60,12 @@ QCheckBox* ShotSettingsPage::addSwitch(QFormLayout* section, const QString& labe
     auto* box = new QCheckBox(label, this);
     box->setObjectName(key);
     section->addRow(box);
-    connect(box, &QCheckBox::toggled, this, [this, key](bool on) { preferences().setValue(key, on); });
+    connect(box, &QCheckBox::toggled, this, [this, key](bool on) {
+        preferences().setValue(key, on);
+        if (m_context.changed) {
+            m_context.changed(key);
+        }
+    });
     m_switches.push_back({box, key, fallback});
     return box;
 }

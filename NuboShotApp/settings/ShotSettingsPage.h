@@ -26,6 +26,8 @@ struct ShotSettingsContext {
     ShotGlobalShortcuts* shortcuts = nullptr;
     // What a start at login runs.
     QString program;
+    // A stored value changed here (its key; empty when many were replaced).
+    std::function<void(const QString& key)> changed;
 };
 
 // One page of the settings window. A page is one file defining its maker,

@@ -84,6 +84,9 @@ void ShotSettingsWindow::showPage(const QString& title)
 
 void ShotSettingsWindow::reload()
 {
+    if (m_context.changed) {
+        m_context.changed({});
+    }
     for (int i = 0; i < m_pages->count(); ++i) {
         if (auto* page = qobject_cast<ShotSettingsPage*>(
                 static_cast<QScrollArea*>(m_pages->widget(i))->widget())) {

@@ -7,7 +7,9 @@
 #include "output/ShotClipboard.h"
 #include "output/ShotOutputActions.h"
 #include "output/ShotRawClipboardTracker.h"
+#include "output/ShotOutput.h"
 #include "overlay/ShotOverlayController.h"
+#include "recents/ShotRecentStore.h"
 #include "scrolling/ShotScrollingPanel.h"
 #include "scrolling/ShotScrollingSession.h"
 #include "shell/EditorCommands.h"
@@ -285,9 +287,45 @@ void ShotFeature::finishCapture(const QImage& image, double scale, const QString
     if (!notice.isEmpty()) {
         editor->showNotice(notice);
     }
+    if (m_recents) {
+        followInRecents(editor, m_recents->recordCapture(document, toString(m_mode)));
+    }
     if (m_preferences.boolean(keys::copyRawOnCapture, false)) {
         copyRaw(editor, document);
     }
+}
+
+void ShotFeature::followInRecents(ShotEditorWindow* editor, const QUuid& id)
+{
+    if (id.isNull()) {
+        return;
+    }
+    connect(&editor->output(), &ShotOutputActions::shotOutput, this,
+            [this, id](const ShotOutputEvent& event) {
+                if (m_recents) {
+                    m_recents->recordOutput(id, event.document);
+                }
+            });
+}
+
+void ShotFeature::openRecent(const QUuid& id)
+{
+    if (!m_recents) {
+        return;
+    }
+    m_recents->open(id, [this, id](std::optional<ShotDocument> document, const QString& error) {
+        if (!document) {
+            presentAlert(QStringLiteral("Could Not Open Recent Image"), error);
+            return;
+        }
+        ShotEditorWindow* editor = openEditor(*document);
+        // A capture's entry follows its edits from here too.
+        for (const ShotRecentEntry& entry : m_recents->entries()) {
+            if (entry.record.id == id && entry.record.isCapture()) {
+                followInRecents(editor, id);
+            }
+        }
+    });
 }
 
 void ShotFeature::copyRaw(ShotEditorWindow* editor, const ShotDocument& document)

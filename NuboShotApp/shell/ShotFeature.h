@@ -17,6 +17,7 @@ class ShotEditorWindow;
 class ShotOverlayController;
 class ShotPreferences;
 class ShotRenderer;
+class ShotRecentStore;
 class ShotScrollingSession;
 
 // Runs still captures and opens their results, and images from files, in
@@ -40,6 +41,12 @@ public:
     // that could not be opened, empty when all opened.
     void openFiles(const QStringList& files,
                    std::function<void(const QStringList& failures)> done);
+    // Captures go to the recent images, and their editors' outputs update
+    // them. May stay unset (no recents).
+    void setRecents(ShotRecentStore* recents) { m_recents = recents; }
+    // Opens a recent image in an editor (a capture with its annotations
+    // editable); failures are told with an alert.
+    void openRecent(const QUuid& id);
     // The editors open now.
     QList<ShotEditorWindow*> editors() const;
     // Offered by the platform.
@@ -67,6 +74,8 @@ private:
     ShotEditorWindow* openEditor(ShotDocument document);
     void finishCapture(const QImage& image, double scale, const QString& notice = {});
     void copyRaw(ShotEditorWindow* editor, const ShotDocument& document);
+    // The editor's outputs keep the recent entry `id` up to date.
+    void followInRecents(ShotEditorWindow* editor, const QUuid& id);
 
     std::shared_ptr<CapturePlatform> m_platform;
     QString m_platformProblem;
@@ -75,6 +84,7 @@ private:
     QList<QPointer<ShotEditorWindow>> m_editors;
     std::unique_ptr<ShotOverlayController> m_overlay;
     QPointer<ShotScrollingSession> m_scrolling;
+    ShotRecentStore* m_recents = nullptr;
     CaptureMode m_mode = CaptureMode::area; // of the capture under way
     QList<DisplayCapture> m_frozen; // the displays under the overlay
     bool m_capturing = false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/CaptureTypes.h"
+#include "recents/ShotRecentStore.h"
 
 #include <QMenu>
 #include <QObject>
@@ -22,6 +23,11 @@ public:
         std::function<void()> quit;
         // Whether a capture mode can be chosen; every one when not given.
         std::function<bool(CaptureMode)> isOffered;
+        // The Recent submenu: shown while recentEnabled() answers true.
+        std::function<bool()> recentEnabled;
+        std::function<QList<ShotRecentEntry>()> recentItems;
+        std::function<void(const QUuid& id)> openRecent;
+        std::function<void()> clearRecent;
     };
 
     ShotStatusMenu(Actions actions, QObject* parent = nullptr);
@@ -31,9 +37,15 @@ public:
     void setCaptureShortcut(CaptureMode mode, const QKeySequence& keys);
     QAction* captureItem(CaptureMode mode) const;
     static QString captureTitle(CaptureMode mode);
+    // Fills the Recent submenu again (also done each time the menu opens).
+    void refreshRecent();
+    QMenu& recentMenu() { return m_recent; }
+    // "Area · 14:05", "Firefox · 22 Nov, 09:30".
+    static QString recentLabel(const ShotRecentRecord& record, const QDateTime& now);
 
 private:
     QMenu m_menu;
+    QMenu m_recent;
     Actions m_actions;
 };
 

@@ -10,6 +10,8 @@
 #include "shell/ShotBusService.h"
 #include "shell/ShotFeature.h"
 #include "shell/ShotGlobalShortcuts.h"
+#include "output/ShotClipboard.h"
+#include "recents/ShotRecentStore.h"
 #include "shell/ShotStatusMenu.h"
 #include "settings/ShotSettingsWindow.h"
 
@@ -58,7 +60,11 @@ void TrayApplication::showSettings()
     // One window: a second "Settings…" brings it forward.
     if (!m_settings) {
         m_settings = std::make_unique<ShotSettingsWindow>(ShotSettingsContext{
-            *m_preferences, m_shortcuts.get(), QCoreApplication::applicationFilePath()});
+            *m_preferences, m_shortcuts.get(), QCoreApplication::applicationFilePath(),
+            [this](const QString&) {
+                m_preferences->sync();
+                m_recents->applyPreference();
+            }});
     }
     m_settings->present();
 }
@@ -115,8 +121,14 @@ TrayApplication::Start TrayApplication::start()
     // Drag and share files from earlier sessions that nobody reads any more.
     ShotQuickSave::sweepTemporaryExports(QDateTime::currentDateTime().addSecs(-3600));
     m_preferences = std::make_unique<ShotPreferences>();
+    m_recents = std::make_unique<ShotRecentStore>(*m_preferences, ShotClipboard::shared(),
+                                                  ShotRenderer::shared());
+    m_recents->sourceApp = [platform = m_platform]() -> std::optional<QString> {
+        return platform ? platform->clipboardOwner() : std::nullopt;
+    };
     m_feature = std::make_unique<ShotFeature>(m_platform, platformProblem, *m_preferences,
                                               ShotRenderer::shared());
+    m_feature->setRecents(m_recents.get());
     m_menu = std::make_unique<ShotStatusMenu>(
         ShotStatusMenu::Actions{[this](CaptureMode mode) { m_feature->capture(mode); },
                                 [this] { openImage(); }, [this] { showSettings(); },
@@ -130,7 +142,14 @@ TrayApplication::Start TrayApplication::start()
                                     }
                                     QCoreApplication::quit();
                                 },
-                                [this](CaptureMode mode) { return m_feature->isOffered(mode); }});
+                                [this](CaptureMode mode) { return m_feature->isOffered(mode); },
+                                [this] { return m_recents->isEnabled(); },
+                                [this] { return m_recents->entries(); },
+                                [this](const QUuid& id) { m_feature->openRecent(id); },
+                                [this] { m_recents->clear(); }});
+    connect(m_recents.get(), &ShotRecentStore::changed, m_menu.get(),
+            &ShotStatusMenu::refreshRecent);
+    m_recents->applyPreference();
     m_tray.setContextMenu(&m_menu->menu());
     std::unique_ptr<GlobalShortcuts> keys;
     try {

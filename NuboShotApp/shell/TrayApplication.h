@@ -12,6 +12,7 @@ class CapturePlatform;
 class ShotBusService;
 class ShotFeature;
 class ShotPreferences;
+class ShotRecentStore;
 class ShotGlobalShortcuts;
 class ShotSettingsWindow;
 class ShotStatusMenu;
@@ -39,6 +40,7 @@ private:
 
     QSystemTrayIcon m_tray;
     std::unique_ptr<ShotPreferences> m_preferences;
+    std::unique_ptr<ShotRecentStore> m_recents;
     std::unique_ptr<ShotFeature> m_feature;
     std::unique_ptr<ShotStatusMenu> m_menu;
     std::unique_ptr<ShotGlobalShortcuts> m_shortcuts;

@@ -231,7 +231,7 @@ TEST(ShotStatusMenu, ItemsInTheDesignedOrder)
     }
     EXPECT_EQ(titles.join(u'|'),
               QStringLiteral("Capture Area|Capture Window|Capture Fullscreen|Capture Scrolling|-|"
-                             "Open Image in Nubo Shot\u2026|-|Settings\u2026|-|Quit Nubo Shot"));
+                             "Open Image in Nubo Shot\u2026|Recent|-|Settings\u2026|-|Quit Nubo Shot"));
     const auto actions = menu.menu().actions();
     EXPECT_EQ(actions[0]->data().toString(), QStringLiteral("area"));
     EXPECT_EQ(actions[2]->data().toString(), QStringLiteral("fullscreen"));

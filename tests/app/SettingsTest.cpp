@@ -9,7 +9,11 @@
 #include "editor/ShotToolStyles.h"
 #include "export/ShotQuickSave.h"
 #include "output/ShotOutput.h"
+#include "output/ShotClipboard.h"
+#include "recents/ShotRecentClipboardWatcher.h"
+#include "recents/ShotRecentStore.h"
 #include "settings/ShotAutostart.h"
+#include "shell/ShotStatusMenu.h"
 #include "settings/ShotSettingsBackup.h"
 #include "settings/ShotSettingsWindow.h"
 #include "shell/ShotGlobalShortcuts.h"
@@ -57,10 +61,12 @@ protected:
         m_settings.reset();
         m_shortcuts.reset();
     }
-    ShotSettingsWindow& open(const QString& page, ShotGlobalShortcuts* shortcuts = nullptr)
+    ShotSettingsWindow& open(const QString& page, ShotGlobalShortcuts* shortcuts = nullptr,
+                             std::function<void(const QString&)> changed = {})
     {
         m_settings = std::make_unique<ShotSettingsWindow>(ShotSettingsContext{
-            *m_preferences, shortcuts, QStringLiteral("/opt/Nubo Shot/bin/nuboshot")});
+            *m_preferences, shortcuts, QStringLiteral("/opt/Nubo Shot/bin/nuboshot"),
+            std::move(changed)});
         m_settings->showPage(page);
         activate(*m_settings);
         settle();
@@ -138,7 +144,17 @@ TEST_F(Settings, WrongValuesShowTheDefaults)
 
 TEST_F(Settings, GeneralWritesItsKeysAndTheAutostartEntry)
 {
-    open(QStringLiteral("General"));
+    // The tray's recent images and menu follow the switch at once.
+    ShotRecentStore recents(*m_preferences, ShotClipboard::shared(), m_renderer,
+                            m_dir.filePath(QStringLiteral("Recent")));
+    ShotStatusMenu menu({[](CaptureMode) {}, [] {}, [] {}, [] {}, {},
+                         [&] { return recents.isEnabled(); }, [&] { return recents.entries(); },
+                         [](const QUuid&) {}, [] {}});
+    QObject::connect(&recents, &ShotRecentStore::changed, &menu, &ShotStatusMenu::refreshRecent);
+    recents.applyPreference();
+    ASSERT_TRUE(menu.recentMenu().menuAction()->isVisible());
+    ASSERT_TRUE(recents.watcher() && recents.watcher()->isRunning());
+    open(QStringLiteral("General"), nullptr, [&](const QString&) { recents.applyPreference(); });
     auto* login = find<QCheckBox>(QStringLiteral("startAtLogin"));
     auto* copyRaw = find<QCheckBox>(QLatin1String(keys::copyRawOnCapture));
     auto* recent = find<QCheckBox>(QLatin1String(keys::recentEnabled));
@@ -161,6 +177,11 @@ TEST_F(Settings, GeneralWritesItsKeysAndTheAutostartEntry)
     tick(recent);
     EXPECT_FALSE(m_preferences->boolean(keys::recentEnabled, true));
     EXPECT_EQ(m_preferences->rawValue(keys::recentEnabled).toString(), QStringLiteral("false"));
+    EXPECT_FALSE(menu.recentMenu().menuAction()->isVisible()) << "the Recent submenu stayed";
+    EXPECT_FALSE(recents.watcher()->isRunning()) << "the clipboard is still watched";
+    tick(recent);
+    EXPECT_TRUE(menu.recentMenu().menuAction()->isVisible());
+    EXPECT_TRUE(recents.watcher()->isRunning());
 }
 
 // The quick-save folder and format, changed here, are where and how the

@@ -30,32 +30,10 @@ namespace {
 
 using test::run;
 using test::saveArtifact;
+using test::trayIconGeometry;
 using test::Tray;
 using test::waitUntil;
 constexpr char busName[] = "com.corvane.lab.nuboshot";
-
-// The on-screen rectangle of the tray icon's window, as xwininfo reports it.
-QRect trayIconGeometry()
-{
-    const QStringList ids =
-        run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--classname", "nuboshot"})
-            .split(u'\n', Qt::SkipEmptyParts);
-    for (const QString& id : ids) {
-        const QString info = run(QStringLiteral("xwininfo"), {"-id", id});
-        const auto number = [&](const char* label) {
-            const auto match =
-                QRegularExpression(QString::fromLatin1(label) + QStringLiteral(":\\s+(-?\\d+)"))
-                    .match(info);
-            return match.hasMatch() ? match.captured(1).toInt() : -1;
-        };
-        const QRect rect(number("Absolute upper-left X"), number("Absolute upper-left Y"),
-                         number("Width"), number("Height"));
-        if (rect.width() > 4 && rect.width() < 100 && rect.height() > 4 && rect.height() < 100) {
-            return rect;
-        }
-    }
-    return {};
-}
 
 TEST_F(Tray, StartsOnceShowsItsIconAndQuitsFromItsMenu)
 {
@@ -92,19 +70,7 @@ TEST_F(Tray, StartsOnceShowsItsIconAndQuitsFromItsMenu)
     const QPoint centre = icon.center();
     run(QStringLiteral("xdotool"),
         {"mousemove", QString::number(centre.x()), QString::number(centre.y())});
-    const auto menuShown = [&] {
-        for (const QString& id :
-             run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--pid",
-                                             QString::number(m_app.processId())})
-                 .split(u'\n', Qt::SkipEmptyParts)) {
-            const QString info = run(QStringLiteral("xwininfo"), {"-id", id});
-            const auto width = QRegularExpression(QStringLiteral("Width:\\s+(\\d+)")).match(info);
-            if (width.hasMatch() && width.captured(1).toInt() > 120) {
-                return true; // the tray icon is smaller; the menu is wider
-            }
-        }
-        return false;
-    };
+    const auto menuShown = [this] { return trayMenuShown(); };
     run(QStringLiteral("xdotool"), {"click", "1"});
     ASSERT_TRUE(waitUntil(menuShown, 5000)) << "a left click opened no menu";
     QThread::msleep(300);

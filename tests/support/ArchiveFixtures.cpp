@@ -78,6 +78,12 @@ void writeFile(const QString& path, const QByteArray& data)
     ASSERT_EQ(file.write(data), data.size());
 }
 
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 void writeManifest(const QString& folder, const QJsonObject& manifest)
 {
     writeFile(folder + QStringLiteral("/manifest.json"), QJsonDocument(manifest).toJson());

@@ -22,6 +22,8 @@ void expectSameDocument(const ShotDocument& expected, const ShotDocument& actual
 QJsonObject readManifest(const QString& folder);
 void writeManifest(const QString& folder, const QJsonObject& manifest);
 void writeFile(const QString& path, const QByteArray& data);
+// A file's bytes; empty when it cannot be read.
+QByteArray readFile(const QString& path);
 
 // The start of a PNG file that claims the given size; it decodes no pixels.
 QByteArray pngHeaderClaiming(quint32 width, quint32 height);

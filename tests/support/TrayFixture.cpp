@@ -3,6 +3,7 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDeadlineTimer>
+#include <QRegularExpression>
 #include <QThread>
 
 namespace nubo::test {
@@ -38,6 +39,29 @@ bool windowShown(const QString& name)
                 .isEmpty();
 }
 
+// The on-screen rectangle of the tray icon's window, as xwininfo reports it.
+QRect trayIconGeometry()
+{
+    const QStringList ids =
+        run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--classname", "nuboshot"})
+            .split(u'\n', Qt::SkipEmptyParts);
+    for (const QString& id : ids) {
+        const QString info = run(QStringLiteral("xwininfo"), {"-id", id});
+        const auto number = [&](const char* label) {
+            const auto match =
+                QRegularExpression(QString::fromLatin1(label) + QStringLiteral(":\\s+(-?\\d+)"))
+                    .match(info);
+            return match.hasMatch() ? match.captured(1).toInt() : -1;
+        };
+        const QRect rect(number("Absolute upper-left X"), number("Absolute upper-left Y"),
+                         number("Width"), number("Height"));
+        if (rect.width() > 4 && rect.width() < 100 && rect.height() > 4 && rect.height() < 100) {
+            return rect;
+        }
+    }
+    return {};
+}
+
 void Tray::SetUp()
 {
     if (qEnvironmentVariableIsEmpty("DISPLAY") || !QDBusConnection::sessionBus().isConnected()) {
@@ -65,6 +89,34 @@ bool Tray::isRunning()
 {
     return QDBusConnection::sessionBus().interface()->isServiceRegistered(
         QLatin1String(busName));
+}
+
+bool Tray::trayMenuShown()
+{
+    for (const QString& id : run(QStringLiteral("xdotool"),
+                                 {"search", "--onlyvisible", "--pid",
+                                  QString::number(m_app.processId())})
+                                 .split(u'\n', Qt::SkipEmptyParts)) {
+        const QString info = run(QStringLiteral("xwininfo"), {"-id", id});
+        const auto width = QRegularExpression(QStringLiteral("Width:\\s+(\\d+)")).match(info);
+        if (width.hasMatch() && width.captured(1).toInt() > 120) {
+            return true; // the tray icon is smaller; the menu is wider
+        }
+    }
+    return false;
+}
+
+bool Tray::openTrayMenu()
+{
+    QRect icon;
+    if (!waitUntil([&] { return !(icon = trayIconGeometry()).isEmpty(); })) {
+        return false;
+    }
+    run(QStringLiteral("xdotool"), {"mousemove", QString::number(icon.center().x()),
+                                    QString::number(icon.center().y()), "click", "1"});
+    const bool shown = waitUntil([this] { return trayMenuShown(); }, 5000);
+    QThread::msleep(300);
+    return shown;
 }
 
 bool Tray::waitForLog(const QString& text, int timeoutMs)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QProcess>
+#include <QRect>
 #include <QString>
 #include <QStringList>
 
@@ -15,6 +16,8 @@ bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 10000);
 QString run(const QString& program, const QStringList& arguments);
 // Whether a visible window has this name.
 bool windowShown(const QString& name);
+// The on-screen rectangle of the tray icon's window; empty when none shows.
+QRect trayIconGeometry();
 
 // The tray application, started by the test in the private desktop session
 // and stopped after it.
@@ -26,6 +29,10 @@ protected:
     // Checked with ASSERT_NO_FATAL_FAILURE at the call.
     void startTray();
     static bool isRunning();
+    // Whether the tray's menu is on screen.
+    bool trayMenuShown();
+    // Clicks the tray icon and waits for its menu; false when none came.
+    bool openTrayMenu();
     // Waits until the application's log has a line containing `text`.
     bool waitForLog(const QString& text, int timeoutMs = 10000);
 

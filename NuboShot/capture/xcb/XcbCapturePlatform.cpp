@@ -1,9 +1,14 @@
 #include "capture/xcb/XcbCapturePlatform.h"
 
+#include "capture/xcb/XcbConnection.h"
 #include "capture/xcb/XcbGlobalShortcuts.h"
 #include "capture/xcb/XcbRegionStream.h"
 #include "capture/xcb/XcbScreenCapturer.h"
 #include "capture/xcb/XcbScrollDriver.h"
+
+#include <QFile>
+
+#include <xcb/res.h>
 
 namespace nubo {
 
@@ -42,6 +47,58 @@ std::shared_ptr<ScreenRegionStreaming> XcbCapturePlatform::regionStreaming()
 std::shared_ptr<ScrollDriving> XcbCapturePlatform::scrollDriving()
 {
     return m_driving;
+}
+
+std::optional<QString> XcbCapturePlatform::clipboardOwner()
+{
+    try {
+        if (!m_ownerLookup || m_ownerLookup->broken()) {
+            m_ownerLookup = std::make_unique<XcbConnection>(m_displayName);
+        }
+    } catch (const Error&) {
+        return std::nullopt;
+    }
+    XcbConnection& x = *m_ownerLookup;
+    const QByteArray name("CLIPBOARD");
+    auto atom = xcbReply(xcb_intern_atom_reply(
+        x.c, xcb_intern_atom(x.c, 1, uint16_t(name.size()), name.constData()), nullptr));
+    if (!atom || atom->atom == XCB_NONE) {
+        return std::nullopt;
+    }
+    auto owner = xcbReply(xcb_get_selection_owner_reply(
+        x.c, xcb_get_selection_owner(x.c, atom->atom), nullptr));
+    if (!owner || owner->owner == XCB_NONE) {
+        return std::nullopt;
+    }
+    // The class in WM_CLASS ("instance\0Class\0") names the application.
+    const QList<QByteArray> wmClass =
+        x.property(owner->owner, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 256).split('\0');
+    if (wmClass.size() >= 2 && !wmClass[1].isEmpty()) {
+        return QString::fromUtf8(wmClass[1]);
+    }
+    // Clipboard windows often have no properties: the program behind the
+    // connection that made the window, by its process.
+    xcb_res_client_id_spec_t spec{owner->owner, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    auto ids = xcbReply(
+        xcb_res_query_client_ids_reply(x.c, xcb_res_query_client_ids(x.c, 1, &spec), nullptr));
+    if (!ids) {
+        return std::nullopt;
+    }
+    for (auto it = xcb_res_query_client_ids_ids_iterator(ids.get()); it.rem;
+         xcb_res_client_id_value_next(&it)) {
+        if (it.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID &&
+            xcb_res_client_id_value_value_length(it.data) == 1) {
+            const uint32_t pid = *xcb_res_client_id_value_value(it.data);
+            QFile comm(QStringLiteral("/proc/%1/comm").arg(pid));
+            if (comm.open(QIODevice::ReadOnly)) {
+                const QString program = QString::fromUtf8(comm.readAll()).trimmed();
+                if (!program.isEmpty()) {
+                    return program;
+                }
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 std::unique_ptr<GlobalShortcuts> XcbCapturePlatform::makeGlobalShortcuts()

@@ -6,6 +6,7 @@
 
 namespace nubo {
 
+class XcbConnection;
 class XcbScreenCapturer;
 class XcbRegionStreaming;
 
@@ -24,12 +25,14 @@ public:
     std::shared_ptr<ScreenRegionStreaming> regionStreaming() override;
     std::shared_ptr<ScrollDriving> scrollDriving() override;
     std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override;
+    std::optional<QString> clipboardOwner() override;
 
 private:
     QByteArray m_displayName;
     std::shared_ptr<XcbScreenCapturer> m_capturer;
     std::shared_ptr<XcbRegionStreaming> m_streaming;
     std::shared_ptr<ScrollDriving> m_driving;
+    std::unique_ptr<XcbConnection> m_ownerLookup; // made when first asked
 };
 
 } // namespace nubo
