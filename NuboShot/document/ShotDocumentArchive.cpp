@@ -1,5 +1,7 @@
 #include "document/ShotDocumentArchive.h"
 
+#include "document/PngEncoder.h"
+
 #include "core/FileWriting.h"
 #include "core/Geometry.h"
 #include "core/Logging.h"
@@ -9,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QColorSpace>
 #include <QImageReader>
 #include <QImageWriter>
 #include <QJsonDocument>
@@ -142,14 +145,14 @@ void writeFile(const QString& path, const QByteArray& data)
 
 QByteArray encodePng(const QImage& image)
 {
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, "png");
-    if (!writer.write(image)) {
-        throw ArchiveError(
-            Code::invalidImage,
-            QStringLiteral("could not encode a layer: %1").arg(writer.errorString()));
+    // Our own encoder: several times faster than Qt's on screenshots, which
+    // keeps recording a capture in the recent images short.
+    QByteArray data = PngEncoder::encode(image);
+    if (data.isEmpty()) {
+        throw ArchiveError(Code::invalidImage,
+                           QStringLiteral("could not encode a layer of %1 \u00d7 %2 pixels")
+                               .arg(image.width())
+                               .arg(image.height()));
     }
     return data;
 }
@@ -403,6 +406,10 @@ QImage readLayerImage(const QString& path, const QString& name, qint64& total)
             QStringLiteral("\u201c%1\u201d does not decode: %2").arg(name, reader.errorString()));
     }
     QImage converted = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    if (converted.colorSpace() == QColorSpace(QColorSpace::SRgb)) {
+        // Layers are sRGB, which documents say by leaving the space unset.
+        converted.setColorSpace(QColorSpace());
+    }
     if (converted.isNull() || converted.size() != size) {
         // A layer that could not be converted is never a smaller layer.
         throw ArchiveError(Code::invalidImage,

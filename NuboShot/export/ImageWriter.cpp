@@ -2,7 +2,7 @@
 
 #include "core/FileWriting.h"
 
-#include "export/PngEncoder.h"
+#include "document/PngEncoder.h"
 
 #include <QFileInfo>
 #include <QPainter>

@@ -16,6 +16,7 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <future>
 
 namespace nubo {
 
@@ -318,11 +319,14 @@ ShotRecentRecord ShotRecentDisk::addCapture(const QUuid& id, const ShotDocument&
     record.mode = mode;
     record.pixelWidth = image.width();
     record.pixelHeight = image.height();
-    record.contentHash = sha256Hex(reinterpret_cast<const char*>(image.constBits()),
-                                   image.sizeInBytes());
+    // The digest on a second core while the archive is written.
+    std::future<QString> digest = std::async(std::launch::async, [image] {
+        return sha256Hex(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+    });
     const QString folder = prepareFolder(record);
     try {
         ShotDocumentArchive::write(document, folder + QLatin1Char('/') + archiveName);
+        record.contentHash = digest.get();
         writeRecordFiles(record, folder, thumbnailOf(document));
         m_records.prepend(record);
         newestFirst(m_records);

@@ -1,5 +1,6 @@
 #include "recents/ShotRecentStore.h"
 
+#include "core/BackgroundThread.h"
 #include "core/Logging.h"
 #include "core/Settings.h"
 #include "recents/ShotRecentClipboardWatcher.h"
@@ -16,6 +17,8 @@ ShotRecentStore::ShotRecentStore(ShotPreferences& preferences, ShotClipboard& cl
       m_disk(std::make_unique<ShotRecentDisk>(std::move(root), renderer)),
       m_queue(std::make_unique<SerialQueue>(QStringLiteral("recents-disk")))
 {
+    // File work yields to the editor that opens at the same moment.
+    m_queue->post([] { lowerCurrentThreadPriority(); });
     m_pruneTimer.setInterval(60'000);
     connect(&m_pruneTimer, &QTimer::timeout, this, &ShotRecentStore::prune);
 }

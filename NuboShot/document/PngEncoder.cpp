@@ -1,4 +1,4 @@
-#include "export/PngEncoder.h"
+#include "document/PngEncoder.h"
 
 #include "export/DeflateSplice.h"
 
