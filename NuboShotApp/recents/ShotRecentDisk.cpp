@@ -2,6 +2,7 @@
 
 #include "core/FileWriting.h"
 #include "core/Logging.h"
+#include "document/PngEncoder.h"
 #include "document/ShotDocumentArchive.h"
 #include "document/ShotImageFile.h"
 #include "render/ShotRenderer.h"
@@ -10,7 +11,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QImageReader>
-#include <QImageWriter>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QStandardPaths>
@@ -36,12 +36,10 @@ QString kindFolder(bool capture)
 
 QByteArray pngOf(const QImage& image)
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QImageWriter writer(&buffer, "png");
-    if (!writer.write(image)) {
-        throw ShotRecentError(ShotRecentError::Code::invalidImage, writer.errorString());
+    QByteArray bytes = PngEncoder::encode(image);
+    if (bytes.isEmpty()) {
+        throw ShotRecentError(ShotRecentError::Code::invalidImage,
+                              QStringLiteral("the thumbnail could not be encoded"));
     }
     return bytes;
 }
@@ -102,8 +100,8 @@ QList<ShotRecentRecord> ShotRecentDisk::load()
     m_resolvedRoot = QFileInfo(m_root).canonicalFilePath();
     m_didLoad = true;
     std::optional<QList<ShotRecentRecord>> indexed = readIndex();
-    if (!indexed) {
-        qCWarning(lcRecents, "Recent index missing or damaged; rebuilding it from the entries");
+    if (!indexed && QFileInfo::exists(m_resolvedRoot + QLatin1Char('/') + indexName)) {
+        qCWarning(lcRecents, "Recent index damaged; rebuilding it from the entries");
     }
     // The entries on disk: the index's, and any it does not know (a write
     // of the index that never happened).
@@ -141,6 +139,10 @@ QList<ShotRecentRecord> ShotRecentDisk::load()
         }
     }
     newestFirst(m_records);
+    if (!indexed && !m_records.isEmpty()) {
+        qCInfo(lcRecents, "Recent index rebuilt from %lld entries",
+               static_cast<long long>(m_records.size()));
+    }
     if (!indexed || *indexed != m_records) {
         try {
             writeIndex();

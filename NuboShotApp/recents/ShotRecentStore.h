@@ -37,12 +37,17 @@ class ShotRecentStore : public QObject {
     Q_OBJECT
 public:
     static constexpr int menuCount = 5;
-    static constexpr qint64 graceSeconds = 600;
 
     ShotRecentStore(ShotPreferences& preferences, ShotClipboard& clipboard,
                     ShotRenderer& renderer, QString root = ShotRecentDisk::defaultRoot(),
                     QObject* parent = nullptr);
     ~ShotRecentStore() override;
+
+    // How long an entry that fell out of the five stays on disk.
+    qint64 graceSeconds = 600;
+    // Deletes the entries that have been out of the five for longer than
+    // that (every minute while running).
+    void prune();
 
     // The application owning the clipboard, for copied entries.
     std::function<std::optional<QString>()> sourceApp;
@@ -84,7 +89,6 @@ private:
     // Runs `work` on the disk thread, then publishes its listing.
     void submit(const char* what, std::function<void(ShotRecentDisk&)> work);
     void publish(const Listing& listing, quint64 version);
-    void prune();
 
     ShotPreferences& m_preferences;
     ShotClipboard& m_clipboard;

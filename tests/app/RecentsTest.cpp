@@ -322,6 +322,17 @@ TEST_F(Recents, SevenCapturesLeaveTheFiveNewestAndEditsFollowTheirEntry)
         EXPECT_EQ(entries[i].thumbnail.size(), QSize(100, 100));
     }
 
+    // The two beyond the five stay on disk for a while, then go.
+    EXPECT_EQ(entryFolders(root(), "shots"), 7);
+    m_store->prune();
+    wait();
+    EXPECT_EQ(entryFolders(root(), "shots"), 7) << "gone before their time";
+    m_store->graceSeconds = 0;
+    m_store->prune();
+    wait();
+    EXPECT_EQ(entryFolders(root(), "shots"), 5);
+    EXPECT_EQ(m_store->entries().size(), 5);
+
     // An edited output of the newest updates its archive and its thumbnail.
     ShotDocument edited = test::documentWithEveryKind();
     const QImage before = entries[0].thumbnail;
@@ -348,6 +359,31 @@ TEST_F(Recents, SevenCapturesLeaveTheFiveNewestAndEditsFollowTheirEntry)
     EXPECT_EQ(
         QJsonDocument::fromJson(test::readFile(root() + "/index.json")).object()["entries"].toArray().size(),
         0);
+}
+
+TEST_F(Recents, AWriteThatFailsLosesOnlyItself)
+{
+    const QUuid first = m_store->recordCapture(capture(1), QStringLiteral("area"));
+    wait();
+    ASSERT_EQ(m_store->entries().size(), 1);
+    // Copied images can no longer be stored (something else took their
+    // folder's place): that one write fails, said in the log, and the store
+    // goes on keeping captures with nothing lost.
+    QDir(root() + "/copied").removeRecursively();
+    test::writeFile(root() + "/copied", "in the way");
+    QTemporaryDir dir;
+    test::writeFile(dir.filePath("copied.png"), png(test::patternImage(40, 40, 5)));
+    ASSERT_TRUE(ownClipboard(m_owner, NUBOSHOT_CLIP_OWNER,
+                             {"--data", "image/png", dir.filePath("copied.png")}));
+    m_store->watcher()->poll();
+    wait();
+    ASSERT_EQ(m_store->entries().size(), 1);
+    const QUuid second = m_store->recordCapture(capture(2), QStringLiteral("window"));
+    wait();
+    ASSERT_EQ(m_store->entries().size(), 2);
+    EXPECT_EQ(m_store->entries()[0].record.id, second);
+    EXPECT_EQ(m_store->entries()[1].record.id, first);
+    EXPECT_FALSE(m_store->entries()[1].thumbnail.isNull());
 }
 
 TEST_F(Recents, TheWatcherTakesOtherApplicationsImagesOnly)
