@@ -42,6 +42,7 @@ inline constexpr char recordingShowsCursor[] = "shot.recording.showsCursor";
 inline constexpr char recordingHighlightsClicks[] = "shot.recording.highlightsClicks";
 inline constexpr char recordingCountdown[] = "shot.recording.countdown";
 inline constexpr char recordingCamera[] = "shot.recording.camera";
+inline constexpr char recordingFolder[] = "shot.recording.folder";
 inline constexpr char recordingCameraFrame[] = "shot.recording.camera.frame";
 inline constexpr char recordingAvatarSource[] = "shot.recording.avatar.source";
 inline constexpr char recordingAvatarCameraDeviceID[] = "shot.recording.avatar.cameraDeviceID";

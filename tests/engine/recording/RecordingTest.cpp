@@ -1,0 +1,319 @@
+// The recording vocabulary, the timeline and the writer, checked by decoding
+// what was written with FFmpeg.
+
+#include "core/Settings.h"
+#include "recording/RecordingTimeline.h"
+#include "recording/RecordingTypes.h"
+#include "recording/RecordingWriter.h"
+#include "support/MovieDecoder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+using namespace std::chrono_literals;
+using Code = RecordingError::Code;
+
+RecordingDuration ms(qint64 milliseconds)
+{
+    return std::chrono::milliseconds(milliseconds);
+}
+
+TEST(RecordingTypes, VocabularyAsDesigned)
+{
+    EXPECT_EQ(frameRateFromRawValue(25), std::nullopt);
+    EXPECT_EQ(frameRateFromRawValue(30), RecordingFrameRate::fps30);
+    EXPECT_EQ(frameRateFromRawValue(60), RecordingFrameRate::fps60);
+
+    // Bit rates: the worked examples and both clamps.
+    EXPECT_EQ(recordingBitRate(1920, 1080, RecordingFrameRate::fps30, RecordingCodec::h264), 9953280);
+    EXPECT_EQ(recordingBitRate(1920, 1080, RecordingFrameRate::fps60, RecordingCodec::hevc), 12441600);
+    EXPECT_EQ(recordingBitRate(100, 100, RecordingFrameRate::fps30, RecordingCodec::h264), 500000);
+    EXPECT_EQ(recordingBitRate(15360, 8640, RecordingFrameRate::fps60, RecordingCodec::h264),
+              100000000);
+
+    // Sizes: even, at least 2.
+    EXPECT_EQ(recordingOutputSize({1001, 701}, 1), QSize(1000, 700));
+    EXPECT_EQ(recordingOutputSize({1001, 701}, 2), QSize(2002, 1402));
+    EXPECT_EQ(recordingOutputSize({1, 1}, 1), QSize(2, 2));
+    EXPECT_EQ(recordingOutputSize({0.4, 3.9}, 1), QSize(2, 2));
+
+    // States: payloads count, cases count.
+    EXPECT_NE(RecordingState{RecordingState::Paused{5s}}, RecordingState{RecordingState::Recording{5s}});
+    EXPECT_EQ(RecordingState{RecordingState::Recording{5s}}, RecordingState{RecordingState::Recording{5s}});
+    EXPECT_NE(RecordingState{RecordingState::Recording{5s}}, RecordingState{RecordingState::Recording{6s}});
+    EXPECT_EQ(RecordingState{}, RecordingState{RecordingState::Idle{}});
+
+    // Texts, and the writer's detail after the prefix's own blank.
+    EXPECT_EQ(RecordingError(Code::writerFailed, "Disk full.").message(),
+              QStringLiteral("The recording could not be saved. Disk full."));
+    EXPECT_EQ(RecordingError(Code::noVideo).message(), QStringLiteral("No video frames were recorded."));
+    EXPECT_EQ(RecordingError(Code::invalidState).message(),
+              QStringLiteral("The recording cannot perform this action right now."));
+    EXPECT_EQ(RecordingError(Code::microphoneUnsupported).message(),
+              QStringLiteral("Microphone recording requires a running audio server."));
+    EXPECT_EQ(RecordingError(Code::clickHighlightUnsupported).message(),
+              QStringLiteral("Click highlighting requires the X Input extension."));
+    EXPECT_TRUE(RecordingError(Code::writerFailed, "a") == RecordingError(Code::writerFailed, "a"));
+    EXPECT_FALSE(RecordingError(Code::writerFailed, "a") == RecordingError(Code::writerFailed, "b"));
+
+    // Validation: microphone first, then clicks, then the codec.
+    struct Case {
+        bool microphone, clicks;
+        RecordingCodec codec;
+        RecordingCapabilities capabilities;
+        std::optional<Code> expected;
+    };
+    const Case cases[] = {
+        {true, true, RecordingCodec::hevc, {false, false, false}, Code::microphoneUnsupported},
+        {false, true, RecordingCodec::hevc, {false, false, false}, Code::clickHighlightUnsupported},
+        {false, false, RecordingCodec::hevc, {true, true, false}, Code::codecUnsupported},
+        {true, true, RecordingCodec::hevc, {true, true, true}, std::nullopt},
+        {false, false, RecordingCodec::h264, {false, false, false}, std::nullopt},
+    };
+    for (const Case& c : cases) {
+        RecordingOptions options;
+        options.microphone = c.microphone;
+        options.highlightsClicks = c.clicks;
+        options.codec = c.codec;
+        try {
+            validate(options, c.capabilities);
+            EXPECT_FALSE(c.expected);
+        } catch (const RecordingError& error) {
+            EXPECT_EQ(std::optional(error.code()), c.expected);
+        }
+    }
+}
+
+TEST(RecordingTypes, OptionsAreReadForgivinglyAndStoredAsDesigned)
+{
+    QTemporaryDir dir;
+    ShotPreferences preferences(dir.filePath("prefs.ini"));
+    EXPECT_EQ(RecordingOptions::read(preferences), RecordingOptions());
+    struct Case {
+        const char* key;
+        QVariant stored;
+        std::function<bool(const RecordingOptions&)> holds;
+    };
+    const Case cases[] = {
+        {"shot.recording.codec", "hevc", [](auto& o) { return o.codec == RecordingCodec::hevc; }},
+        {"shot.recording.codec", "HEVC", [](auto& o) { return o.codec == RecordingCodec::h264; }},
+        {"shot.recording.frameRate", "fps60", [](auto& o) { return o.frameRate == RecordingFrameRate::fps60; }},
+        {"shot.recording.frameRate", 60, [](auto& o) { return o.frameRate == RecordingFrameRate::fps30; }},
+        {"shot.recording.resolution", "standard", [](auto& o) { return o.resolution == RecordingResolution::standard; }},
+        {"shot.recording.resolution", "tiny", [](auto& o) { return o.resolution == RecordingResolution::native; }},
+        {"shot.recording.showsCursor", "perhaps", [](auto& o) { return o.showsCursor; }},
+        {"shot.recording.showsCursor", false, [](auto& o) { return !o.showsCursor; }},
+        {"shot.recording.systemAudio", true, [](auto& o) { return o.systemAudio; }},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.key);
+        preferences.setValue(QLatin1String(c.key), c.stored);
+        EXPECT_TRUE(c.holds(RecordingOptions::read(preferences)));
+        preferences.remove(QLatin1String(c.key));
+    }
+    RecordingOptions options;
+    options.frameRate = RecordingFrameRate::fps60;
+    options.camera = true;
+    options.microphoneDeviceID = QStringLiteral("alsa_input.usb");
+    options.write(preferences);
+    EXPECT_EQ(preferences.string(keys::recordingFrameRate), QStringLiteral("fps60"));
+    EXPECT_EQ(RecordingOptions::read(preferences), options);
+    // JSON under the field names, and back.
+    const QJsonObject json = options.toJson();
+    EXPECT_EQ(json.keys(), (QStringList{"camera", "codec", "frameRate", "highlightsClicks",
+                                        "microphone", "microphoneDeviceID", "resolution",
+                                        "showsCursor", "systemAudio"}));
+    EXPECT_EQ(json.value("frameRate").toInt(), 60);
+    EXPECT_EQ(RecordingOptions::fromJson(json), options);
+    QJsonObject wrong = json;
+    wrong.insert("frameRate", 25);
+    EXPECT_EQ(RecordingOptions::fromJson(wrong), std::nullopt);
+}
+
+TEST(RecordingTypes, FileNamesCountUpWithinASecond)
+{
+    QTemporaryDir dir;
+    const QDateTime when = QDateTime::fromString("2026-11-23T09:05:07", Qt::ISODate);
+    const QString first = recordingFileName(dir.path(), when);
+    EXPECT_EQ(QFileInfo(first).fileName(), QStringLiteral("Nubo Shot Recording 2026-11-23 09.05.07.mp4"));
+    QFile(first).open(QIODevice::WriteOnly);
+    const QString second = recordingFileName(dir.path(), when);
+    EXPECT_EQ(QFileInfo(second).fileName(), QStringLiteral("Nubo Shot Recording 2026-11-23 09.05.07 (2).mp4"));
+    QFile(second).open(QIODevice::WriteOnly);
+    EXPECT_TRUE(recordingFileName(dir.path(), when).endsWith(QStringLiteral(" (3).mp4")));
+}
+
+TEST(RecordingTimeline, PausesLeaveNoGapAndCountOnlyFromTheFirstFrame)
+{
+    struct Step {
+        enum { offer, pause, resume } kind;
+        qint64 at;
+    };
+    struct Case {
+        const char* name;
+        QList<Step> steps;
+        qint64 removed;
+        QList<std::pair<qint64, std::optional<qint64>>> maps;
+    };
+    const Case cases[] = {
+        {"a 10 s pause", {{Step::offer, 1000}, {Step::pause, 3000}, {Step::resume, 13000}}, 10000,
+         {{13000, 2000}, {15000, 4000}, {10999, std::nullopt}, {500, std::nullopt}}},
+        {"a pause before the first frame, ending after it",
+         {{Step::pause, 500}, {Step::offer, 1000}, {Step::resume, 1500}}, 500,
+         {{1500, 0}, {2500, 1000}}},
+        {"a pause ending before the first frame",
+         {{Step::pause, 100}, {Step::resume, 400}, {Step::offer, 1000}}, 0, {{1000, 0}}},
+        {"a second pause changes nothing; a resume without one neither",
+         {{Step::offer, 0}, {Step::pause, 1000}, {Step::pause, 1500}, {Step::resume, 2000},
+          {Step::resume, 9000}},
+         1000, {{2000, 1000}}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        RecordingTimeline timeline;
+        for (const Step& s : c.steps) {
+            if (s.kind == Step::offer) {
+                timeline.offer(ms(s.at));
+            } else if (s.kind == Step::pause) {
+                timeline.pause(ms(s.at));
+            } else {
+                timeline.resume(ms(s.at));
+            }
+        }
+        EXPECT_EQ(timeline.removed, ms(c.removed));
+        for (const auto& [time, expected] : c.maps) {
+            EXPECT_EQ(timeline.map(ms(time)),
+                      expected ? std::optional(ms(*expected)) : std::nullopt)
+                << time;
+        }
+    }
+    RecordingTimeline paused;
+    paused.offer(ms(0));
+    paused.pause(ms(10));
+    EXPECT_EQ(paused.map(ms(20)), std::nullopt) << "nothing is written while paused";
+}
+
+QImage counterFrame(int counter, QSize size = QSize(640, 360))
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(QColor(40, 90, 160));
+    test::paintCounter(image, counter, QPoint(16, 16));
+    return image;
+}
+
+TEST(RecordingWriter, FramesInOrderPausesCutExactlyAndTheIndexIsInFront)
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath("movie.mp4");
+    RecordingWriter writer(file, QSize(640, 360), RecordingOptions());
+    // 30 fps capture times from 5 s on (any clock); a pause from frame 60
+    // to frame 90 (1 s) whose frames are never written.
+    const auto at = [](int frame) { return ms(5000) + RecordingDuration(frame * 1000000 / 30); };
+    for (int i = 0; i < 150; ++i) {
+        if (i == 60) {
+            writer.pause(at(i));
+        }
+        if (i == 90) {
+            writer.resume(at(i));
+        }
+        const bool written = writer.appendVideo(counterFrame(i), at(i));
+        EXPECT_EQ(written, i < 60 || i >= 90) << i;
+    }
+    EXPECT_EQ(writer.videoFrames(), 120);
+    EXPECT_EQ(writer.finish(), file);
+    const test::DecodedMovie movie = test::decodeMovie(file);
+    ASSERT_TRUE(movie.opened) << movie.error.toStdString();
+    EXPECT_EQ(movie.codec, QStringLiteral("h264"));
+    EXPECT_EQ(movie.profile, QStringLiteral("High"));
+    EXPECT_EQ(QSize(movie.width, movie.height), QSize(640, 360));
+    EXPECT_EQ(movie.bFrames, 0);
+    EXPECT_TRUE(movie.moovBeforeMdat) << "the index is not at the front";
+    EXPECT_EQ(movie.colorPrimaries, QStringLiteral("bt709"));
+    EXPECT_EQ(movie.colorTransfer, QStringLiteral("iec61966-2-1"));
+    EXPECT_EQ(movie.colorSpace, QStringLiteral("bt709"));
+    ASSERT_EQ(movie.frames.size(), 120);
+    for (int k = 0; k < 120; ++k) {
+        const int counter = k < 60 ? k : k + 30;
+        EXPECT_EQ(test::readCounter(movie.frames[k], QPoint(16, 16)), counter) << k;
+        // The pause shortens the movie by exactly its length.
+        EXPECT_NEAR(movie.times[k], k / 30.0, 1e-4) << k;
+        EXPECT_EQ(movie.keyFrames[k], k % 60 == 0) << k;
+    }
+}
+
+TEST(RecordingWriter, NothingWrittenIsNoVideoAndNoFile)
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath("empty.mp4");
+    RecordingWriter writer(file, QSize(320, 240), RecordingOptions());
+    writer.pause(ms(0));
+    EXPECT_FALSE(writer.appendVideo(counterFrame(1, QSize(320, 240)), ms(10)));
+    try {
+        writer.finish();
+        ADD_FAILURE() << "finished without a frame";
+    } catch (const RecordingError& error) {
+        EXPECT_EQ(error.code(), Code::noVideo);
+        EXPECT_EQ(error.message(), QStringLiteral("No video frames were recorded."));
+    }
+    EXPECT_FALSE(QFileInfo::exists(file));
+}
+
+TEST(RecordingWriter, AMovieCutOffMidwayPlaysUpToItsLastKeyFrame)
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath("cut.mp4");
+    const QString copy = dir.filePath("after-the-crash.mp4");
+    {
+        RecordingWriter writer(file, QSize(320, 240), RecordingOptions());
+        for (int i = 0; i < 100; ++i) { // 3.3 s: key frames at 0 and 60
+            writer.appendVideo(counterFrame(i, QSize(320, 240)), ms(i * 1000 / 30));
+        }
+        // What a killed process leaves: the file as it is on disk now.
+        ASSERT_TRUE(QFile::copy(file, copy));
+        writer.cancel();
+    }
+    EXPECT_FALSE(QFileInfo::exists(file)) << "cancel leaves the movie";
+    const test::DecodedMovie cut = test::decodeMovie(copy, false);
+    ASSERT_TRUE(cut.opened) << cut.error.toStdString();
+    EXPECT_GE(cut.frames.size() + cut.times.size(), 60) << "less than the first fragment";
+    EXPECT_GE(cut.times.last(), 59 / 30.0 - 1e-3);
+    // Recovered: the index in front, the same frames.
+    RecordingWriter::moveIndexToFront(copy);
+    const test::DecodedMovie recovered = test::decodeMovie(copy);
+    EXPECT_TRUE(recovered.moovBeforeMdat);
+    // (The copy may end a frame early: the cut fragment's last frame has no
+    // successor to give its length.)
+    EXPECT_GE(recovered.times.size(), cut.times.size() - 1);
+    EXPECT_GE(recovered.times.last(), 58 / 30.0 - 1e-2);
+    EXPECT_EQ(test::readCounter(recovered.frames.last(), QPoint(16, 16)),
+              int(recovered.times.size()) - 1);
+}
+
+TEST(RecordingWriter, AFullDiskFailsWithItsReasonAndTouchesNothingElse)
+{
+    // /dev/full takes the file's place: every write fails as on a full disk.
+    RecordingWriter writer(QStringLiteral("/dev/full"), QSize(320, 240), RecordingOptions());
+    try {
+        for (int i = 0; i < 200; ++i) {
+            writer.appendVideo(counterFrame(i, QSize(320, 240)), ms(i * 1000 / 30));
+        }
+        writer.finish();
+        ADD_FAILURE() << "nothing refused the writes";
+    } catch (const RecordingError& error) {
+        EXPECT_EQ(error.code(), Code::writerFailed);
+        EXPECT_EQ(error.message(),
+                  QStringLiteral("The recording could not be saved. No space left on device."));
+    }
+    writer.cancel();
+    EXPECT_TRUE(QFileInfo::exists(QStringLiteral("/dev/full"))) << "the device was removed";
+}
+
+} // namespace
+} // namespace nubo

@@ -1,0 +1,110 @@
+#include "support/MovieDecoder.h"
+
+#include <QFile>
+#include <QPainter>
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavformat/avformat.h>
+#include <libavutil/pixdesc.h>
+#include <libswscale/swscale.h>
+}
+
+namespace nubo::test {
+
+DecodedMovie decodeMovie(const QString& path, bool keepPictures)
+{
+    DecodedMovie movie;
+    QFile raw(path);
+    if (raw.open(QIODevice::ReadOnly)) {
+        const QByteArray head = raw.read(1 << 20);
+        const qsizetype moov = head.indexOf("moov"), mdat = head.indexOf("mdat");
+        movie.moovBeforeMdat = moov >= 0 && (mdat < 0 || moov < mdat);
+    }
+    AVFormatContext* format = nullptr;
+    const QByteArray name = QFile::encodeName(path);
+    if (avformat_open_input(&format, name.constData(), nullptr, nullptr) < 0 ||
+        avformat_find_stream_info(format, nullptr) < 0) {
+        movie.error = QStringLiteral("cannot open");
+        avformat_close_input(&format);
+        return movie;
+    }
+    const int index = av_find_best_stream(format, AVMEDIA_TYPE_VIDEO, -1, -1, nullptr, 0);
+    if (index < 0) {
+        movie.error = QStringLiteral("no video stream");
+        avformat_close_input(&format);
+        return movie;
+    }
+    AVStream* stream = format->streams[index];
+    const AVCodec* codec = avcodec_find_decoder(stream->codecpar->codec_id);
+    AVCodecContext* context = avcodec_alloc_context3(codec);
+    avcodec_parameters_to_context(context, stream->codecpar);
+    avcodec_open2(context, codec, nullptr);
+    movie.opened = true;
+    movie.codec = QString::fromLatin1(codec->name);
+    movie.profile = QString::fromLatin1(avcodec_profile_name(codec->id, stream->codecpar->profile));
+    movie.width = stream->codecpar->width;
+    movie.height = stream->codecpar->height;
+    movie.colorPrimaries = QString::fromLatin1(av_color_primaries_name(stream->codecpar->color_primaries));
+    movie.colorTransfer = QString::fromLatin1(av_color_transfer_name(stream->codecpar->color_trc));
+    movie.colorSpace = QString::fromLatin1(av_color_space_name(stream->codecpar->color_space));
+    AVPacket* packet = av_packet_alloc();
+    AVFrame* frame = av_frame_alloc();
+    SwsContext* scaler = nullptr;
+    const auto drain = [&] {
+        while (avcodec_receive_frame(context, frame) == 0) {
+            const int64_t pts = frame->best_effort_timestamp;
+            movie.times.append(pts * av_q2d(stream->time_base));
+            movie.keyFrames.append(frame->key_frame != 0);
+            movie.bFrames += frame->pict_type == AV_PICTURE_TYPE_B;
+            if (keepPictures) {
+                QImage image(frame->width, frame->height, QImage::Format_RGB32);
+                scaler = sws_getCachedContext(scaler, frame->width, frame->height,
+                                              AVPixelFormat(frame->format), frame->width,
+                                              frame->height, AV_PIX_FMT_BGR0, SWS_POINT, nullptr,
+                                              nullptr, nullptr);
+                uint8_t* out[1] = {image.bits()};
+                const int stride[1] = {int(image.bytesPerLine())};
+                sws_scale(scaler, frame->data, frame->linesize, 0, frame->height, out, stride);
+                movie.frames.append(image);
+            }
+        }
+    };
+    while (av_read_frame(format, packet) >= 0) {
+        if (packet->stream_index == index) {
+            avcodec_send_packet(context, packet);
+            drain();
+        }
+        av_packet_unref(packet);
+    }
+    avcodec_send_packet(context, nullptr);
+    drain();
+    sws_freeContext(scaler);
+    av_frame_free(&frame);
+    av_packet_free(&packet);
+    avcodec_free_context(&context);
+    avformat_close_input(&format);
+    return movie;
+}
+
+void paintCounter(QImage& image, int counter, QPoint at)
+{
+    QPainter p(&image);
+    for (int bit = 0; bit < counterBits; ++bit) {
+        p.fillRect(at.x() + bit * counterBlock, at.y(), counterBlock, counterBlock,
+                   counter >> bit & 1 ? Qt::white : Qt::black);
+    }
+}
+
+int readCounter(const QImage& image, QPoint at)
+{
+    int counter = 0;
+    for (int bit = 0; bit < counterBits; ++bit) {
+        const QColor c = image.pixelColor(at.x() + bit * counterBlock + counterBlock / 2,
+                                          at.y() + counterBlock / 2);
+        counter |= (c.lightness() > 128 ? 1 : 0) << bit;
+    }
+    return counter;
+}
+
+} // namespace nubo::test

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QString>
+
+namespace nubo::test {
+
+// What FFmpeg reads back from a movie: every decoded video frame with its
+// time, converted to RGB32.
+struct DecodedMovie {
+    bool opened = false;
+    QString error;
+    QString codec;
+    QString profile;
+    int width = 0, height = 0;
+    int bFrames = 0; // frames decoded as B-frames
+    QList<double> times; // seconds
+    QList<QImage> frames;
+    QList<bool> keyFrames;
+    bool moovBeforeMdat = false; // the index at the front
+    QString colorPrimaries, colorTransfer, colorSpace;
+};
+DecodedMovie decodeMovie(const QString& path, bool keepPictures = true);
+
+// A frame number painted as 12 bits of large black and white blocks (and
+// read back from a decoded picture), robust against compression.
+void paintCounter(QImage& image, int counter, QPoint at = {});
+int readCounter(const QImage& image, QPoint at = {});
+constexpr int counterBlock = 24; // pixels a bit
+constexpr int counterBits = 12;
+
+} // namespace nubo::test
