@@ -5,6 +5,7 @@
 #include "capture/ScreenCapturing.h"
 #include "capture/ScreenRegionStreaming.h"
 #include "capture/ScrollDriving.h"
+#include "recording/ScreenRecording.h"
 #include "core/Error.h"
 
 #include <QRect>
@@ -47,6 +48,8 @@ public:
     virtual std::shared_ptr<ScrollDriving> scrollDriving() = 0;
     // Null when the backend has no global shortcuts. Main thread.
     virtual std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() = 0;
+    // A screen recorder; null when the backend cannot record. Main thread.
+    virtual std::unique_ptr<ScreenRecording> makeRecorder() { return nullptr; }
     // The name of the application that owns the clipboard now, when the
     // window system can tell. Main thread.
     virtual std::optional<QString> clipboardOwner() { return std::nullopt; }

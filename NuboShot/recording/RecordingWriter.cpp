@@ -240,6 +240,7 @@ bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captu
     encode(false);
     ++m_frames;
     m_lastVideoTime = *time;
+    m_lastPicture = picture;
     return true;
 }
 
@@ -284,10 +285,16 @@ void RecordingWriter::resume(RecordingDuration captureTime)
     m_timeline.resume(captureTime);
 }
 
-QString RecordingWriter::finish()
+QString RecordingWriter::finish(std::optional<RecordingDuration> end)
 {
     if (m_finished) {
         return m_file;
+    }
+    if (end && m_encoder && !m_lastPicture.isNull() && !m_timeline.isPaused()) {
+        // The last picture stays on screen until the end: one more frame,
+        // the last one, ending at `end`.
+        const RecordingDuration frame(1'000'000 / framesPerSecond(m_options.frameRate));
+        appendVideo(m_lastPicture, *end - frame);
     }
     m_finished = true;
     if (!m_encoder || m_frames == 0) {

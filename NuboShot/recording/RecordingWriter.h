@@ -34,10 +34,11 @@ public:
     void resume(RecordingDuration captureTime);
     bool isPaused() const { return m_timeline.isPaused(); }
 
-    // Completes the movie and returns its path. Throws noVideo (and removes
-    // the file) when no frame was written, writerFailed when it cannot be
-    // completed.
-    QString finish();
+    // Completes the movie and returns its path; with `end` (a capture time)
+    // the last picture is held until then, so a still screen still makes a
+    // movie as long as the recording. Throws noVideo (and removes the file)
+    // when no frame was written, writerFailed when it cannot be completed.
+    QString finish(std::optional<RecordingDuration> end = std::nullopt);
     // Discards the movie.
     void cancel();
 
@@ -66,6 +67,7 @@ private:
     std::unique_ptr<Encoder> m_encoder;
     qint64 m_frames = 0;
     std::optional<RecordingDuration> m_lastVideoTime;
+    QImage m_lastPicture;
     bool m_finished = false;
 };
 

@@ -5,6 +5,7 @@
 #include "document/ShotDocumentArchive.h"
 #include "shell/ArchiveCommands.h"
 #include "shell/CaptureCommands.h"
+#include "shell/RecordCommand.h"
 #include "shell/ExportCommand.h"
 #include "shell/StitchCommand.h"
 
@@ -33,6 +34,8 @@ Commands:
   export DIR -o FILE      render a shot archive to PNG, JPEG, HEIC or WebP
   export DIR --quick      ... into the quick-save folder under a dated name
   stitch FRAME... -o FILE stitch frames of a scrolling area into one tall PNG
+  record display [ID]|area X,Y,W,H|window ID [-o DIR] [--duration S] ...
+                          record the screen into an MP4 (SIGINT stops, SIGUSR1 pauses)
 
 Options:
   -h, --help              show this help; "nuboshot COMMAND --help" for a command
@@ -126,6 +129,9 @@ int run(const QStringList& arguments)
     }
     if (command == QLatin1String("capture")) {
         return runCaptureCommand(arguments.mid(1));
+    }
+    if (command == QLatin1String("record")) {
+        return runRecordCommand(arguments.mid(1));
     }
     return usage(QStringLiteral("unknown command \u201c%1\u201d").arg(command));
 }

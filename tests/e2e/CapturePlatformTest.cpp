@@ -75,7 +75,8 @@ TEST(CapturePlatformLoader, PicksTheBackendTheDesktopHasOrSaysWhyNone)
                                                        CaptureMode::scrolling}));
                 EXPECT_TRUE(f.windowCapture && f.regionStreams && f.globalShortcuts &&
                             f.autoScroll);
-                EXPECT_FALSE(f.recording);
+                EXPECT_TRUE(f.recording);
+                EXPECT_TRUE(platform->makeRecorder());
                 EXPECT_FALSE(platform->capturer()->displays().isEmpty());
                 EXPECT_TRUE(platform->regionStreaming());
                 EXPECT_TRUE(platform->scrollDriving());

@@ -58,7 +58,8 @@ DecodedMovie decodeMovie(const QString& path, bool keepPictures)
             movie.keyFrames.append(frame->key_frame != 0);
             movie.bFrames += frame->pict_type == AV_PICTURE_TYPE_B;
             if (keepPictures) {
-                QImage image(frame->width, frame->height, QImage::Format_RGB32);
+                // Two spare rows: swscale writes a little past the last one.
+                QImage image(frame->width, frame->height + 2, QImage::Format_RGB32);
                 scaler = sws_getCachedContext(scaler, frame->width, frame->height,
                                               AVPixelFormat(frame->format), frame->width,
                                               frame->height, AV_PIX_FMT_BGR0, SWS_POINT, nullptr,
@@ -66,7 +67,7 @@ DecodedMovie decodeMovie(const QString& path, bool keepPictures)
                 uint8_t* out[1] = {image.bits()};
                 const int stride[1] = {int(image.bytesPerLine())};
                 sws_scale(scaler, frame->data, frame->linesize, 0, frame->height, out, stride);
-                movie.frames.append(image);
+                movie.frames.append(image.copy(0, 0, frame->width, frame->height));
             }
         }
     };

@@ -4,6 +4,7 @@
 #include "capture/xcb/XcbGlobalShortcuts.h"
 #include "capture/xcb/XcbRegionStream.h"
 #include "capture/xcb/XcbScreenCapturer.h"
+#include "capture/xcb/XcbScreenRecorder.h"
 #include "capture/xcb/XcbScrollDriver.h"
 
 #include <QFile>
@@ -13,7 +14,7 @@
 namespace nubo {
 
 XcbCapturePlatform::XcbCapturePlatform(QByteArray displayName, ScaleLookup scale)
-    : m_displayName(std::move(displayName)),
+    : m_displayName(std::move(displayName)), m_scale(scale),
       m_capturer(std::make_shared<XcbScreenCapturer>(m_displayName, scale)),
       m_streaming(std::make_shared<XcbRegionStreaming>(m_displayName, scale)),
       m_driving(std::make_shared<XcbScrollDriving>(m_displayName, m_capturer))
@@ -30,7 +31,7 @@ CapturePlatformFeatures XcbCapturePlatform::features() const
             true,
             true,
             true,
-            false,
+            true,
             true};
 }
 
@@ -47,6 +48,11 @@ std::shared_ptr<ScreenRegionStreaming> XcbCapturePlatform::regionStreaming()
 std::shared_ptr<ScrollDriving> XcbCapturePlatform::scrollDriving()
 {
     return m_driving;
+}
+
+std::unique_ptr<ScreenRecording> XcbCapturePlatform::makeRecorder()
+{
+    return std::make_unique<XcbScreenRecorder>(m_displayName, m_scale);
 }
 
 std::optional<QString> XcbCapturePlatform::clipboardOwner()

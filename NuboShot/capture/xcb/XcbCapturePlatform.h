@@ -26,9 +26,11 @@ public:
     std::shared_ptr<ScrollDriving> scrollDriving() override;
     std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override;
     std::optional<QString> clipboardOwner() override;
+    std::unique_ptr<ScreenRecording> makeRecorder() override;
 
 private:
     QByteArray m_displayName;
+    ScaleLookup m_scale;
     std::shared_ptr<XcbScreenCapturer> m_capturer;
     std::shared_ptr<XcbRegionStreaming> m_streaming;
     std::shared_ptr<ScrollDriving> m_driving;

@@ -1,0 +1,401 @@
+#include "capture/xcb/XcbScreenRecorder.h"
+
+#include "capture/CaptureSelection.h"
+#include "capture/xcb/XcbConnection.h"
+#include "core/Logging.h"
+#include "recording/RecordingWriter.h"
+
+#include <QDir>
+#include <QPainter>
+
+#include <pthread.h>
+#include <xcb/damage.h>
+#include <xcb/xfixes.h>
+#include <xcb/xinput.h>
+
+namespace nubo {
+
+struct XcbScreenRecorder::Plan {
+    bool window = false;
+    quint32 display = 0;
+    ScreenCaptureRegion region;
+    QPoint origin; // the region's top-left corner in root pixels
+    quint32 windowID = 0;
+    int framesPerSecond = 30;
+    bool showsCursor = true;
+};
+
+namespace {
+
+// Changes on the screen and the pointer, seen over a connection of the
+// capture thread's own.
+class ScreenWatch {
+public:
+    explicit ScreenWatch(const QByteArray& displayName) : m_x(displayName)
+    {
+        const xcb_query_extension_reply_t* damage = xcb_get_extension_data(m_x.c, &xcb_damage_id);
+        if (damage && damage->present) {
+            std::free(xcb_damage_query_version_reply(
+                m_x.c, xcb_damage_query_version(m_x.c, 1, 1), nullptr));
+            m_damage = xcb_generate_id(m_x.c);
+            xcb_damage_create(m_x.c, m_damage, m_x.root, XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
+            m_damageEvent = damage->first_event + XCB_DAMAGE_NOTIFY;
+        } else {
+            qCWarning(lcRecording, "No XDamage: every frame is captured");
+        }
+        const xcb_query_extension_reply_t* fixes = xcb_get_extension_data(m_x.c, &xcb_xfixes_id);
+        if (fixes && fixes->present) {
+            std::free(xcb_xfixes_query_version_reply(
+                m_x.c, xcb_xfixes_query_version(m_x.c, 4, 0), nullptr));
+            m_fixes = true;
+        }
+        xcb_flush(m_x.c);
+    }
+
+    // Whether anything was drawn since the last call (always, without XDamage).
+    bool changed()
+    {
+        if (!m_damage) {
+            return true;
+        }
+        bool damaged = false;
+        while (auto event = xcbReply(xcb_poll_for_event(m_x.c))) {
+            damaged = damaged || (event->response_type & 0x7f) == m_damageEvent;
+        }
+        if (damaged) {
+            xcb_damage_subtract(m_x.c, m_damage, XCB_NONE, XCB_NONE);
+            xcb_flush(m_x.c);
+        }
+        return damaged;
+    }
+
+    // The pointer's picture and where it is, in root pixels.
+    struct Cursor {
+        QImage image;
+        QPoint topLeft;
+    };
+    std::optional<Cursor> cursor()
+    {
+        if (!m_fixes) {
+            return std::nullopt;
+        }
+        auto reply = xcbReply(
+            xcb_xfixes_get_cursor_image_reply(m_x.c, xcb_xfixes_get_cursor_image(m_x.c), nullptr));
+        if (!reply || reply->width == 0 || reply->height == 0) {
+            return std::nullopt;
+        }
+        const QPoint at(reply->x - reply->xhot, reply->y - reply->yhot);
+        // 32-bit ARGB, premultiplied: Qt's own layout.
+        QImage image(reinterpret_cast<const uchar*>(xcb_xfixes_get_cursor_image_cursor_image(reply.get())),
+                     reply->width, reply->height, QImage::Format_ARGB32_Premultiplied);
+        return Cursor{image.copy(), at};
+    }
+
+private:
+    XcbConnection m_x;
+    xcb_damage_damage_t m_damage = 0;
+    uint8_t m_damageEvent = 0;
+    bool m_fixes = false;
+};
+
+} // namespace
+
+XcbScreenRecorder::XcbScreenRecorder(QByteArray displayName, XcbScreenCapturer::ScaleLookup scale)
+    : m_displayName(std::move(displayName)), m_scale(std::move(scale))
+{
+    m_clock.start();
+    m_ticker.setInterval(250);
+    QObject::connect(&m_ticker, &QTimer::timeout, &m_context, [this] {
+        if (m_state.is<RecordingState::Recording>()) {
+            setState({RecordingState::Recording{elapsed()}});
+        }
+    });
+}
+
+XcbScreenRecorder::~XcbScreenRecorder()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_cancelRequested = true;
+    }
+    m_wake.notify_all();
+    joinCapture();
+    if (m_writer) {
+        m_writer->cancel();
+    }
+}
+
+RecordingDuration XcbScreenRecorder::now() const
+{
+    return std::chrono::duration_cast<RecordingDuration>(
+        std::chrono::nanoseconds(m_clock.nsecsElapsed()));
+}
+
+RecordingDuration XcbScreenRecorder::elapsed() const
+{
+    return m_recordedBefore + (m_runningSince ? now() - *m_runningSince : RecordingDuration(0));
+}
+
+void XcbScreenRecorder::setState(RecordingState state)
+{
+    if (state == m_state) {
+        return;
+    }
+    m_state = std::move(state);
+    qCDebug(lcRecording, "Recording state: %s", qPrintable(m_state.describe()));
+    if (onStateChange) {
+        onStateChange(m_state);
+    }
+}
+
+RecordingCapabilities XcbScreenRecorder::capabilities()
+{
+    RecordingCapabilities c;
+    try {
+        XcbConnection x(m_displayName);
+        const xcb_query_extension_reply_t* input = xcb_get_extension_data(x.c, &xcb_input_id);
+        if (input && input->present) {
+            auto version = xcbReply(xcb_input_xi_query_version_reply(
+                x.c, xcb_input_xi_query_version(x.c, 2, 2), nullptr));
+            c.supportsClickHighlight = version && version->major_version >= 2;
+        }
+    } catch (const Error&) {
+    }
+    // No audio source and no hardware HEVC encoder are driven yet.
+    return c;
+}
+
+void XcbScreenRecorder::start(const RecordingTarget& target, const RecordingOptions& options,
+                              const QString& folder)
+{
+    if (!m_state.is<RecordingState::Idle>() && !m_state.is<RecordingState::Finished>() &&
+        !m_state.is<RecordingState::Failed>()) {
+        throw RecordingError(RecordingError::Code::invalidState);
+    }
+    validate(options, capabilities());
+    ++m_generation;
+    setState({RecordingState::Starting{}});
+    try {
+        auto plan = std::make_shared<Plan>();
+        plan->framesPerSecond = framesPerSecond(options.frameRate);
+        plan->showsCursor = options.showsCursor;
+        QSizeF content;
+        double scale = 1;
+        if (const auto* d = std::get_if<RecordingTarget::Display>(&target.target)) {
+            plan->display = d->display.id;
+            plan->region = captureRegion(d->display.space, d->display.space.globalFrame);
+            plan->origin = d->display.pixelGeometry.topLeft() + plan->region.pixelRect.topLeft();
+            content = d->display.space.globalFrame.size();
+            scale = d->display.space.scale;
+        } else if (const auto* a = std::get_if<RecordingTarget::Area>(&target.target)) {
+            const QRectF on = a->globalRect.intersected(a->display.space.globalFrame);
+            if (on.isEmpty() || !std::isfinite(on.width()) || !std::isfinite(on.height())) {
+                throw CaptureError(CaptureError::Code::noContent,
+                                   QStringLiteral("the area lies outside its display"));
+            }
+            plan->display = a->display.id;
+            plan->region = captureRegion(a->display.space, on);
+            plan->origin = a->display.pixelGeometry.topLeft() + plan->region.pixelRect.topLeft();
+            content = on.size();
+            scale = a->display.space.scale;
+        } else {
+            const auto& w = std::get<RecordingTarget::Window>(target.target).window;
+            plan->window = true;
+            plan->windowID = w.id;
+            content = w.frame.size();
+            XcbScreenCapturer probe(m_displayName, m_scale);
+            scale = probe.captureWindow(w.id).scale; // also: the window is there
+        }
+        const QSize size = recordingOutputSize(
+            content, options.resolution == RecordingResolution::native ? scale : 1);
+        if (!QDir().mkpath(folder)) {
+            throw RecordingError(RecordingError::Code::writerFailed,
+                                 QStringLiteral("The folder “%1” cannot be created.").arg(folder));
+        }
+        const QString file = recordingFileName(folder, QDateTime::currentDateTime());
+        m_writer = std::make_unique<RecordingWriter>(file, size, options);
+        m_stopRequested = m_cancelRequested = false;
+        m_captured = 0;
+        m_unchanged = 0;
+        m_thread = std::thread([this, plan, generation = m_generation] { run(plan, generation); });
+    } catch (const Error& error) {
+        m_writer.reset();
+        setState({RecordingState::Failed{error.message()}});
+        throw;
+    }
+    m_recordedBefore = RecordingDuration(0);
+    m_runningSince = now();
+    setState({RecordingState::Recording{RecordingDuration(0)}});
+    m_ticker.start();
+}
+
+void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
+{
+    pthread_setname_np(pthread_self(), "recording");
+    QString failure;
+    std::optional<RecordingDuration> end;
+    try {
+        XcbScreenCapturer capturer(m_displayName, m_scale);
+        ScreenWatch watch(m_displayName);
+        const auto interval = std::chrono::nanoseconds(1'000'000'000 / plan->framesPerSecond);
+        auto due = std::chrono::steady_clock::now();
+        bool first = true;
+        QPoint lastPointer(-1, -1);
+        qint64 late = 0;
+        while (true) {
+            {
+                std::unique_lock lock(m_mutex);
+                m_wake.wait_until(lock, due, [this] { return m_stopRequested || m_cancelRequested; });
+                if (m_stopRequested || m_cancelRequested) {
+                    end = now();
+                    break;
+                }
+            }
+            due += interval;
+            const auto current = std::chrono::steady_clock::now();
+            if (due < current) {
+                // Behind: the frames in between are not taken, evenly, and said.
+                late += (current - due) / interval + 1;
+                due = current + interval;
+            }
+            bool changed = watch.changed() || first || plan->window;
+            std::optional<ScreenWatch::Cursor> cursor;
+            if (plan->showsCursor) {
+                cursor = watch.cursor();
+                const QPoint at = cursor ? cursor->topLeft : QPoint(-1, -1);
+                changed = changed || at != lastPointer;
+                lastPointer = at;
+            }
+            if (!changed) {
+                ++m_unchanged;
+                continue;
+            }
+            first = false;
+            const RecordingDuration captured = now();
+            QImage frame = plan->window ? capturer.captureWindow(plan->windowID).image
+                                        : capturer.captureRegion(plan->display, plan->region);
+            if (cursor && !plan->window) {
+                QPainter painter(&frame);
+                painter.drawImage(cursor->topLeft - plan->origin, cursor->image);
+            }
+            const std::lock_guard lock(m_mutex);
+            if (m_writer->appendVideo(frame, captured)) {
+                ++m_captured;
+            }
+        }
+        if (late > 0) {
+            qCInfo(lcRecording, "Recording fell behind: %lld frames not taken",
+                   static_cast<long long>(late));
+        }
+    } catch (const Error& error) {
+        failure = error.message();
+        qCWarning(lcRecording, "Recording stopped: %s", qPrintable(failure));
+    }
+    bool cancelled;
+    {
+        const std::lock_guard lock(m_mutex);
+        cancelled = m_cancelRequested;
+    }
+    if (cancelled) {
+        return; // the main thread discards the file
+    }
+    QString file;
+    if (failure.isEmpty()) {
+        try {
+            file = m_writer->finish(end);
+        } catch (const Error& error) {
+            failure = error.message();
+        }
+    } else {
+        m_writer->cancel();
+    }
+    qCInfo(lcRecording, "Recording ended: %lld frames, %lld ticks without change",
+           static_cast<long long>(m_captured.load()), static_cast<long long>(m_unchanged.load()));
+    QMetaObject::invokeMethod(
+        &m_context,
+        [this, generation, file, failure] {
+            if (generation != m_generation) {
+                return; // an older recording's late word
+            }
+            joinCapture();
+            m_writer.reset();
+            m_ticker.stop();
+            setState(failure.isEmpty() ? RecordingState{RecordingState::Finished{file}}
+                                       : RecordingState{RecordingState::Failed{failure}});
+        },
+        Qt::QueuedConnection);
+}
+
+void XcbScreenRecorder::pause()
+{
+    if (!m_state.is<RecordingState::Recording>()) {
+        throw RecordingError(RecordingError::Code::invalidState);
+    }
+    {
+        const std::lock_guard lock(m_mutex);
+        m_writer->pause(now());
+    }
+    m_recordedBefore = elapsed();
+    m_runningSince.reset();
+    setState({RecordingState::Paused{m_recordedBefore}});
+}
+
+void XcbScreenRecorder::resume()
+{
+    if (!m_state.is<RecordingState::Paused>()) {
+        throw RecordingError(RecordingError::Code::invalidState);
+    }
+    {
+        const std::lock_guard lock(m_mutex);
+        m_writer->resume(now());
+    }
+    m_runningSince = now();
+    setState({RecordingState::Recording{m_recordedBefore}});
+}
+
+void XcbScreenRecorder::stop()
+{
+    if (!m_state.is<RecordingState::Recording>() && !m_state.is<RecordingState::Paused>()) {
+        throw RecordingError(RecordingError::Code::invalidState);
+    }
+    {
+        const std::lock_guard lock(m_mutex);
+        m_stopRequested = true;
+    }
+    m_wake.notify_all();
+    m_ticker.stop();
+    m_recordedBefore = elapsed();
+    m_runningSince.reset();
+    setState({RecordingState::Finishing{}});
+}
+
+void XcbScreenRecorder::cancel()
+{
+    if (m_state.is<RecordingState::Idle>()) {
+        return;
+    }
+    {
+        const std::lock_guard lock(m_mutex);
+        m_cancelRequested = true;
+    }
+    m_wake.notify_all();
+    ++m_generation; // whatever the thread still reports is old news
+    joinCapture();
+    if (m_writer) {
+        m_writer->cancel();
+        m_writer.reset();
+    }
+    m_ticker.stop();
+    m_runningSince.reset();
+    qCInfo(lcRecording, "Recording cancelled");
+    setState({RecordingState::Idle{}});
+}
+
+void XcbScreenRecorder::joinCapture()
+{
+    if (m_thread.joinable()) {
+        m_thread.join();
+    }
+}
+
+} // namespace nubo

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "capture/xcb/XcbScreenCapturer.h"
+#include "recording/ScreenRecording.h"
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+
+#include <atomic>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+namespace nubo {
+
+class RecordingWriter;
+
+// Screen recording on X11: a thread of its own takes the target's pixels at
+// the frame rate (through the still capturer, so our own windows never show
+// and a window is recorded from its own pixels) only when something changed
+// (XDamage) or the pointer moved, draws the pointer in (XFixes), and hands
+// each frame to the writer, timed by its capture time.
+class XcbScreenRecorder : public ScreenRecording {
+public:
+    XcbScreenRecorder(QByteArray displayName, XcbScreenCapturer::ScaleLookup scale);
+    ~XcbScreenRecorder() override;
+
+    RecordingState state() const override { return m_state; }
+    RecordingCapabilities capabilities() override;
+    void start(const RecordingTarget& target, const RecordingOptions& options,
+               const QString& folder) override;
+    void pause() override;
+    void resume() override;
+    void stop() override;
+    void cancel() override;
+
+    // Frames the capture thread took, and frames it found nothing new for.
+    qint64 framesCaptured() const { return m_captured; }
+    qint64 ticksWithoutChange() const { return m_unchanged; }
+
+private:
+    struct Plan; // what the capture thread records, fixed at start
+    void setState(RecordingState state);
+    void run(std::shared_ptr<Plan> plan, int generation);
+    void joinCapture();
+    RecordingDuration now() const;
+    RecordingDuration elapsed() const;
+
+    QByteArray m_displayName;
+    XcbScreenCapturer::ScaleLookup m_scale;
+    RecordingState m_state;
+    int m_generation = 0;
+    QObject m_context; // queued reports from the capture thread land here
+    QTimer m_ticker;
+    QElapsedTimer m_clock; // monotonic capture times
+
+    // Shared with the capture thread.
+    std::mutex m_mutex;
+    std::condition_variable m_wake;
+    bool m_stopRequested = false;
+    bool m_cancelRequested = false;
+    std::unique_ptr<RecordingWriter> m_writer;
+    std::thread m_thread;
+    std::atomic<qint64> m_captured{0};
+    std::atomic<qint64> m_unchanged{0};
+
+    // Elapsed time without pauses, on the main thread.
+    RecordingDuration m_recordedBefore{0};
+    std::optional<RecordingDuration> m_runningSince;
+};
+
+} // namespace nubo

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "recording/RecordingTypes.h"
+
+#include <functional>
+
+namespace nubo {
+
+// A screen recorder as the application drives it. Main thread: every call,
+// and every report through onStateChange.
+class ScreenRecording {
+public:
+    virtual ~ScreenRecording() = default;
+
+    // Told of every state change.
+    std::function<void(const RecordingState&)> onStateChange;
+
+    virtual RecordingState state() const = 0;
+    virtual RecordingCapabilities capabilities() = 0;
+    // Validates (throwing before any change), sets up and starts; the state
+    // is `recording` on return. A set-up failure leaves `failed` and throws.
+    // Throws invalidState unless idle, finished or failed.
+    virtual void start(const RecordingTarget& target, const RecordingOptions& options,
+                       const QString& folder) = 0;
+    // Only from `recording`, `paused` respectively; else invalidState.
+    virtual void pause() = 0;
+    virtual void resume() = 0;
+    // Only from `recording` or `paused`: `finishing`, then `finished` or
+    // `failed` when the file is complete.
+    virtual void stop() = 0;
+    // Ends the recording, removes its file, and returns to `idle`.
+    virtual void cancel() = 0;
+};
+
+} // namespace nubo

@@ -1,0 +1,230 @@
+// Screen recording end to end: `nuboshot record` in the private X session
+// records a window that paints its own frame counter, and the movie is
+// decoded with FFmpeg to see which paints it holds, in which order, at what
+// size and times.
+
+#include "support/MovieDecoder.h"
+#include "support/Process.h"
+#include "support/TrayFixture.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <csignal>
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+using test::run;
+using test::waitUntil;
+
+class Recorder : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_FALSE(qEnvironmentVariableIsEmpty("DISPLAY")) << "runs in the private X session";
+    }
+    void TearDown() override
+    {
+        for (QProcess* p : {&m_window, &m_recorder}) {
+            p->kill();
+            p->waitForFinished();
+        }
+    }
+    // A counter window; its top-left corner on screen (and its id).
+    QPoint openCounter(const QRect& at, bool still = false)
+    {
+        QStringList arguments{"--at", QStringLiteral("%1x%2+%3+%4")
+                                          .arg(at.width())
+                                          .arg(at.height())
+                                          .arg(at.x())
+                                          .arg(at.y())};
+        if (still) {
+            arguments << "--still";
+        }
+        m_window.start(QStringLiteral(NUBOSHOT_TEST_COUNTER_WINDOW), arguments);
+        if (!m_window.waitForReadyRead(10000)) {
+            return {-1, -1};
+        }
+        const auto ready = QRegularExpression(QStringLiteral("ready (\\d+) (\\d+) (\\d+)"))
+                               .match(QString::fromUtf8(m_window.readAllStandardOutput()));
+        m_windowID = ready.captured(3);
+        return {ready.captured(1).toInt(), ready.captured(2).toInt()};
+    }
+    // Starts `nuboshot record ...` into m_dir and waits until it records.
+    bool startRecording(const QStringList& arguments)
+    {
+        m_recorder.start(QStringLiteral(NUBOSHOT_BINARY),
+                         QStringList{"record"} << arguments << "-o" << m_dir.path());
+        return m_recorder.waitForStarted() &&
+               waitUntil([&] {
+                   m_recorder.waitForReadyRead(50);
+                   m_log += QString::fromUtf8(m_recorder.readAllStandardError());
+                   return m_log.contains(QStringLiteral("Writing ")) ||
+                          m_recorder.state() == QProcess::NotRunning;
+               }) &&
+               m_recorder.state() == QProcess::Running;
+    }
+    // Waits for the command's end; the movie's path it printed.
+    QString finished()
+    {
+        m_recorder.waitForFinished(30000);
+        m_log += QString::fromUtf8(m_recorder.readAllStandardError());
+        return QString::fromUtf8(m_recorder.readAllStandardOutput()).trimmed();
+    }
+
+    QTemporaryDir m_dir;
+    QProcess m_window, m_recorder;
+    QString m_windowID;
+    QString m_log;
+};
+
+QList<int> counters(const test::DecodedMovie& movie)
+{
+    QList<int> values;
+    for (const QImage& frame : movie.frames) {
+        values.append(test::readCounter(frame, QPoint(16, 16)));
+    }
+    return values;
+}
+
+TEST_F(Recorder, AnAreaHoldsEveryPaintItCaughtInOrderAtItsEvenSize)
+{
+    const QPoint at = openCounter(QRect(200, 150, 1001, 701));
+    ASSERT_GE(at.x(), 0);
+    QThread::msleep(300);
+    const QString area = QStringLiteral("%1,%2,1001,701").arg(at.x()).arg(at.y());
+    ASSERT_TRUE(startRecording({"area", area, "--duration", "3", "--no-cursor"})) << m_log.toStdString();
+    const QString file = finished();
+    ASSERT_EQ(m_recorder.exitCode(), 0) << m_log.toStdString();
+    EXPECT_TRUE(QFileInfo(file).fileName().startsWith(QStringLiteral("Nubo Shot Recording ")));
+    const test::DecodedMovie movie = test::decodeMovie(file);
+    ASSERT_TRUE(movie.opened) << movie.error.toStdString();
+    EXPECT_EQ(QSize(movie.width, movie.height), QSize(1000, 700));
+    EXPECT_TRUE(movie.moovBeforeMdat);
+    const QList<int> seen = counters(movie);
+    ASSERT_GE(seen.size(), 60);
+    for (qsizetype i = 1; i < seen.size() - 1; ++i) { // the last holds the end
+        EXPECT_GT(seen[i], seen[i - 1]) << "frame " << i << " out of order";
+    }
+    // About duration × 30 frames, and the movie lasts as long as the recording.
+    const double duration = movie.times.last() + 1 / 30.0;
+    EXPECT_NEAR(duration, 3.0, 0.25);
+    EXPECT_LE(std::abs(seen.size() - duration * 30), 2.0) << seen.size() << " frames in " << duration;
+}
+
+TEST_F(Recorder, APauseLeavesNoGapAndNothingPaintedDuringIt)
+{
+    const QPoint at = openCounter(QRect(100, 100, 400, 300));
+    ASSERT_GE(at.x(), 0);
+    QThread::msleep(300);
+    ASSERT_TRUE(startRecording({"area", QStringLiteral("%1,%2,400,300").arg(at.x()).arg(at.y()),
+                                "--no-cursor"}));
+    QThread::msleep(1000);
+    ::kill(pid_t(m_recorder.processId()), SIGUSR1); // pause
+    QThread::msleep(2000);
+    ::kill(pid_t(m_recorder.processId()), SIGUSR1); // resume
+    QThread::msleep(1000);
+    ::kill(pid_t(m_recorder.processId()), SIGINT); // stop, cleanly
+    const QString file = finished();
+    ASSERT_EQ(m_recorder.exitCode(), 0) << m_log.toStdString();
+    const test::DecodedMovie movie = test::decodeMovie(file);
+    ASSERT_TRUE(movie.opened);
+    // Two seconds recorded out of four; the paints of the paused two are
+    // missing (a jump of about 2 s × the window's paint rate).
+    EXPECT_NEAR(movie.times.last() + 1 / 30.0, 2.0, 0.3);
+    const QList<int> seen = counters(movie);
+    int widest = 0;
+    for (qsizetype i = 1; i < seen.size() - 1; ++i) {
+        widest = std::max(widest, seen[i] - seen[i - 1]);
+        EXPECT_GT(seen[i], seen[i - 1]);
+    }
+    int perFrame = (seen[seen.size() - 2] - seen[0] - widest) / int(seen.size() - 3);
+    EXPECT_GT(widest, 20 * std::max(1, perFrame)) << "no gap of the pause in the paints";
+}
+
+TEST_F(Recorder, AStillScreenCostsAlmostNoFramesAndStillLastsTheWholeTime)
+{
+    const QPoint at = openCounter(QRect(300, 300, 300, 200), true);
+    ASSERT_GE(at.x(), 0);
+    QThread::msleep(300);
+    ASSERT_TRUE(startRecording({"area", QStringLiteral("%1,%2,300,200").arg(at.x()).arg(at.y()),
+                                "--duration", "2", "--no-cursor"}));
+    const QString file = finished();
+    ASSERT_EQ(m_recorder.exitCode(), 0) << m_log.toStdString();
+    const test::DecodedMovie movie = test::decodeMovie(file);
+    EXPECT_LE(movie.frames.size(), 3) << "a still screen gave new frames";
+    EXPECT_NEAR(movie.times.last() + 1 / 30.0, 2.0, 0.25);
+    const auto ticks = QRegularExpression(QStringLiteral("(\\d+) ticks without change")).match(m_log);
+    ASSERT_TRUE(ticks.hasMatch()) << m_log.toStdString();
+    EXPECT_GE(ticks.captured(1).toInt(), 50);
+}
+
+TEST_F(Recorder, AreasAreClippedToTheirDisplayAndRefusedWhollyOffIt)
+{
+    // 1920 × 1080: an area running off the right and bottom edges.
+    ASSERT_TRUE(startRecording({"area", "1800,1000,400,300", "--duration", "0.5"}));
+    const QString file = finished();
+    ASSERT_EQ(m_recorder.exitCode(), 0) << m_log.toStdString();
+    const test::DecodedMovie movie = test::decodeMovie(file, false);
+    EXPECT_EQ(QSize(movie.width, movie.height), QSize(120, 80));
+
+    const auto off = test::runNuboShot({"record", "area", "3000,3000,100,100", "-o", m_dir.path(),
+                                        "--duration", "1"});
+    EXPECT_EQ(off.exitCode, 1);
+    EXPECT_TRUE(off.err.contains(QStringLiteral("No screen content is available."))) << off.err.toStdString();
+    EXPECT_EQ(QDir(m_dir.path()).entryList(QDir::Files).size(), 1) << "a file was left";
+}
+
+TEST_F(Recorder, AKilledRecordingLeavesAPlayableMovie)
+{
+    const QPoint at = openCounter(QRect(100, 100, 320, 240));
+    ASSERT_GE(at.x(), 0);
+    QThread::msleep(300);
+    ASSERT_TRUE(startRecording({"area", QStringLiteral("%1,%2,320,240").arg(at.x()).arg(at.y()),
+                                "--no-cursor"}));
+    QThread::msleep(5000);
+    m_recorder.kill(); // SIGKILL: no chance to finish anything
+    m_recorder.waitForFinished();
+    const QStringList files = QDir(m_dir.path()).entryList({"*.mp4"}, QDir::Files);
+    ASSERT_EQ(files.size(), 1);
+    const test::DecodedMovie movie = test::decodeMovie(m_dir.filePath(files.first()), false);
+    ASSERT_TRUE(movie.opened) << movie.error.toStdString();
+    // At most the last two seconds are missing.
+    EXPECT_GE(movie.times.last(), 5.0 - 2.0 - 0.5);
+}
+
+TEST_F(Recorder, AWindowIsRecordedFromItsOwnPixelsEvenWhenCovered)
+{
+    const QPoint at = openCounter(QRect(200, 200, 400, 300));
+    ASSERT_GE(at.x(), 0);
+    QThread::msleep(300);
+    ASSERT_TRUE(startRecording({"window", m_windowID, "--duration", "2", "--no-cursor"}));
+    QThread::msleep(500);
+    QProcess cover; // a window over it, and back again
+    cover.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
+                {"--geometry", "500x400+150+150", "--color", "ff0000", "--undecorated"});
+    cover.waitForReadyRead(5000);
+    const QString file = finished();
+    cover.kill();
+    cover.waitForFinished();
+    ASSERT_EQ(m_recorder.exitCode(), 0) << m_log.toStdString();
+    const test::DecodedMovie movie = test::decodeMovie(file);
+    ASSERT_TRUE(movie.opened);
+    EXPECT_EQ(QSize(movie.width, movie.height), QSize(400, 300));
+    const QList<int> seen = counters(movie);
+    for (qsizetype i = 1; i < seen.size() - 1; ++i) {
+        EXPECT_GT(seen[i], seen[i - 1]) << "frame " << i << ": not the window's own paint";
+    }
+    // Never the red cover.
+    for (const QImage& frame : movie.frames) {
+        EXPECT_LT(frame.pixelColor(200, 200).red(), 150);
+    }
+}
+
+} // namespace
+} // namespace nubo
