@@ -1,6 +1,7 @@
 #include "recording/RecordingWriter.h"
 
 #include "core/Logging.h"
+#include "recording/RecordingRecovery.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -208,6 +209,7 @@ bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captu
     }
     if (!m_encoder) {
         open();
+        m_marker = RecordingRecovery::mark(m_file);
     }
     Encoder& e = *m_encoder;
     if (!e.scaler || e.scalerSource != picture.size() || e.scalerFormat != format) {
@@ -321,8 +323,10 @@ QString RecordingWriter::finish(std::optional<RecordingDuration> end)
     } catch (const RecordingError&) {
         m_encoder.reset();
         removeMovie(m_file);
+        RecordingRecovery::unmark(m_marker);
         throw;
     }
+    RecordingRecovery::unmark(m_marker);
     qCInfo(lcRecordingWriter, "Recording finished: %lld frames, %.2f s, %s",
            static_cast<long long>(m_frames),
            m_lastVideoTime ? m_lastVideoTime->count() / 1e6 : 0.0, qPrintable(m_file));
@@ -334,6 +338,7 @@ void RecordingWriter::cancel()
     m_finished = true;
     m_encoder.reset();
     removeMovie(m_file);
+    RecordingRecovery::unmark(m_marker);
 }
 
 void RecordingWriter::moveIndexToFront(const QString& file)

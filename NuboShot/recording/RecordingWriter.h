@@ -69,6 +69,7 @@ private:
     std::optional<RecordingDuration> m_lastVideoTime;
     QImage m_lastPicture;
     bool m_finished = false;
+    QString m_marker; // for recovery after a crash
 };
 
 } // namespace nubo

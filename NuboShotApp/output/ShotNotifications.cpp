@@ -34,7 +34,12 @@ ShotNotifications::ShotNotifications()
 
 void ShotNotifications::notifySaved(const QString& file)
 {
-    m_lastMessage = QStringLiteral("Saved to %1").arg(QDir::toNativeSeparators(file));
+    notifyFile(QStringLiteral("Saved to %1").arg(QDir::toNativeSeparators(file)), file);
+}
+
+void ShotNotifications::notifyFile(const QString& text, const QString& file)
+{
+    m_lastMessage = text;
     QDBusMessage call =
         QDBusMessage::createMethodCall(QLatin1String(service), QLatin1String(path),
                                        QLatin1String(service), QStringLiteral("Notify"));
@@ -50,7 +55,7 @@ void ShotNotifications::notifySaved(const QString& file)
         watcher->deleteLater();
         const QDBusPendingReply<uint> reply = *watcher;
         if (reply.isError()) {
-            qCInfo(lcApp, "No desktop notification for the save: %s",
+            qCInfo(lcApp, "No desktop notification (%s): %s", qPrintable(m_lastMessage),
                    qPrintable(reply.error().message()));
             return;
         }

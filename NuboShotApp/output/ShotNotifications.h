@@ -15,6 +15,8 @@ public:
     // "Saved to …" with actions that open the file and show its folder; a
     // missing notification service is logged, nothing more.
     void notifySaved(const QString& path);
+    // `text`, with actions that open `file` and show its folder.
+    void notifyFile(const QString& text, const QString& file);
     const QString& lastMessage() const { return m_lastMessage; }
 
 private slots:

@@ -11,6 +11,8 @@
 #include "shell/ShotFeature.h"
 #include "shell/ShotGlobalShortcuts.h"
 #include "output/ShotClipboard.h"
+#include "output/ShotNotifications.h"
+#include "recording/RecordingRecovery.h"
 #include "recents/ShotRecentStore.h"
 #include "shell/ShotStatusMenu.h"
 #include "settings/ShotSettingsWindow.h"
@@ -19,6 +21,8 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QFileDialog>
+#include <QFutureWatcher>
+#include <QtConcurrent>
 #include <QCursor>
 #include <QScreen>
 #include <QUrl>
@@ -192,6 +196,16 @@ TrayApplication::Start TrayApplication::start()
     }
     m_tray.show();
     qCInfo(lcApp) << "Nubo Shot started";
+    // Recordings a crash or a power cut interrupted are finished now.
+    auto* recovery = new QFutureWatcher<QStringList>(this);
+    connect(recovery, &QFutureWatcherBase::finished, this, [recovery] {
+        recovery->deleteLater();
+        for (const QString& movie : recovery->result()) {
+            ShotNotifications::shared().notifyFile(
+                QStringLiteral("Recovered an interrupted recording"), movie);
+        }
+    });
+    recovery->setFuture(QtConcurrent::run(&RecordingRecovery::recoverInterrupted));
     return Start::started;
 }
 

@@ -180,7 +180,7 @@ TEST_F(Recorder, AreasAreClippedToTheirDisplayAndRefusedWhollyOffIt)
     EXPECT_EQ(QDir(m_dir.path()).entryList(QDir::Files).size(), 1) << "a file was left";
 }
 
-TEST_F(Recorder, AKilledRecordingLeavesAPlayableMovie)
+TEST_F(Recorder, AKilledRecordingLeavesAPlayableMovieThatTheNextStartRecovers)
 {
     const QPoint at = openCounter(QRect(100, 100, 320, 240));
     ASSERT_GE(at.x(), 0);
@@ -196,6 +196,24 @@ TEST_F(Recorder, AKilledRecordingLeavesAPlayableMovie)
     ASSERT_TRUE(movie.opened) << movie.error.toStdString();
     // At most the last two seconds are missing.
     EXPECT_GE(movie.times.last(), 5.0 - 2.0 - 0.5);
+    EXPECT_TRUE(movie.fragmented);
+
+    // The next start of the tray application finishes it, and says so.
+    QProcess tray;
+    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    QString said;
+    EXPECT_TRUE(waitUntil([&] {
+        tray.waitForReadyRead(50);
+        said += QString::fromUtf8(tray.readAllStandardError());
+        return said.contains(QStringLiteral("Recovered an interrupted recording"));
+    })) << said.toStdString();
+    tray.terminate();
+    tray.waitForFinished();
+    const test::DecodedMovie recovered = test::decodeMovie(m_dir.filePath(files.first()), false);
+    EXPECT_TRUE(recovered.moovBeforeMdat && !recovered.fragmented) << "not finalised";
+    EXPECT_GE(recovered.times.size() + 1, movie.times.size());
+    EXPECT_TRUE(QDir(m_dir.path()).entryList(QDir::Files | QDir::Hidden).size() == 1)
+        << "something was left beside the movie";
 }
 
 TEST_F(Recorder, AWindowIsRecordedFromItsOwnPixelsEvenWhenCovered)

@@ -20,6 +20,7 @@ DecodedMovie decodeMovie(const QString& path, bool keepPictures)
         const QByteArray head = raw.read(1 << 20);
         const qsizetype moov = head.indexOf("moov"), mdat = head.indexOf("mdat");
         movie.moovBeforeMdat = moov >= 0 && (mdat < 0 || moov < mdat);
+        movie.fragmented = head.contains("moof");
     }
     AVFormatContext* format = nullptr;
     const QByteArray name = QFile::encodeName(path);

@@ -19,6 +19,7 @@ struct DecodedMovie {
     QList<QImage> frames;
     QList<bool> keyFrames;
     bool moovBeforeMdat = false; // the index at the front
+    bool fragmented = false;     // movie fragments (as while recording)
     QString colorPrimaries, colorTransfer, colorSpace;
 };
 DecodedMovie decodeMovie(const QString& path, bool keepPictures = true);
