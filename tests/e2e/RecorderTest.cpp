@@ -3,10 +3,14 @@
 // decoded with FFmpeg to see which paints it holds, in which order, at what
 // size and times.
 
+#include "capture/CapturePlatform.h"
+#include "recording/ScreenRecording.h"
 #include "support/MovieDecoder.h"
 #include "support/Process.h"
 #include "support/TrayFixture.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QProcess>
 #include <QRegularExpression>
@@ -242,6 +246,104 @@ TEST_F(Recorder, AWindowIsRecordedFromItsOwnPixelsEvenWhenCovered)
     for (const QImage& frame : movie.frames) {
         EXPECT_LT(frame.pixelColor(200, 200).red(), 150);
     }
+}
+
+TEST_F(Recorder, EveryTransitionAndEveryRefusedRequest)
+{
+    const QPoint at = openCounter(QRect(100, 100, 320, 240));
+    ASSERT_GE(at.x(), 0);
+    const auto platform = CapturePlatformLoader::load();
+    std::unique_ptr<ScreenRecording> recorder = platform->makeRecorder();
+    ASSERT_TRUE(recorder);
+    QList<RecordingState> seen;
+    recorder->onStateChange = [&](const RecordingState& state) {
+        if (!state.is<RecordingState::Recording>() || seen.isEmpty() ||
+            !seen.last().is<RecordingState::Recording>()) {
+            seen.append(state); // elapsed-time ticks aside
+        }
+    };
+    const auto refused = [&](const std::function<void()>& request) {
+        const RecordingState before = recorder->state();
+        try {
+            request();
+            return false;
+        } catch (const RecordingError& error) {
+            return error.code() == RecordingError::Code::invalidState && recorder->state() == before;
+        }
+    };
+    const auto settleUntil = [&](const std::function<bool()>& condition) {
+        const QDeadlineTimer deadline(15000);
+        while (!condition() && !deadline.hasExpired()) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        }
+        return condition();
+    };
+    const auto recordFor = [](int ms) {
+        const QDeadlineTimer deadline(ms);
+        while (!deadline.hasExpired()) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+        }
+    };
+    EXPECT_TRUE(recorder->state().is<RecordingState::Idle>());
+    EXPECT_TRUE(refused([&] { recorder->pause(); }));
+    EXPECT_TRUE(refused([&] { recorder->resume(); }));
+    EXPECT_TRUE(refused([&] { recorder->stop(); }));
+
+    const QList<CaptureDisplay> displays = platform->capturer()->displays();
+    ASSERT_FALSE(displays.isEmpty());
+    const CaptureDisplay display = displays.first();
+    RecordingOptions options;
+    options.showsCursor = false;
+    // Validation comes first and changes nothing.
+    RecordingOptions hevc = options;
+    hevc.codec = RecordingCodec::hevc;
+    try {
+        recorder->start({RecordingTarget::Area{display, QRectF(100, 100, 320, 240)}}, hevc, m_dir.path());
+        ADD_FAILURE() << "HEVC without a hardware encoder was taken";
+    } catch (const RecordingError& error) {
+        EXPECT_EQ(error.message(), QStringLiteral("The selected recording codec is unavailable."));
+    }
+    EXPECT_TRUE(seen.isEmpty());
+    // An area wholly off its display: starting, then failed.
+    EXPECT_THROW(recorder->start({RecordingTarget::Area{display, QRectF(5000, 5000, 10, 10)}},
+                                 options, m_dir.path()),
+                 CaptureError);
+    ASSERT_EQ(seen.size(), 2);
+    EXPECT_TRUE(seen[0].is<RecordingState::Starting>());
+    EXPECT_EQ(seen[1], RecordingState{RecordingState::Failed{QStringLiteral("No screen content is available.")}});
+
+    // A recording from a failed recorder: every step of its life.
+    seen.clear();
+    const RecordingTarget area{RecordingTarget::Area{display, QRectF(at, QSizeF(320, 240))}};
+    recorder->start(area, options, m_dir.path());
+    EXPECT_TRUE(recorder->state().is<RecordingState::Recording>());
+    EXPECT_TRUE(refused([&] { recorder->start(area, options, m_dir.path()); }));
+    EXPECT_TRUE(refused([&] { recorder->resume(); }));
+    recordFor(500);
+    recorder->pause();
+    EXPECT_TRUE(recorder->state().is<RecordingState::Paused>());
+    EXPECT_TRUE(refused([&] { recorder->pause(); }));
+    recorder->resume();
+    recorder->stop();
+    EXPECT_TRUE(recorder->state().is<RecordingState::Finishing>());
+    EXPECT_TRUE(refused([&] { recorder->stop(); }));
+    ASSERT_TRUE(settleUntil([&] { return recorder->state().is<RecordingState::Finished>(); }))
+        << recorder->state().describe().toStdString();
+    const QString file = std::get<RecordingState::Finished>(recorder->state().state).file;
+    EXPECT_TRUE(QFileInfo::exists(file));
+    QStringList names;
+    for (const RecordingState& state : seen) {
+        names << state.describe().section(QLatin1Char(' '), 0, 0).remove(QLatin1Char(':'));
+    }
+    EXPECT_EQ(names.join(u','), QStringLiteral("starting,recording,paused,recording,finishing,finished"));
+    EXPECT_TRUE(refused([&] { recorder->pause(); }));
+
+    // Cancel: back to idle, and the movie is gone.
+    recorder->start(area, options, m_dir.path());
+    recordFor(500);
+    recorder->cancel();
+    EXPECT_TRUE(recorder->state().is<RecordingState::Idle>());
+    EXPECT_EQ(QDir(m_dir.path()).entryList({"*.mp4"}, QDir::Files), QStringList{QFileInfo(file).fileName()});
 }
 
 } // namespace
