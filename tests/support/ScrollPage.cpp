@@ -5,9 +5,11 @@
 // header and footer included, so the tests know the truth. It prints
 // "ready X Y" (its top-left corner on screen) once it is shown.
 //
-//   test-scroll-page --at 600x500+300+200 --pages 4 [--truth FILE.png]
+//   test-scroll-page --at 600x500+300+200 --pages 4 [--truth FILE.png] [--autoscroll PX]
 //
-// With --truth the whole page is written to FILE.png before the window opens.
+// With --truth the whole page is written to FILE.png before the window opens;
+// with --autoscroll it scrolls PX pixels every 16 ms by itself, back to the
+// top at the end (moving content for the recording benchmarks).
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -135,6 +137,21 @@ protected:
         }
     }
 
+public:
+    void autoscroll(int pixels)
+    {
+        auto* timer = new QTimer(this);
+        timer->setTimerType(Qt::PreciseTimer);
+        connect(timer, &QTimer::timeout, this, [this, pixels] {
+            if (m_offset + viewport() >= m_content.height()) {
+                scrollBy(-m_content.height());
+            } else {
+                scrollBy(pixels);
+            }
+        });
+        timer->start(16);
+    }
+
 private:
     int viewport() const { return height() - headerHeight - footerHeight; }
 
@@ -198,6 +215,9 @@ int main(int argc, char** argv)
     if (!truth.isEmpty() && !page.whole().save(truth)) {
         std::fprintf(stderr, "cannot write %s\n", qPrintable(truth));
         return 1;
+    }
+    if (const int pixels = option(QStringLiteral("--autoscroll")).toInt(); pixels > 0) {
+        page.autoscroll(pixels);
     }
     page.setWindowFlag(Qt::FramelessWindowHint);
     page.move(geometry.captured(3).toInt(), geometry.captured(4).toInt());

@@ -36,6 +36,11 @@ qint32 ownProcessID()
 
 } // namespace
 
+QImage XcbScreenCapturer::converted(const QImage& pixels) const
+{
+    return m_native ? pixels : toEngineFormat(pixels);
+}
+
 XcbScreenCapturer::XcbScreenCapturer(QByteArray displayName, ScaleLookup scale)
     : m_displayName(std::move(displayName)), m_scale(std::move(scale))
 {}
@@ -149,11 +154,17 @@ WindowCaptureSnapshot XcbScreenCapturer::listWindows(bool withPreviews)
 QImage XcbScreenCapturer::grabRoot(const QRect& pixels)
 {
     XcbConnection& x = connection();
-    QImage image = toEngineFormat(x.grab(x.root, pixels, x.screen->root_depth));
+    QImage image = converted(x.grab(x.root, pixels, x.screen->root_depth));
 
     // Paint our own windows away: their area is drawn again from the
     // background and the kept pixels of every other window, bottom first.
-    const QList<XcbWindowList::RootChild> children = XcbWindowList::rootChildren(x, ownProcessID());
+    // Frame after frame (a recording) the stacking is read again at most
+    // twice a second: reading it costs a round trip for every window.
+    if (!m_native || !m_childrenRead.isValid() || m_childrenRead.elapsed() > 500) {
+        m_children = XcbWindowList::rootChildren(x, ownProcessID());
+        m_childrenRead.start();
+    }
+    const QList<XcbWindowList::RootChild> children = m_children;
     QRegion own;
     for (const XcbWindowList::RootChild& child : children) {
         if (child.own) {
@@ -162,6 +173,9 @@ QImage XcbScreenCapturer::grabRoot(const QRect& pixels)
     }
     if (own.isEmpty()) {
         return image;
+    }
+    if (m_native) {
+        image = image.copy(); // the grabs below reuse the shared segment
     }
     x.redirect();
     if (!x.composite) {

@@ -2,7 +2,10 @@
 
 #include "capture/ScreenCapturing.h"
 
+#include "capture/xcb/XcbWindowList.h"
+
 #include <QByteArray>
+#include <QElapsedTimer>
 
 #include <functional>
 #include <memory>
@@ -55,18 +58,26 @@ public:
     QList<WindowCaptureDescriptor> windowDescriptors();
     // Whether captures use shared memory.
     bool usesSharedMemory();
+    // Region and window captures in X's own 32-bit layout (B, G, R, X),
+    // pointing into the shared segment until the next capture: what a
+    // recorder hands straight to its encoder, with no conversion and no copy.
+    void setNativePixels(bool native) { m_native = native; }
 
 private:
     // Callers hold m_lock.
     XcbConnection& connection();
     QList<CaptureDisplay> displaysLocked();
     QImage grabRoot(const QRect& pixels);
+    QImage converted(const QImage& pixels) const;
     WindowCapture captureWindowLocked(quint32 windowID);
 
     QByteArray m_displayName;
     ScaleLookup m_scale;
     std::mutex m_lock;
     std::unique_ptr<XcbConnection> m_connection;
+    bool m_native = false;
+    QList<XcbWindowList::RootChild> m_children; // the stacking last read
+    QElapsedTimer m_childrenRead;
 };
 
 } // namespace nubo

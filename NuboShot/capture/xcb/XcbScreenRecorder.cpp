@@ -233,9 +233,11 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
 {
     pthread_setname_np(pthread_self(), "recording");
     QString failure;
+    QString file;
     std::optional<RecordingDuration> end;
     try {
         XcbScreenCapturer capturer(m_displayName, m_scale);
+        capturer.setNativePixels(true); // straight to the encoder, no conversion
         ScreenWatch watch(m_displayName);
         const auto interval = std::chrono::nanoseconds(1'000'000'000 / plan->framesPerSecond);
         auto due = std::chrono::steady_clock::now();
@@ -287,26 +289,20 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
             qCInfo(lcRecording, "Recording fell behind: %lld frames not taken",
                    static_cast<long long>(late));
         }
+        const std::lock_guard lock(m_mutex);
+        if (m_cancelRequested) {
+            return; // the main thread discards the file
+        }
+        // Finished while the capturer lives: the last picture the writer
+        // holds may still be in its shared memory.
+        file = m_writer->finish(end);
     } catch (const Error& error) {
         failure = error.message();
         qCWarning(lcRecording, "Recording stopped: %s", qPrintable(failure));
-    }
-    bool cancelled;
-    {
         const std::lock_guard lock(m_mutex);
-        cancelled = m_cancelRequested;
-    }
-    if (cancelled) {
-        return; // the main thread discards the file
-    }
-    QString file;
-    if (failure.isEmpty()) {
-        try {
-            file = m_writer->finish(end);
-        } catch (const Error& error) {
-            failure = error.message();
+        if (m_cancelRequested) {
+            return;
         }
-    } else {
         m_writer->cancel();
     }
     qCInfo(lcRecording, "Recording ended: %lld frames, %lld ticks without change",
