@@ -14,6 +14,19 @@ namespace nubo::test {
 
 DecodedMovie decodeMovie(const QString& path, bool keepPictures)
 {
+    QList<QImage> frames;
+    DecodedMovie movie = decodeMovie(path, [&](const QImage& picture, double) {
+        if (keepPictures) {
+            frames.append(picture);
+        }
+    });
+    movie.frames = frames;
+    return movie;
+}
+
+DecodedMovie decodeMovie(const QString& path,
+                         const std::function<void(const QImage& picture, double time)>& each)
+{
     DecodedMovie movie;
     QFile raw(path);
     if (raw.open(QIODevice::ReadOnly)) {
@@ -58,7 +71,7 @@ DecodedMovie decodeMovie(const QString& path, bool keepPictures)
             movie.times.append(pts * av_q2d(stream->time_base));
             movie.keyFrames.append(frame->key_frame != 0);
             movie.bFrames += frame->pict_type == AV_PICTURE_TYPE_B;
-            if (keepPictures) {
+            {
                 // Two spare rows: swscale writes a little past the last one.
                 QImage image(frame->width, frame->height + 2, QImage::Format_RGB32);
                 scaler = sws_getCachedContext(scaler, frame->width, frame->height,
@@ -68,7 +81,7 @@ DecodedMovie decodeMovie(const QString& path, bool keepPictures)
                 uint8_t* out[1] = {image.bits()};
                 const int stride[1] = {int(image.bytesPerLine())};
                 sws_scale(scaler, frame->data, frame->linesize, 0, frame->height, out, stride);
-                movie.frames.append(image.copy(0, 0, frame->width, frame->height));
+                each(image.copy(0, 0, frame->width, frame->height), movie.times.last());
             }
         }
     };

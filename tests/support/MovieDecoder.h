@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
+
 namespace nubo::test {
 
 // What FFmpeg reads back from a movie: every decoded video frame with its
@@ -23,6 +25,10 @@ struct DecodedMovie {
     QString colorPrimaries, colorTransfer, colorSpace;
 };
 DecodedMovie decodeMovie(const QString& path, bool keepPictures = true);
+// The same, handing each picture (RGB32) and its time in seconds to `each`
+// instead of keeping them.
+DecodedMovie decodeMovie(const QString& path,
+                         const std::function<void(const QImage& picture, double time)>& each);
 
 // A frame number painted as 12 bits of large black and white blocks (and
 // read back from a decoded picture), robust against compression.
