@@ -5,8 +5,14 @@
 #include "core/Settings.h"
 #include "recording/ScreenRecording.h"
 #include "shell/CommandLine.h"
+#include "shell/RecordingOverBus.h"
+#include "shell/RecordingTargetSpec.h"
+#include "shell/TrayApplication.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QFileInfo>
 #include <QSocketNotifier>
 #include <QTimer>
 
@@ -25,7 +31,8 @@ const char help[] = R"(Usage: nuboshot record display [ID] | area X,Y,W,H | wind
 Records the screen into an MP4 until the duration ends, or until SIGINT or
 SIGTERM (then it stops cleanly); SIGUSR1 pauses and resumes. Prints the
 movie's path. The area is in desktop pixels, as "nuboshot displays" lists
-them; DIR defaults to the recordings folder.)";
+them; DIR defaults to the recordings folder. When Nubo Shot runs in the
+tray, it records (and its menu shows the recording).)";
 
 // Signals reach the event loop through a socket pair.
 int signalPipe[2] = {-1, -1};
@@ -34,23 +41,6 @@ void forwardSignal(int number)
 {
     const char byte = char(number);
     [[maybe_unused]] const auto written = ::write(signalPipe[1], &byte, 1);
-}
-
-std::optional<QRectF> parseRect(const QString& text)
-{
-    const QStringList parts = text.split(QLatin1Char(','));
-    if (parts.size() != 4) {
-        return std::nullopt;
-    }
-    double v[4];
-    for (int i = 0; i < 4; ++i) {
-        bool ok = false;
-        v[i] = parts[i].toDouble(&ok);
-        if (!ok || !std::isfinite(v[i])) {
-            return std::nullopt;
-        }
-    }
-    return QRectF(v[0], v[1], v[2], v[3]);
 }
 
 } // namespace
@@ -119,90 +109,58 @@ int runRecordCommand(const QStringList& arguments)
         return usage(QStringLiteral("record takes display, area or window"), command);
     }
 
+    if (!isRecordingTargetSpec(rest)) {
+        return usage(QStringLiteral("record takes display [ID], area X,Y,W,H or window ID"),
+                     command);
+    }
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, signalPipe) != 0) {
+        return fail(QStringLiteral("Could not watch for signals."));
+    }
+    QSocketNotifier signalNotifier(signalPipe[0], QSocketNotifier::Read);
+    for (const int number : {SIGINT, SIGTERM, SIGUSR1}) {
+        std::signal(number, forwardSignal);
+    }
+    const QString destination = folder.isEmpty() ? recordingFolder(preferences) : folder;
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    const bool remote = bus.isConnected() &&
+                        bus.interface()->isServiceRegistered(QLatin1String(TrayApplication::busName));
+    // The same steps whether the tray records or this process does.
+    std::function<void()> stopNow, togglePause;
+    int status = success;
+    const auto finished = [&](const RecordingState& state) {
+        if (const auto* done = std::get_if<RecordingState::Finished>(&state.state)) {
+            print(done->file);
+            QCoreApplication::exit(success);
+        } else if (const auto* failed = std::get_if<RecordingState::Failed>(&state.state)) {
+            status = fail(failed->message);
+            QCoreApplication::exit(status);
+        }
+    };
+    std::unique_ptr<ScreenRecording> recorder;
+    std::unique_ptr<RecordingOverBus> tray;
     try {
-        const std::shared_ptr<CapturePlatform> platform = CapturePlatformLoader::load();
-        std::unique_ptr<ScreenRecording> recorder = platform->makeRecorder();
-        if (!recorder) {
-            return fail(QStringLiteral("This desktop cannot be recorded by Nubo Shot yet."));
-        }
-        const QList<CaptureDisplay> displays = platform->capturer()->displays();
-        RecordingTarget target;
-        const QString& kind = rest.first();
-        if (kind == QLatin1String("display") && rest.size() <= 2) {
-            std::optional<CaptureDisplay> chosen;
-            for (const CaptureDisplay& d : displays) {
-                if (rest.size() == 2 ? QString::number(d.id) == rest[1] : (d.primary || !chosen)) {
-                    chosen = d;
-                }
-            }
-            if (!chosen) {
-                return fail(QStringLiteral("There is no display %1.").arg(rest.value(1)));
-            }
-            target.target = RecordingTarget::Display{*chosen};
-        } else if (kind == QLatin1String("area") && rest.size() == 2) {
-            const auto pixels = parseRect(rest[1]);
-            if (!pixels) {
-                return usage(QStringLiteral("area takes X,Y,W,H in desktop pixels"), command);
-            }
-            QList<ScreenSpace> spaces;
-            for (const CaptureDisplay& d : displays) {
-                spaces.append(d.space);
-            }
-            const auto area = std::get<ShotCaptureSelection::Area>(
-                ShotCaptureSelection::fromDesktopPixels(*pixels, spaces).framing);
-            for (const CaptureDisplay& d : displays) {
-                if (d.id == area.display) {
-                    target.target = RecordingTarget::Area{d, area.rect};
-                }
-            }
-        } else if (kind == QLatin1String("window") && rest.size() == 2) {
-            bool ok = false;
-            const quint32 id = rest[1].toUInt(&ok, 0);
-            if (!ok) {
-                return usage(QStringLiteral("window takes a window id"), command);
-            }
-            CapturableWindow window;
-            for (const CapturableWindow& w : platform->capturer()->listWindows(false).windows) {
-                if (w.id == id) {
-                    window = w;
-                }
-            }
-            if (window.id == 0) {
-                return fail(QStringLiteral("There is no window %1 to record.").arg(rest[1]));
-            }
-            target.target = RecordingTarget::Window{window};
+        if (remote) {
+            tray = std::make_unique<RecordingOverBus>(bus);
+            tray->finished = finished;
+            tray->start(rest, options, QFileInfo(destination).absoluteFilePath());
+            stopNow = [&] { tray->stop(); };
+            togglePause = [&] { tray->togglePause(); };
         } else {
-            return usage(QStringLiteral("record takes display [ID], area X,Y,W,H or window ID"),
-                         command);
-        }
-
-        if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, signalPipe) != 0) {
-            return fail(QStringLiteral("Could not watch for signals."));
-        }
-        QSocketNotifier signalNotifier(signalPipe[0], QSocketNotifier::Read);
-        int status = success;
-        recorder->onStateChange = [&](const RecordingState& state) {
-            if (const auto* done = std::get_if<RecordingState::Finished>(&state.state)) {
-                print(done->file);
-                QCoreApplication::exit(success);
-            } else if (const auto* failed = std::get_if<RecordingState::Failed>(&state.state)) {
-                status = fail(failed->message);
-                QCoreApplication::exit(status);
+            const std::shared_ptr<CapturePlatform> platform = CapturePlatformLoader::load();
+            recorder = platform->makeRecorder();
+            if (!recorder) {
+                return fail(QStringLiteral("This desktop cannot be recorded by Nubo Shot yet."));
             }
-        };
-        const auto stopNow = [&] {
-            try {
-                recorder->stop();
-            } catch (const RecordingError&) {
-                // Already finishing.
-            }
-        };
-        QObject::connect(&signalNotifier, &QSocketNotifier::activated, [&] {
-            char number = 0;
-            if (::read(signalPipe[0], &number, 1) != 1) {
-                return;
-            }
-            if (number == SIGUSR1) {
+            recorder->onStateChange = finished;
+            recorder->start(recordingTarget(*platform, rest), options, destination);
+            stopNow = [&] {
+                try {
+                    recorder->stop();
+                } catch (const RecordingError&) {
+                    // Already finishing.
+                }
+            };
+            togglePause = [&] {
                 try {
                     if (recorder->state().is<RecordingState::Paused>()) {
                         recorder->resume();
@@ -211,25 +169,25 @@ int runRecordCommand(const QStringList& arguments)
                     }
                 } catch (const RecordingError&) {
                 }
-                return;
-            }
-            stopNow();
-        });
-        for (const int number : {SIGINT, SIGTERM, SIGUSR1}) {
-            std::signal(number, forwardSignal);
+            };
         }
-        recorder->start(target, options, folder.isEmpty() ? recordingFolder(preferences) : folder);
-        QTimer limit;
-        if (duration > 0) {
-            limit.setSingleShot(true);
-            QObject::connect(&limit, &QTimer::timeout, stopNow);
-            limit.start(int(duration * 1000));
-        }
-        const int code = QCoreApplication::exec();
-        return code;
     } catch (const Error& error) {
         return failWith(error);
     }
+    QObject::connect(&signalNotifier, &QSocketNotifier::activated, [&] {
+        char number = 0;
+        if (::read(signalPipe[0], &number, 1) == 1) {
+            number == SIGUSR1 ? togglePause() : stopNow();
+        }
+    });
+    QTimer limit;
+    if (duration > 0) {
+        limit.setSingleShot(true);
+        QObject::connect(&limit, &QTimer::timeout, [&] { stopNow(); });
+        limit.start(int(duration * 1000));
+    }
+    const int code = QCoreApplication::exec();
+    return status != success ? status : code;
 }
 
 } // namespace nubo::cli

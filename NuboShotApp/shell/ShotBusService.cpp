@@ -2,9 +2,13 @@
 
 #include "capture/CapturePlatform.h"
 #include "shell/GrabRequest.h"
+#include "shell/RecordingOverBus.h"
+#include "shell/RecordingTargetSpec.h"
 #include "shell/ShotFeature.h"
 
 #include <QDBusConnection>
+#include <QDir>
+#include <QJsonDocument>
 #include <QThreadPool>
 
 namespace nubo {
@@ -83,6 +87,115 @@ QString ShotBusService::Grab(int mode, qlonglong display, qlonglong window,
         bus.send(reply);
     });
     return {};
+}
+
+} // namespace nubo
+
+namespace nubo {
+
+bool ShotBusService::refuse(const QDBusMessage& message, const Error& error)
+{
+    message.setDelayedReply(true);
+    QDBusConnection::sessionBus().send(
+        message.createErrorReply(QLatin1String(GrabOverBus::errorName), error.message()));
+    return false;
+}
+
+void ShotBusService::StartRecording(const QStringList& target, const QString& options,
+                                    const QString& folder, const QDBusMessage& message)
+{
+    try {
+        if (!m_platform) {
+            throw Error(QStringLiteral("This desktop cannot be recorded by Nubo Shot yet."));
+        }
+        const auto parsed = RecordingOptions::fromJson(QJsonDocument::fromJson(options.toUtf8()).object());
+        if (!parsed) {
+            throw Error(QStringLiteral("The recording options are not valid."));
+        }
+        if (!QDir::isAbsolutePath(folder)) {
+            throw Error(QStringLiteral("The recording folder must be an absolute path."));
+        }
+        if (!m_recorder) {
+            m_recorder = m_platform->makeRecorder();
+            if (!m_recorder) {
+                throw Error(QStringLiteral("This desktop cannot be recorded by Nubo Shot yet."));
+            }
+            m_recorder->onStateChange = [this](const RecordingState& state) {
+                recordingStateChanged(state);
+            };
+        }
+        m_recorder->start(recordingTarget(*m_platform, target), *parsed, folder);
+    } catch (const Error& error) {
+        refuse(message, error);
+    }
+}
+
+void ShotBusService::PauseRecording(const QDBusMessage& message)
+{
+    try {
+        if (!m_recorder) {
+            throw RecordingError(RecordingError::Code::invalidState);
+        }
+        m_recorder->pause();
+    } catch (const Error& error) {
+        refuse(message, error);
+    }
+}
+
+void ShotBusService::ResumeRecording(const QDBusMessage& message)
+{
+    try {
+        if (!m_recorder) {
+            throw RecordingError(RecordingError::Code::invalidState);
+        }
+        m_recorder->resume();
+    } catch (const Error& error) {
+        refuse(message, error);
+    }
+}
+
+QString ShotBusService::StopRecording(const QDBusMessage& message)
+{
+    try {
+        if (!m_recorder) {
+            throw RecordingError(RecordingError::Code::invalidState);
+        }
+        m_recorder->stop();
+        message.setDelayedReply(true);
+        m_stopping.append(message);
+    } catch (const Error& error) {
+        refuse(message, error);
+    }
+    return {};
+}
+
+void ShotBusService::CancelRecording(const QDBusMessage& message)
+{
+    if (!m_recorder) {
+        refuse(message, RecordingError(RecordingError::Code::invalidState));
+        return;
+    }
+    m_recorder->cancel();
+}
+
+void ShotBusService::recordingStateChanged(const RecordingState& state)
+{
+    const auto [kind, detail] = RecordingOverBus::describe(state);
+    emit RecordingStateChanged(kind, detail);
+    const bool done = state.is<RecordingState::Finished>() || state.is<RecordingState::Failed>() ||
+                      state.is<RecordingState::Idle>();
+    if (!done) {
+        return;
+    }
+    for (const QDBusMessage& waiting : std::exchange(m_stopping, {})) {
+        QDBusConnection::sessionBus().send(
+            state.is<RecordingState::Finished>()
+                ? waiting.createReply(detail)
+                : waiting.createErrorReply(QLatin1String(GrabOverBus::errorName),
+                                           state.is<RecordingState::Idle>()
+                                               ? QStringLiteral("The recording was cancelled.")
+                                               : detail));
+    }
 }
 
 } // namespace nubo

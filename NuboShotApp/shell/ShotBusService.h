@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QVariantList>
 
+#include "recording/ScreenRecording.h"
+
 #include <memory>
 
 namespace nubo {
@@ -32,7 +34,27 @@ public slots:
                  const QString& output, double quality, const QString& xDisplay,
                  const QDBusMessage& message);
 
+    // Recording for "nuboshot record" (and scripts): the target as the
+    // command line names it, the options as their JSON, the folder.
+    void StartRecording(const QStringList& target, const QString& options, const QString& folder,
+                        const QDBusMessage& message);
+    void PauseRecording(const QDBusMessage& message);
+    void ResumeRecording(const QDBusMessage& message);
+    // Answers with the movie's path once it is complete.
+    QString StopRecording(const QDBusMessage& message);
+    void CancelRecording(const QDBusMessage& message);
+
+signals:
+    // Every change: "recording"/"paused" with the elapsed milliseconds,
+    // "finished" with the file, "failed" with the message, "idle", …
+    void RecordingStateChanged(const QString& state, const QString& detail);
+
 private:
+    void recordingStateChanged(const RecordingState& state);
+    bool refuse(const QDBusMessage& message, const Error& error);
+    std::unique_ptr<ScreenRecording> m_recorder;
+    QList<QDBusMessage> m_stopping; // answered when the movie is complete
+
     std::shared_ptr<CapturePlatform> m_platform;
     ShotFeature& m_feature;
 };

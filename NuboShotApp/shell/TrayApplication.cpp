@@ -187,7 +187,8 @@ TrayApplication::Start TrayApplication::start()
     }
     m_service = std::make_unique<ShotBusService>(m_platform, *m_feature);
     if (bus.isConnected() && !bus.registerObject(QLatin1String(GrabOverBus::path), m_service.get(),
-                                                 QDBusConnection::ExportAllSlots)) {
+                                                 QDBusConnection::ExportAllSlots |
+                                                     QDBusConnection::ExportAllSignals)) {
         qCWarning(lcApp) << "Could not offer the capture service on the session bus";
     }
 

@@ -248,6 +248,47 @@ TEST_F(Recorder, AWindowIsRecordedFromItsOwnPixelsEvenWhenCovered)
     }
 }
 
+TEST_F(Recorder, WithTheTrayRunningTheTrayRecordsOverTheBus)
+{
+    const QPoint at = openCounter(QRect(100, 100, 400, 300));
+    ASSERT_GE(at.x(), 0);
+    QProcess tray;
+    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    QString trayLog;
+    const auto trayWrote = [&](const QString& text) {
+        return waitUntil([&] {
+            tray.waitForReadyRead(50);
+            trayLog += QString::fromUtf8(tray.readAllStandardError());
+            return trayLog.contains(text);
+        });
+    };
+    ASSERT_TRUE(trayWrote(QStringLiteral("Nubo Shot started"))) << trayLog.toStdString();
+    m_recorder.start(QStringLiteral(NUBOSHOT_BINARY),
+                     {"record", "area", QStringLiteral("%1,%2,400,300").arg(at.x()).arg(at.y()),
+                      "--no-cursor", "-o", m_dir.path()});
+    ASSERT_TRUE(trayWrote(QStringLiteral("Writing 400x300"))) << "the tray is not the one recording";
+    QThread::msleep(800);
+    ::kill(pid_t(m_recorder.processId()), SIGUSR1); // pause, over the bus
+    QThread::msleep(1000);
+    ::kill(pid_t(m_recorder.processId()), SIGUSR1);
+    QThread::msleep(800);
+    ::kill(pid_t(m_recorder.processId()), SIGINT);
+    const QString file = finished();
+    tray.terminate();
+    tray.waitForFinished();
+    ASSERT_EQ(m_recorder.exitCode(), 0) << m_log.toStdString() << trayLog.toStdString();
+    const test::DecodedMovie movie = test::decodeMovie(file, false);
+    ASSERT_TRUE(movie.opened) << file.toStdString();
+    EXPECT_EQ(QSize(movie.width, movie.height), QSize(400, 300));
+    EXPECT_NEAR(movie.times.last() + 1 / 30.0, 1.6, 0.35) << "the pause was not taken out";
+
+    // Without a running tray a bad target is refused by the command itself.
+    const auto refused = test::runNuboShot({"record", "window", "0x7", "-o", m_dir.path()});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.err.contains(QStringLiteral("There is no window 0x7 to record.")))
+        << refused.err.toStdString();
+}
+
 TEST_F(Recorder, EveryTransitionAndEveryRefusedRequest)
 {
     const QPoint at = openCounter(QRect(100, 100, 320, 240));

@@ -1,0 +1,89 @@
+#include "shell/RecordingTargetSpec.h"
+
+#include "capture/CapturePlatform.h"
+#include "capture/CaptureSelection.h"
+
+#include <cmath>
+
+namespace nubo {
+
+namespace {
+
+std::optional<QRectF> parseRect(const QString& text)
+{
+    const QStringList parts = text.split(QLatin1Char(','));
+    if (parts.size() != 4) {
+        return std::nullopt;
+    }
+    double v[4];
+    for (int i = 0; i < 4; ++i) {
+        bool ok = false;
+        v[i] = parts[i].toDouble(&ok);
+        if (!ok || !std::isfinite(v[i])) {
+            return std::nullopt;
+        }
+    }
+    return QRectF(v[0], v[1], v[2], v[3]);
+}
+
+} // namespace
+
+bool isRecordingTargetSpec(const QStringList& spec)
+{
+    if (spec.isEmpty()) {
+        return false;
+    }
+    const QString& kind = spec.first();
+    if (kind == QLatin1String("display")) {
+        return spec.size() <= 2;
+    }
+    if (kind == QLatin1String("area")) {
+        return spec.size() == 2 && parseRect(spec[1]).has_value();
+    }
+    bool ok = false;
+    return kind == QLatin1String("window") && spec.size() == 2 && (spec[1].toUInt(&ok, 0), ok);
+}
+
+RecordingTarget recordingTarget(CapturePlatform& platform, const QStringList& spec)
+{
+    if (!isRecordingTargetSpec(spec)) {
+        throw Error(QStringLiteral("A recording takes display [ID], area X,Y,W,H or window ID."));
+    }
+    const QList<CaptureDisplay> displays = platform.capturer()->displays();
+    const QString& kind = spec.first();
+    if (kind == QLatin1String("display")) {
+        std::optional<CaptureDisplay> chosen;
+        for (const CaptureDisplay& d : displays) {
+            if (spec.size() == 2 ? QString::number(d.id) == spec[1] : (d.primary || !chosen)) {
+                chosen = d;
+            }
+        }
+        if (!chosen) {
+            throw Error(QStringLiteral("There is no display %1.").arg(spec.value(1)));
+        }
+        return {RecordingTarget::Display{*chosen}};
+    }
+    if (kind == QLatin1String("area")) {
+        QList<ScreenSpace> spaces;
+        for (const CaptureDisplay& d : displays) {
+            spaces.append(d.space);
+        }
+        const auto area = std::get<ShotCaptureSelection::Area>(
+            ShotCaptureSelection::fromDesktopPixels(*parseRect(spec[1]), spaces).framing);
+        for (const CaptureDisplay& d : displays) {
+            if (d.id == area.display) {
+                return {RecordingTarget::Area{d, area.rect}};
+            }
+        }
+        throw CaptureError(CaptureError::Code::noContent);
+    }
+    const quint32 id = spec[1].toUInt(nullptr, 0);
+    for (const CapturableWindow& w : platform.capturer()->listWindows(false).windows) {
+        if (w.id == id) {
+            return {RecordingTarget::Window{w}};
+        }
+    }
+    throw Error(QStringLiteral("There is no window %1 to record.").arg(spec[1]));
+}
+
+} // namespace nubo
