@@ -17,6 +17,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <cmath>
 #include <csignal>
 #include <gtest/gtest.h>
 
@@ -287,6 +288,38 @@ TEST_F(Recorder, WithTheTrayRunningTheTrayRecordsOverTheBus)
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_TRUE(refused.err.contains(QStringLiteral("There is no window 0x7 to record.")))
         << refused.err.toStdString();
+}
+
+TEST_F(Recorder, ClicksAreHighlightedWhenAsked)
+{
+    const QPoint at = openCounter(QRect(300, 300, 400, 300), true);
+    ASSERT_GE(at.x(), 0);
+    QThread::msleep(300);
+    ASSERT_TRUE(startRecording({"area", QStringLiteral("%1,%2,400,300").arg(at.x()).arg(at.y()),
+                                "--duration", "2", "--highlight-clicks"}));
+    const QPoint click = at + QPoint(200, 180);
+    run(QStringLiteral("xdotool"),
+        {"mousemove", QString::number(click.x()), QString::number(click.y()), "click", "1"});
+    const QString file = finished();
+    ASSERT_EQ(m_recorder.exitCode(), 0) << m_log.toStdString();
+    const test::DecodedMovie movie = test::decodeMovie(file);
+    ASSERT_TRUE(movie.opened);
+    // Somewhere in the movie a ring of amber around the click, on the blue.
+    int best = 0;
+    for (const QImage& frame : movie.frames) {
+        for (const int radius : {16, 20, 24, 28}) {
+            int amber = 0;
+            for (int k = 0; k < 8; ++k) {
+                const double a = k * M_PI / 4;
+                const QColor c = frame.pixelColor(200 + int(radius * std::cos(a)),
+                                                  180 + int(radius * std::sin(a)));
+                amber += c.red() > 170 && c.green() > 120 && c.blue() < 110;
+            }
+            best = std::max(best, amber);
+        }
+    }
+    EXPECT_GE(best, 6) << "no ring around the click in " << movie.frames.size() << " frames";
+    EXPECT_GT(movie.frames.size(), 3) << "the growing ring gave no frames of its own";
 }
 
 TEST_F(Recorder, EveryTransitionAndEveryRefusedRequest)

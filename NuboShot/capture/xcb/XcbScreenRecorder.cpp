@@ -23,6 +23,7 @@ struct XcbScreenRecorder::Plan {
     quint32 windowID = 0;
     int framesPerSecond = 30;
     bool showsCursor = true;
+    bool highlightsClicks = false;
 };
 
 namespace {
@@ -31,8 +32,11 @@ namespace {
 // capture thread's own.
 class ScreenWatch {
 public:
-    explicit ScreenWatch(const QByteArray& displayName) : m_x(displayName)
+    ScreenWatch(const QByteArray& displayName, bool clicks) : m_x(displayName)
     {
+        if (clicks) {
+            watchClicks();
+        }
         const xcb_query_extension_reply_t* damage = xcb_get_extension_data(m_x.c, &xcb_damage_id);
         if (damage && damage->present) {
             std::free(xcb_damage_query_version_reply(
@@ -52,15 +56,37 @@ public:
         xcb_flush(m_x.c);
     }
 
-    // Whether anything was drawn since the last call (always, without XDamage).
-    bool changed()
+    // A click of the user's, at a root position, at a capture time.
+    struct Click {
+        QPoint at;
+        RecordingDuration time;
+    };
+
+    // Whether anything was drawn since the last call (always, without
+    // XDamage); clicks since then go to `clicks`.
+    bool changed(RecordingDuration now, QList<Click>& clicks)
     {
+        bool damaged = !m_damage;
+        while (auto event = xcbReply(xcb_poll_for_event(m_x.c))) {
+            const uint8_t type = event->response_type & 0x7f;
+            damaged = damaged || (m_damage && type == m_damageEvent);
+            if (type == XCB_GE_GENERIC &&
+                reinterpret_cast<const xcb_ge_generic_event_t*>(event.get())->extension ==
+                    m_inputOpcode) {
+                const auto* press =
+                    reinterpret_cast<const xcb_input_raw_button_press_event_t*>(event.get());
+                if (press->event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
+                    (press->detail < 4 || press->detail > 7)) { // not the wheel
+                    auto pointer = xcbReply(xcb_query_pointer_reply(
+                        m_x.c, xcb_query_pointer(m_x.c, m_x.root), nullptr));
+                    if (pointer) {
+                        clicks.append({QPoint(pointer->root_x, pointer->root_y), now});
+                    }
+                }
+            }
+        }
         if (!m_damage) {
             return true;
-        }
-        bool damaged = false;
-        while (auto event = xcbReply(xcb_poll_for_event(m_x.c))) {
-            damaged = damaged || (event->response_type & 0x7f) == m_damageEvent;
         }
         if (damaged) {
             xcb_damage_subtract(m_x.c, m_damage, XCB_NONE, XCB_NONE);
@@ -92,7 +118,28 @@ public:
     }
 
 private:
+    // Raw button presses of every device, whoever has the pointer grabbed.
+    void watchClicks()
+    {
+        const xcb_query_extension_reply_t* input = xcb_get_extension_data(m_x.c, &xcb_input_id);
+        if (!input || !input->present) {
+            return;
+        }
+        auto version = xcbReply(xcb_input_xi_query_version_reply(
+            m_x.c, xcb_input_xi_query_version(m_x.c, 2, 2), nullptr));
+        if (!version || version->major_version < 2) {
+            return;
+        }
+        m_inputOpcode = input->major_opcode;
+        struct {
+            xcb_input_event_mask_t head;
+            uint32_t bits;
+        } mask{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS};
+        xcb_input_xi_select_events(m_x.c, m_x.root, 1, &mask.head);
+    }
+
     XcbConnection m_x;
+    uint8_t m_inputOpcode = 0;
     xcb_damage_damage_t m_damage = 0;
     uint8_t m_damageEvent = 0;
     bool m_fixes = false;
@@ -179,6 +226,7 @@ void XcbScreenRecorder::start(const RecordingTarget& target, const RecordingOpti
         auto plan = std::make_shared<Plan>();
         plan->framesPerSecond = framesPerSecond(options.frameRate);
         plan->showsCursor = options.showsCursor;
+        plan->highlightsClicks = options.highlightsClicks;
         QSizeF content;
         double scale = 1;
         if (const auto* d = std::get_if<RecordingTarget::Display>(&target.target)) {
@@ -238,7 +286,9 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
     try {
         XcbScreenCapturer capturer(m_displayName, m_scale);
         capturer.setNativePixels(true); // straight to the encoder, no conversion
-        ScreenWatch watch(m_displayName);
+        ScreenWatch watch(m_displayName, plan->highlightsClicks);
+        QList<ScreenWatch::Click> clicks;
+        constexpr RecordingDuration ringLife = std::chrono::milliseconds(500);
         const auto interval = std::chrono::nanoseconds(1'000'000'000 / plan->framesPerSecond);
         auto due = std::chrono::steady_clock::now();
         bool first = true;
@@ -260,7 +310,10 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
                 late += (current - due) / interval + 1;
                 due = current + interval;
             }
-            bool changed = watch.changed() || first || plan->window;
+            const RecordingDuration tick = now();
+            bool changed = watch.changed(tick, clicks) || first || plan->window;
+            clicks.removeIf([&](const ScreenWatch::Click& c) { return tick - c.time > ringLife; });
+            changed = changed || !clicks.isEmpty(); // a ring grows on every frame
             std::optional<ScreenWatch::Cursor> cursor;
             if (plan->showsCursor) {
                 cursor = watch.cursor();
@@ -276,9 +329,22 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
             const RecordingDuration captured = now();
             QImage frame = plan->window ? capturer.captureWindow(plan->windowID).image
                                         : capturer.captureRegion(plan->display, plan->region);
-            if (cursor && !plan->window) {
+            if ((cursor || !clicks.isEmpty()) && !plan->window) {
                 QPainter painter(&frame);
-                painter.drawImage(cursor->topLeft - plan->origin, cursor->image);
+                painter.setRenderHint(QPainter::Antialiasing);
+                for (const ScreenWatch::Click& click : std::as_const(clicks)) {
+                    // A ring that widens and fades over half a second.
+                    const double age = double((captured - click.time).count()) / ringLife.count();
+                    const double radius = 14 + 16 * std::clamp(age, 0.0, 1.0);
+                    QColor ring(255, 190, 0);
+                    ring.setAlphaF(std::clamp(1.0 - age, 0.0, 1.0) * 0.9);
+                    painter.setPen(QPen(ring, 4));
+                    painter.setBrush(Qt::NoBrush);
+                    painter.drawEllipse(QPointF(click.at - plan->origin), radius, radius);
+                }
+                if (cursor) {
+                    painter.drawImage(cursor->topLeft - plan->origin, cursor->image);
+                }
             }
             const std::lock_guard lock(m_mutex);
             if (m_writer->appendVideo(frame, captured)) {
