@@ -382,6 +382,8 @@ void RecordingWriter::moveIndexToFront(const QString& file)
     check(avio_open(&output->pb, to.constData(), AVIO_FLAG_WRITE), "indexMovie");
     AVDictionary* options = nullptr;
     av_dict_set(&options, "movflags", "faststart", 0);
+    // No edit list: players would trim the last frame's time by it.
+    av_dict_set(&options, "use_editlist", "0", 0);
     const int header = avformat_write_header(output, &options);
     av_dict_free(&options);
     check(header, "indexMovie");

@@ -6,7 +6,7 @@
 #include "recording/ScreenRecording.h"
 #include "shell/CommandLine.h"
 #include "shell/RecordingOverBus.h"
-#include "shell/RecordingTargetSpec.h"
+#include "shell/RecordingTargetWords.h"
 #include "shell/TrayApplication.h"
 
 #include <QCoreApplication>
@@ -109,7 +109,7 @@ int runRecordCommand(const QStringList& arguments)
         return usage(QStringLiteral("record takes display, area or window"), command);
     }
 
-    if (!isRecordingTargetSpec(rest)) {
+    if (!isRecordingTargetWords(rest)) {
         return usage(QStringLiteral("record takes display [ID], area X,Y,W,H or window ID"),
                      command);
     }

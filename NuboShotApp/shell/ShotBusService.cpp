@@ -3,7 +3,7 @@
 #include "capture/CapturePlatform.h"
 #include "shell/GrabRequest.h"
 #include "shell/RecordingOverBus.h"
-#include "shell/RecordingTargetSpec.h"
+#include "shell/RecordingTargetWords.h"
 #include "shell/ShotFeature.h"
 
 #include <QDBusConnection>

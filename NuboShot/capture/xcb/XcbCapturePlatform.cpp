@@ -84,16 +84,16 @@ std::optional<QString> XcbCapturePlatform::clipboardOwner()
     }
     // Clipboard windows often have no properties: the program behind the
     // connection that made the window, by its process.
-    xcb_res_client_id_spec_t spec{owner->owner, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    xcb_res_client_id_spec_t query{owner->owner, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
     auto ids = xcbReply(
-        xcb_res_query_client_ids_reply(x.c, xcb_res_query_client_ids(x.c, 1, &spec), nullptr));
+        xcb_res_query_client_ids_reply(x.c, xcb_res_query_client_ids(x.c, 1, &query), nullptr));
     if (!ids) {
         return std::nullopt;
     }
     for (auto it = xcb_res_query_client_ids_ids_iterator(ids.get()); it.rem;
          xcb_res_client_id_value_next(&it)) {
-        if (it.data->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID &&
-            xcb_res_client_id_value_value_length(it.data) == 1) {
+        // Only process ids were asked for: each answer of one value is one.
+        if (xcb_res_client_id_value_value_length(it.data) == 1) {
             const uint32_t pid = *xcb_res_client_id_value_value(it.data);
             QFile comm(QStringLiteral("/proc/%1/comm").arg(pid));
             if (comm.open(QIODevice::ReadOnly)) {

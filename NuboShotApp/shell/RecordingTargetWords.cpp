@@ -1,4 +1,4 @@
-#include "shell/RecordingTargetSpec.h"
+#include "shell/RecordingTargetWords.h"
 
 #include "capture/CapturePlatform.h"
 #include "capture/CaptureSelection.h"
@@ -28,38 +28,38 @@ std::optional<QRectF> parseRect(const QString& text)
 
 } // namespace
 
-bool isRecordingTargetSpec(const QStringList& spec)
+bool isRecordingTargetWords(const QStringList& words)
 {
-    if (spec.isEmpty()) {
+    if (words.isEmpty()) {
         return false;
     }
-    const QString& kind = spec.first();
+    const QString& kind = words.first();
     if (kind == QLatin1String("display")) {
-        return spec.size() <= 2;
+        return words.size() <= 2;
     }
     if (kind == QLatin1String("area")) {
-        return spec.size() == 2 && parseRect(spec[1]).has_value();
+        return words.size() == 2 && parseRect(words[1]).has_value();
     }
     bool ok = false;
-    return kind == QLatin1String("window") && spec.size() == 2 && (spec[1].toUInt(&ok, 0), ok);
+    return kind == QLatin1String("window") && words.size() == 2 && (words[1].toUInt(&ok, 0), ok);
 }
 
-RecordingTarget recordingTarget(CapturePlatform& platform, const QStringList& spec)
+RecordingTarget recordingTarget(CapturePlatform& platform, const QStringList& words)
 {
-    if (!isRecordingTargetSpec(spec)) {
+    if (!isRecordingTargetWords(words)) {
         throw Error(QStringLiteral("A recording takes display [ID], area X,Y,W,H or window ID."));
     }
     const QList<CaptureDisplay> displays = platform.capturer()->displays();
-    const QString& kind = spec.first();
+    const QString& kind = words.first();
     if (kind == QLatin1String("display")) {
         std::optional<CaptureDisplay> chosen;
         for (const CaptureDisplay& d : displays) {
-            if (spec.size() == 2 ? QString::number(d.id) == spec[1] : (d.primary || !chosen)) {
+            if (words.size() == 2 ? QString::number(d.id) == words[1] : (d.primary || !chosen)) {
                 chosen = d;
             }
         }
         if (!chosen) {
-            throw Error(QStringLiteral("There is no display %1.").arg(spec.value(1)));
+            throw Error(QStringLiteral("There is no display %1.").arg(words.value(1)));
         }
         return {RecordingTarget::Display{*chosen}};
     }
@@ -69,7 +69,7 @@ RecordingTarget recordingTarget(CapturePlatform& platform, const QStringList& sp
             spaces.append(d.space);
         }
         const auto area = std::get<ShotCaptureSelection::Area>(
-            ShotCaptureSelection::fromDesktopPixels(*parseRect(spec[1]), spaces).framing);
+            ShotCaptureSelection::fromDesktopPixels(*parseRect(words[1]), spaces).framing);
         for (const CaptureDisplay& d : displays) {
             if (d.id == area.display) {
                 return {RecordingTarget::Area{d, area.rect}};
@@ -77,13 +77,13 @@ RecordingTarget recordingTarget(CapturePlatform& platform, const QStringList& sp
         }
         throw CaptureError(CaptureError::Code::noContent);
     }
-    const quint32 id = spec[1].toUInt(nullptr, 0);
+    const quint32 id = words[1].toUInt(nullptr, 0);
     for (const CapturableWindow& w : platform.capturer()->listWindows(false).windows) {
         if (w.id == id) {
             return {RecordingTarget::Window{w}};
         }
     }
-    throw Error(QStringLiteral("There is no window %1 to record.").arg(spec[1]));
+    throw Error(QStringLiteral("There is no window %1 to record.").arg(words[1]));
 }
 
 } // namespace nubo
