@@ -63,6 +63,7 @@ struct RecordingAudioMixer::Converter {
     int sampleRate = 0;
     int channels = 0;
     int format = -1;
+    bool compensating = false;
     ~Converter() { swr_free(&context); }
 };
 
@@ -97,6 +98,11 @@ float RecordingAudioMixer::limit(float sample)
     return std::copysign(over, sample);
 }
 
+void RecordingAudioMixer::setEnabled(Source source, bool enabled)
+{
+    (source == Source::system ? m_systemEnabled : m_micEnabled) = enabled;
+}
+
 qint64 RecordingAudioMixer::end(Source source) const
 {
     return source == Source::system ? m_systemEnd : m_micEnd;
@@ -124,7 +130,14 @@ void RecordingAudioMixer::add(Source source, const RecordingAudioInput& input,
         av_channel_layout_default(&out, 2);
         if (swr_alloc_set_opts2(&converter->context, &out, AV_SAMPLE_FMT_FLT, recordingAudioRate,
                                 &in, AVSampleFormat(input.format), input.sampleRate, 0,
-                                nullptr) < 0 ||
+                                nullptr) < 0) {
+            converter.reset();
+            throw invalid();
+        }
+        // A mono source (a microphone) at full level on both sides, not 3 dB
+        // down as the converter would put a centre channel.
+        const double monoToBoth[2] = {1.0, 1.0};
+        if ((input.channels == 1 && swr_set_matrix(converter->context, monoToBoth, 1) < 0) ||
             swr_init(converter->context) < 0) {
             converter.reset();
             throw invalid();
@@ -133,21 +146,43 @@ void RecordingAudioMixer::add(Source source, const RecordingAudioInput& input,
         converter->channels = input.channels;
         converter->format = input.format;
     }
+    // Where the chunk belongs, and whether it carries on the source's audio
+    // before it: a source's own clock and ours drift apart by a little, and
+    // times are whole frames, so a chunk that lands within ten milliseconds
+    // of where its source left off continues it without a gap or an overlap,
+    // and the converter stretches or squeezes the next second of audio by
+    // the difference (at most 1 %, inaudible). Further off, the audio is
+    // placed where it belongs: what lies between is silence.
+    const double seconds = std::chrono::duration<double>(movieTime).count();
+    const qint64 placed = std::max<qint64>(0, qint64(seconds * recordingAudioRate));
+    qint64& sourceEnd = microphone ? m_micEnd : m_systemEnd;
+    bool& received = microphone ? m_micReceived : m_systemReceived;
+    const qint64 drift = placed - sourceEnd;
+    const bool continues = received && std::abs(drift) <= continuityWindow;
+    const bool compensate = continues && std::abs(drift) > 2; // two frames: rounding
+    if (compensate || converter->compensating) {
+        if (swr_set_compensation(converter->context, compensate ? int(drift) : 0,
+                                 compensate ? recordingAudioRate : 0) >= 0) {
+            converter->compensating = compensate;
+        }
+    }
     Chunk chunk;
-    chunk.samples.resize(size_t(*capacity) * 2);
+    // Compensation adds at most 1 % to what the converter gives.
+    const int room = *capacity + (converter->compensating ? input.frames / 100 + 1 : 0);
+    chunk.samples.resize(size_t(room) * 2);
     uint8_t* out[1] = {reinterpret_cast<uint8_t*>(chunk.samples.data())};
-    const int converted = swr_convert(converter->context, out, *capacity,
+    const int converted = swr_convert(converter->context, out, room,
                                       const_cast<const uint8_t**>(input.data), input.frames);
     if (converted < 0) {
         throw invalid();
     }
     chunk.samples.resize(size_t(converted) * 2);
-    const double seconds = std::chrono::duration<double>(movieTime).count();
-    chunk.start = std::max<qint64>(0, qint64(seconds * recordingAudioRate));
+    chunk.start = continues ? sourceEnd : placed;
     const qint64 chunkEnd = chunk.start + converted;
+    received = true;
     std::vector<Chunk>& chunks = microphone ? m_mic : m_system;
     chunks.push_back(std::move(chunk));
-    (microphone ? m_micEnd : m_systemEnd) = chunkEnd;
+    sourceEnd = chunkEnd;
 }
 
 std::vector<RecordingAudioBuffer> RecordingAudioMixer::mix(bool flush)
@@ -205,3 +240,4 @@ std::vector<RecordingAudioBuffer> RecordingAudioMixer::mix(bool flush)
 }
 
 } // namespace nubo
+

@@ -75,6 +75,9 @@ public:
     enum class Source { system, microphone };
     static constexpr qint64 maximumWait = recordingAudioRate / 2;
     static constexpr qint64 framesPerBuffer = 1024; // what the AAC encoder takes at once
+    // How far (10 ms) a chunk may land from where its source left off and
+    // still carry on from there, the difference taken up by the converter.
+    static constexpr qint64 continuityWindow = recordingAudioRate / 100;
 
     RecordingAudioMixer(bool systemEnabled, bool micEnabled);
     ~RecordingAudioMixer();
@@ -94,6 +97,9 @@ public:
     // with `flush`, up to the end of everything received.
     std::vector<RecordingAudioBuffer> mix(bool flush = false);
 
+    // A source that ended (its server went away) is no longer waited for.
+    void setEnabled(Source source, bool enabled);
+
     qint64 cursor() const { return m_cursor; }
     qint64 end(Source source) const;
 
@@ -108,6 +114,8 @@ private:
     std::vector<Chunk> m_mic;
     qint64 m_systemEnd = 0;
     qint64 m_micEnd = 0;
+    bool m_systemReceived = false;
+    bool m_micReceived = false;
     qint64 m_cursor = 0;
     struct Converter;
     std::map<bool, std::unique_ptr<Converter>> m_converters; // true: the microphone

@@ -6,12 +6,17 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <condition_variable>
+#include <deque>
+#include <thread>
 #include <vector>
 
+#include <pthread.h>
 #include <sys/stat.h>
 
 extern "C" {
 #include <libavcodec/avcodec.h>
+#include <libavutil/channel_layout.h>
 #include <libavformat/avformat.h>
 #include <libavutil/opt.h>
 #include <libswscale/swscale.h>
@@ -22,6 +27,8 @@ namespace nubo {
 namespace {
 
 constexpr AVRational movieTimeBase{1, 90000};
+constexpr AVRational audioTimeBase{1, recordingAudioRate};
+constexpr int audioBitRate = 192000;
 
 QString avError(int code)
 {
@@ -77,9 +84,17 @@ struct RecordingWriter::Encoder {
     QSize scalerSource;
     AVPixelFormat scalerFormat = AV_PIX_FMT_NONE;
     bool headerWritten = false;
+    // The sound, when there is any.
+    AVCodecContext* audioCodec = nullptr;
+    AVStream* audioStream = nullptr;
+    AVFrame* audioFrame = nullptr;
+    AVPacket* audioPacket = nullptr;
 
     ~Encoder()
     {
+        av_packet_free(&audioPacket);
+        av_frame_free(&audioFrame);
+        avcodec_free_context(&audioCodec);
         sws_freeContext(scaler);
         av_packet_free(&packet);
         av_frame_free(&frame);
@@ -93,15 +108,64 @@ struct RecordingWriter::Encoder {
     }
 };
 
+// The audio path: what arrives from the sources, the mixer, the FIFO and
+// the frames on their way into the AAC encoder.
+struct RecordingWriter::Audio {
+    struct Item {
+        RecordingAudioMixer::Source source = RecordingAudioMixer::Source::system;
+        int sampleRate = 0;
+        int channels = 0;
+        int format = -1;
+        int frames = 0;
+        std::vector<std::vector<uint8_t>> planes;
+        RecordingDuration time{0};
+        std::optional<QString> ended; // the source ended, and why
+    };
+
+    Audio(bool system, bool microphone) : mixer(system, microphone) {}
+
+    std::thread thread;
+    mutable std::mutex mutex; // the queue, `stop` and `failure`
+    std::condition_variable wake;
+    std::deque<Item> queue;
+    bool stop = false;
+    std::optional<RecordingError> failure;
+
+    // The audio thread's, then finish()'s.
+    RecordingAudioMixer mixer;
+    RecordingAudioFIFO fifo;
+    std::vector<float> pending; // interleaved, short of a whole AAC frame
+    qint64 next = 0;            // the 48 kHz frame index the encoder takes next
+    bool started = false;
+};
+
 RecordingWriter::RecordingWriter(QString file, QSize size, RecordingOptions options)
     : m_file(std::move(file)), m_size(size), m_options(options)
-{}
+{
+    if (hasAudio()) {
+        m_audio = std::make_unique<Audio>(m_options.systemAudio, m_options.microphone);
+        m_audio->thread = std::thread([this] { runAudio(); });
+    }
+}
 
 RecordingWriter::~RecordingWriter()
 {
     if (!m_finished) {
         cancel();
     }
+    stopAudio();
+}
+
+bool RecordingWriter::isPaused() const
+{
+    const std::lock_guard lock(m_timeMutex);
+    return m_timeline.timeline.isPaused();
+}
+
+RecordingTimeline RecordingWriter::timeline() const
+{
+    const std::lock_guard lock(m_timeMutex);
+    return m_timeline.timeline;
 }
 
 QString RecordingWriter::encoderName() const
@@ -157,13 +221,51 @@ void RecordingWriter::open()
     e->stream = avformat_new_stream(e->format, nullptr);
     e->stream->time_base = movieTimeBase;
     avcodec_parameters_from_context(e->stream->codecpar, e->codec);
+    if (m_audio) {
+        const AVCodec* aac = avcodec_find_encoder(AV_CODEC_ID_AAC);
+        if (!aac) {
+            fail(QStringLiteral("openAudioEncoder"), AVERROR_ENCODER_NOT_FOUND);
+        }
+        e->audioCodec = avcodec_alloc_context3(aac);
+        e->audioCodec->sample_rate = recordingAudioRate;
+        av_channel_layout_default(&e->audioCodec->ch_layout, 2);
+        e->audioCodec->sample_fmt = AV_SAMPLE_FMT_FLTP;
+        e->audioCodec->bit_rate = audioBitRate;
+        e->audioCodec->time_base = audioTimeBase;
+        if (e->format->oformat->flags & AVFMT_GLOBALHEADER) {
+            e->audioCodec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+        }
+        // The fast coder: the same quality at this rate, a fraction of the time.
+        AVDictionary* aacOptions = nullptr;
+        av_dict_set(&aacOptions, "aac_coder", "fast", 0);
+        status = avcodec_open2(e->audioCodec, aac, &aacOptions);
+        av_dict_free(&aacOptions);
+        if (status < 0) {
+            fail(QStringLiteral("openAudioEncoder"), status);
+        }
+        e->audioStream = avformat_new_stream(e->format, nullptr);
+        e->audioStream->time_base = audioTimeBase;
+        avcodec_parameters_from_context(e->audioStream->codecpar, e->audioCodec);
+        e->audioFrame = av_frame_alloc();
+        e->audioFrame->format = AV_SAMPLE_FMT_FLTP;
+        e->audioFrame->sample_rate = recordingAudioRate;
+        e->audioFrame->nb_samples = e->audioCodec->frame_size;
+        av_channel_layout_default(&e->audioFrame->ch_layout, 2);
+        if ((status = av_frame_get_buffer(e->audioFrame, 0)) < 0) {
+            fail(QStringLiteral("allocateFrame"), status);
+        }
+        e->audioPacket = av_packet_alloc();
+    }
     status = avio_open(&e->format->pb, path.constData(), AVIO_FLAG_WRITE);
     if (status < 0) {
         fail(QStringLiteral("openFile"), status);
     }
     AVDictionary* muxerOptions = nullptr;
-    // A fragment at every key frame: a killed recording is still a movie.
+    // A fragment at every key frame, and at least every two seconds (sound
+    // goes on while a still screen makes no key frames): a killed recording
+    // is still a movie.
     av_dict_set(&muxerOptions, "movflags", "frag_keyframe+empty_moov+default_base_moof", 0);
+    av_dict_set(&muxerOptions, "frag_duration", "2000000", 0);
     status = avformat_write_header(e->format, &muxerOptions);
     av_dict_free(&muxerOptions);
     if (status < 0) {
@@ -182,23 +284,31 @@ void RecordingWriter::open()
         fail(QStringLiteral("allocateFrame"), status);
     }
     e->packet = av_packet_alloc();
-    m_encoder = std::move(e);
-    qCInfo(lcRecordingWriter, "Writing %dx%d at %d fps, %lld bit/s with %s into %s",
+    {
+        const std::lock_guard lock(m_muxMutex);
+        m_encoder = std::move(e);
+    }
+    m_opened = true;
+    qCInfo(lcRecordingWriter, "Writing %dx%d at %d fps, %lld bit/s with %s%s into %s",
            m_size.width(), m_size.height(), fps, static_cast<long long>(m_encoder->codec->bit_rate),
-           codec->name, qPrintable(m_file));
+           codec->name, m_audio ? " and AAC sound" : "", qPrintable(m_file));
 }
 
 bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captureTime)
 {
-    if (m_finished || m_timeline.isPaused()) {
-        return false;
-    }
     const AVPixelFormat format = sourceFormat(picture);
-    if (format == AV_PIX_FMT_NONE || picture.isNull()) {
+    if (m_finished || format == AV_PIX_FMT_NONE || picture.isNull()) {
         return false;
     }
-    m_timeline.offer(captureTime);
-    const std::optional<RecordingDuration> time = m_timeline.map(captureTime);
+    std::optional<RecordingDuration> time;
+    {
+        const std::lock_guard lock(m_timeMutex);
+        if (m_timeline.timeline.isPaused()) {
+            return false;
+        }
+        m_timeline.offer(captureTime);
+        time = m_timeline.timeline.map(captureTime);
+    }
     if (!time) {
         return false;
     }
@@ -263,7 +373,9 @@ void RecordingWriter::encode(bool flush)
                                           e.codec->time_base);
         av_packet_rescale_ts(e.packet, e.codec->time_base, e.stream->time_base);
         e.packet->stream_index = e.stream->index;
-        status = av_interleaved_write_frame(e.format, e.packet);
+        // Written as it comes: the fragments interleave picture and sound.
+        const std::lock_guard lock(m_muxMutex);
+        status = av_write_frame(e.format, e.packet);
         if (status < 0) {
             fail(flush ? QStringLiteral("finishWriting") : QStringLiteral("appendVideo"), status);
         }
@@ -279,12 +391,303 @@ void RecordingWriter::encode(bool flush)
 
 void RecordingWriter::pause(RecordingDuration captureTime)
 {
+    const std::lock_guard lock(m_timeMutex);
     m_timeline.pause(captureTime);
 }
 
 void RecordingWriter::resume(RecordingDuration captureTime)
 {
+    const std::lock_guard lock(m_timeMutex);
     m_timeline.resume(captureTime);
+}
+
+// ---- Sound ----
+
+void RecordingWriter::appendAudio(RecordingAudioMixer::Source source,
+                                  const RecordingAudioInput& input, RecordingDuration captureTime)
+{
+    if (!m_audio) {
+        return;
+    }
+    Audio::Item item;
+    item.source = source;
+    item.sampleRate = input.sampleRate;
+    item.channels = input.channels;
+    item.format = input.format;
+    item.frames = input.frames;
+    item.time = captureTime;
+    // Copied: the caller's buffer is only lent. What cannot be sized is
+    // queued empty and refused by the mixer.
+    if (input.data && input.format >= 0 && input.format < AV_SAMPLE_FMT_NB && input.channels > 0 &&
+        input.channels <= 64 && input.frames > 0) {
+        const auto format = AVSampleFormat(input.format);
+        const bool planar = av_sample_fmt_is_planar(format);
+        const size_t plane = size_t(av_get_bytes_per_sample(format)) * size_t(input.frames) *
+                             size_t(planar ? 1 : input.channels);
+        for (int i = 0; i < (planar ? input.channels : 1); ++i) {
+            if (!input.data[i]) {
+                item.planes.clear();
+                break;
+            }
+            item.planes.emplace_back(input.data[i], input.data[i] + plane);
+        }
+    }
+    {
+        const std::lock_guard lock(m_audio->mutex);
+        if (m_audio->stop) {
+            return;
+        }
+        m_audio->queue.push_back(std::move(item));
+    }
+}
+
+void RecordingWriter::endAudio(RecordingAudioMixer::Source source, const QString& reason)
+{
+    if (!m_audio) {
+        return;
+    }
+    Audio::Item item;
+    item.source = source;
+    item.ended = reason;
+    const std::lock_guard lock(m_audio->mutex);
+    m_audio->queue.push_back(std::move(item));
+}
+
+std::optional<RecordingError> RecordingWriter::audioFailure() const
+{
+    if (!m_audio) {
+        return std::nullopt;
+    }
+    const std::lock_guard lock(m_audio->mutex);
+    return m_audio->failure;
+}
+
+void RecordingWriter::failAudio(const RecordingError& error)
+{
+    qCWarning(lcRecordingWriter, "Recording audio failed: %s", qPrintable(error.message()));
+    const std::lock_guard lock(m_audio->mutex);
+    if (!m_audio->failure) {
+        m_audio->failure = error;
+    }
+}
+
+void RecordingWriter::runAudio()
+{
+    pthread_setname_np(pthread_self(), "recording-audio");
+    while (true) {
+        {
+            std::unique_lock lock(m_audio->mutex);
+            // The drain: every 10 ms.
+            m_audio->wake.wait_for(lock, std::chrono::milliseconds(10),
+                                   [this] { return m_audio->stop; });
+            if (m_audio->stop || m_audio->failure) {
+                return;
+            }
+        }
+        try {
+            processAudio(false);
+        } catch (const RecordingError& error) {
+            failAudio(error);
+        }
+    }
+}
+
+void RecordingWriter::stopAudio()
+{
+    if (!m_audio) {
+        return;
+    }
+    {
+        const std::lock_guard lock(m_audio->mutex);
+        m_audio->stop = true;
+    }
+    m_audio->wake.notify_all();
+    if (m_audio->thread.joinable()) {
+        m_audio->thread.join();
+    }
+}
+
+void RecordingWriter::processAudio(bool finishing, std::optional<qint64> endFrame)
+{
+    Audio& a = *m_audio;
+    std::deque<Audio::Item> items;
+    {
+        const std::lock_guard lock(a.mutex);
+        if (!m_opened && !finishing) {
+            // Before the first picture the movie has no time yet: what was
+            // captured in the last two seconds waits for it.
+            while (!a.queue.empty() &&
+                   a.queue.back().time - a.queue.front().time > std::chrono::seconds(2)) {
+                a.queue.pop_front();
+            }
+            return;
+        }
+        items.swap(a.queue);
+    }
+    for (const Audio::Item& item : items) {
+        if (item.ended) {
+            a.mixer.setEnabled(item.source, false);
+            qCWarning(lcRecordingWriter, "The %s ended: %s; the picture goes on",
+                      item.source == RecordingAudioMixer::Source::system ? "system audio"
+                                                                         : "microphone",
+                      qPrintable(*item.ended));
+            continue;
+        }
+        if (!m_opened) {
+            continue;
+        }
+        // Only what was captured outside pauses: a buffer that straddles a
+        // pause's start or end gives its part outside it, so the two sides
+        // of a pause meet without a gap or a sound of the pause.
+        qint64 skip = 0;
+        qint64 frames = item.frames;
+        std::optional<RecordingDuration> movieTime;
+        if (item.sampleRate > 0 && frames > 0) {
+            const auto framesIn = [&](RecordingDuration d) {
+                return qint64(d.count() * item.sampleRate / 1'000'000);
+            };
+            const RecordingDuration length(frames * 1'000'000 / item.sampleRate);
+            const std::lock_guard lock(m_timeMutex);
+            RecordingDuration from = item.time;
+            if (const std::optional<RecordingDuration> resumed = m_timeline.pauseEndAfter(from)) {
+                skip = std::min(frames, framesIn(*resumed - from) + 1);
+                from = *resumed;
+            }
+            if (const std::optional<RecordingDuration> paused =
+                    m_timeline.pauseBeginningWithin(from, item.time + length)) {
+                frames = std::min(frames, skip + framesIn(*paused - from));
+            }
+            movieTime = m_timeline.mapCaptured(from);
+        }
+        if (!movieTime && !item.planes.empty() && item.frames > 0 && item.sampleRate > 0) {
+            continue; // before the first picture, or paused
+        }
+        std::vector<const uint8_t*> planes;
+        if (frames > skip) {
+            const auto format = AVSampleFormat(item.format);
+            const size_t offset = size_t(skip) * size_t(av_get_bytes_per_sample(format)) *
+                                  size_t(av_sample_fmt_is_planar(format) ? 1 : item.channels);
+            for (const std::vector<uint8_t>& plane : item.planes) {
+                planes.push_back(plane.data() + offset);
+            }
+        } else if (!item.planes.empty()) {
+            continue; // wholly in a pause
+        }
+        const RecordingAudioInput input{item.sampleRate, item.channels, item.format,
+                                        planes.empty() ? nullptr : planes.data(),
+                                        int(frames - skip)};
+        a.mixer.add(item.source, input, movieTime.value_or(RecordingDuration(0)));
+    }
+    if (!m_opened) {
+        return;
+    }
+    // Everything goes through the FIFO, so order is kept; the file takes
+    // what it can now, unless a picture is being written (then the FIFO
+    // holds it until the next turn, at most two seconds).
+    std::unique_lock mux(m_muxMutex, std::defer_lock);
+    if (finishing) {
+        mux.lock();
+    } else {
+        (void)mux.try_lock();
+    }
+    const auto drain = [&] {
+        while (std::optional<RecordingAudioBuffer> buffer = a.fifo.pop()) {
+            encodeAudio(*buffer, endFrame);
+        }
+    };
+    for (RecordingAudioBuffer& buffer : a.mixer.mix(finishing)) {
+        if (const std::optional<RecordingAudioFIFO::Dropped> dropped = a.fifo.push(std::move(buffer))) {
+            m_audioDropped += dropped->frames;
+            qCWarning(lcRecordingWriter,
+                      "Audio FIFO overflow; preserving silent PTS gap frames=%lld from=%s to=%s",
+                      static_cast<long long>(dropped->frames),
+                      qPrintable(QString::number(double(dropped->start) / recordingAudioRate, 'f', 6)),
+                      qPrintable(QString::number(double(dropped->end) / recordingAudioRate, 'f', 6)));
+        }
+        if (mux.owns_lock()) {
+            drain();
+        }
+    }
+    if (mux.owns_lock()) {
+        drain();
+    }
+}
+
+void RecordingWriter::encodeAudio(const RecordingAudioBuffer& buffer, std::optional<qint64> endFrame)
+{
+    Encoder& e = *m_encoder;
+    Audio& a = *m_audio;
+    AVCodecContext* c = e.audioCodec;
+    if (!a.started) {
+        // The encoder's first frame decodes to its priming silence: fed from
+        // that many frames into the movie on, every decoded frame plays at
+        // the time it was captured (no edit list needed).
+        a.next = c->initial_padding;
+        a.started = true;
+    }
+    qint64 from = buffer.start;
+    qint64 frames = buffer.frames();
+    const float* samples = buffer.samples.data();
+    if (endFrame) {
+        frames = std::min(frames, *endFrame - from);
+    }
+    if (from < a.next) { // the priming stretch, or audio already written
+        const qint64 skip = std::min(frames, a.next - from);
+        from += skip;
+        samples += skip * 2;
+        frames -= skip;
+    }
+    if (frames <= 0) {
+        return;
+    }
+    if (from > a.next) { // dropped by the FIFO: silence in its place
+        a.pending.insert(a.pending.end(), size_t(from - a.next) * 2, 0.0f);
+    }
+    a.pending.insert(a.pending.end(), samples, samples + frames * 2);
+    a.next = from + frames;
+    while (qint64(a.pending.size() / 2) >= c->frame_size) {
+        AVFrame* frame = e.audioFrame;
+        int status = av_frame_make_writable(frame);
+        if (status < 0) {
+            fail(QStringLiteral("appendAudio"), status);
+        }
+        const int n = c->frame_size;
+        frame->nb_samples = n;
+        auto* left = reinterpret_cast<float*>(frame->data[0]);
+        auto* right = reinterpret_cast<float*>(frame->data[1]);
+        for (int i = 0; i < n; ++i) {
+            left[i] = a.pending[size_t(i) * 2];
+            right[i] = a.pending[size_t(i) * 2 + 1];
+        }
+        frame->pts = a.next - qint64(a.pending.size() / 2);
+        a.pending.erase(a.pending.begin(), a.pending.begin() + qsizetype(n) * 2);
+        status = avcodec_send_frame(c, frame);
+        if (status < 0) {
+            fail(QStringLiteral("appendAudio"), status);
+        }
+        m_audioFrames += n;
+        writeAudioPackets();
+    }
+}
+
+void RecordingWriter::writeAudioPackets()
+{
+    Encoder& e = *m_encoder;
+    while (true) {
+        int status = avcodec_receive_packet(e.audioCodec, e.audioPacket);
+        if (status == AVERROR(EAGAIN) || status == AVERROR_EOF) {
+            return;
+        }
+        if (status < 0) {
+            fail(QStringLiteral("appendAudio"), status);
+        }
+        av_packet_rescale_ts(e.audioPacket, e.audioCodec->time_base, e.audioStream->time_base);
+        e.audioPacket->stream_index = e.audioStream->index;
+        status = av_write_frame(e.format, e.audioPacket);
+        if (status < 0) {
+            fail(QStringLiteral("appendAudio"), status);
+        }
+    }
 }
 
 QString RecordingWriter::finish(std::optional<RecordingDuration> end)
@@ -292,12 +695,13 @@ QString RecordingWriter::finish(std::optional<RecordingDuration> end)
     if (m_finished) {
         return m_file;
     }
-    if (end && m_encoder && !m_lastPicture.isNull() && !m_timeline.isPaused()) {
+    if (end && m_encoder && !m_lastPicture.isNull() && !isPaused()) {
         // The last picture stays on screen until the end: one more frame,
         // the last one, ending at `end`.
         const RecordingDuration frame(1'000'000 / framesPerSecond(m_options.frameRate));
         appendVideo(m_lastPicture, *end - frame);
     }
+    stopAudio();
     m_finished = true;
     if (!m_encoder || m_frames == 0) {
         m_encoder.reset();
@@ -305,6 +709,51 @@ QString RecordingWriter::finish(std::optional<RecordingDuration> end)
         throw RecordingError(RecordingError::Code::noVideo);
     }
     try {
+        if (m_audio && !m_audio->failure) {
+            // The sound ends with the last picture.
+            const qint64 videoEnd =
+                m_lastVideoTime->count() + 1'000'000 / framesPerSecond(m_options.frameRate);
+            const qint64 endFrame = videoEnd * recordingAudioRate / 1'000'000;
+            try {
+                processAudio(true, endFrame);
+            } catch (const RecordingError& error) {
+                if (error.code() != RecordingError::Code::invalidAudio) {
+                    throw;
+                }
+                failAudio(error); // the sound so far is kept, and the picture
+            }
+        }
+        if (m_audio && !m_audio->failure) {
+            const std::lock_guard lock(m_muxMutex);
+            Audio& a = *m_audio;
+            AVCodecContext* c = m_encoder->audioCodec;
+            if (!a.pending.empty()) { // the last, shorter frame
+                AVFrame* last = m_encoder->audioFrame;
+                int status = av_frame_make_writable(last);
+                const int n = int(a.pending.size() / 2);
+                last->nb_samples = n;
+                for (int i = 0; i < n && status >= 0; ++i) {
+                    reinterpret_cast<float*>(last->data[0])[i] = a.pending[size_t(i) * 2];
+                    reinterpret_cast<float*>(last->data[1])[i] = a.pending[size_t(i) * 2 + 1];
+                }
+                last->pts = a.next - n;
+                if (status >= 0) {
+                    status = avcodec_send_frame(c, last);
+                }
+                if (status < 0) {
+                    fail(QStringLiteral("finishWriting"), status);
+                }
+                m_audioFrames += n;
+                a.pending.clear();
+            }
+            if (a.started) {
+                const int status = avcodec_send_frame(c, nullptr);
+                if (status < 0) {
+                    fail(QStringLiteral("finishWriting"), status);
+                }
+                writeAudioPackets();
+            }
+        }
         int status = avcodec_send_frame(m_encoder->codec, nullptr);
         if (status < 0) {
             fail(QStringLiteral("finishWriting"), status);
@@ -335,6 +784,7 @@ QString RecordingWriter::finish(std::optional<RecordingDuration> end)
 
 void RecordingWriter::cancel()
 {
+    stopAudio();
     m_finished = true;
     m_encoder.reset();
     removeMovie(m_file);
@@ -423,3 +873,4 @@ void RecordingWriter::moveIndexToFront(const QString& file)
 }
 
 } // namespace nubo
+

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "recording/RecordingAudio.h"
 #include "recording/RecordingTimeline.h"
 #include "recording/RecordingTypes.h"
 
@@ -7,17 +8,26 @@
 #include <QSize>
 #include <QString>
 
+#include <atomic>
 #include <memory>
+#include <mutex>
 #include <optional>
 
 namespace nubo {
 
 // Writes one recording into an MP4 through FFmpeg: H.264 (High, no
 // B-frames, a key frame every two seconds, the design's bit rate, BT.709
-// tags), frames timed by their capture time through the timeline. While
-// recording the file is a fragmented MP4 with a fragment at every key frame,
-// so a killed process leaves a playable file; finish() moves the index to
-// the front by a stream copy. Used from one thread at a time.
+// tags), frames timed by their capture time through the timeline; with
+// system audio or a microphone, AAC at 48 kHz stereo, 192 kb/s, mixed from
+// both. While recording the file is a fragmented MP4 with a fragment at every
+// key frame and at least every two seconds, so a killed process leaves a
+// playable file; finish() moves the index to the front by a stream copy.
+//
+// Pictures, pause, resume, finish and cancel come from one thread at a time;
+// audio from any thread (the audio server's): it is queued, then mapped,
+// mixed and encoded on the writer's own audio thread every 10 ms, waiting in
+// the audio FIFO while the file is busy with a picture, so a picture never
+// waits for audio.
 class RecordingWriter {
 public:
     RecordingWriter(QString file, QSize size, RecordingOptions options);
@@ -32,7 +42,21 @@ public:
     bool appendVideo(const QImage& picture, RecordingDuration captureTime);
     void pause(RecordingDuration captureTime);
     void resume(RecordingDuration captureTime);
-    bool isPaused() const { return m_timeline.isPaused(); }
+    bool isPaused() const;
+
+    // Audio of a source, captured at `captureTime`; from any thread. What
+    // was captured before the first picture or during a pause is left out.
+    void appendAudio(RecordingAudioMixer::Source source, const RecordingAudioInput& input,
+                     RecordingDuration captureTime);
+    // A source that delivers no more (its server went away): not waited for.
+    void endAudio(RecordingAudioMixer::Source source, const QString& reason);
+    // What ended the audio path (audio that could not be read, a refused
+    // write): the recording ends with it. Any thread.
+    std::optional<RecordingError> audioFailure() const;
+    bool hasAudio() const { return m_options.systemAudio || m_options.microphone; }
+    // Audio frames (48 kHz) encoded so far, and frames the FIFO dropped.
+    qint64 audioFrames() const { return m_audioFrames; }
+    qint64 audioFramesDropped() const { return m_audioDropped; }
 
     // Completes the movie and returns its path; with `end` (a capture time)
     // the last picture is held until then, so a still screen still makes a
@@ -46,7 +70,7 @@ public:
     QSize size() const { return m_size; }
     qint64 videoFrames() const { return m_frames; }
     std::optional<RecordingDuration> lastVideoTime() const { return m_lastVideoTime; }
-    const RecordingTimeline& timeline() const { return m_timeline; }
+    RecordingTimeline timeline() const;
     // The encoder in use ("libx264", "h264_vaapi"); empty before the first frame.
     QString encoderName() const;
 
@@ -57,14 +81,29 @@ public:
 
 private:
     struct Encoder;
+    struct Audio;
     void open();
     void encode(bool flush);
+    void runAudio();
+    void stopAudio();
+    // On the audio thread, or finishing: what is queued into the mixer and
+    // the FIFO; then as much of the FIFO as the file takes.
+    void processAudio(bool finishing, std::optional<qint64> endFrame = std::nullopt);
+    void encodeAudio(const RecordingAudioBuffer& buffer, std::optional<qint64> endFrame);
+    void writeAudioPackets();
+    void failAudio(const RecordingError& error);
 
     QString m_file;
     QSize m_size;
     RecordingOptions m_options;
-    RecordingTimeline m_timeline;
+    mutable std::mutex m_timeMutex; // the timeline: pictures, pauses and audio
+    RecordingTimelineHistory m_timeline;
+    std::mutex m_muxMutex; // the file: pictures and audio both write to it
     std::unique_ptr<Encoder> m_encoder;
+    std::atomic<bool> m_opened{false};
+    std::unique_ptr<Audio> m_audio;
+    std::atomic<qint64> m_audioFrames{0};
+    std::atomic<qint64> m_audioDropped{0};
     qint64 m_frames = 0;
     std::optional<RecordingDuration> m_lastVideoTime;
     QImage m_lastPicture;

@@ -3,6 +3,7 @@
 #include "capture/CapturePlatform.h"
 #include "capture/CaptureSelection.h"
 #include "core/Settings.h"
+#include "recording/PulseAudioCapture.h"
 #include "recording/ScreenRecording.h"
 #include "shell/CommandLine.h"
 #include "shell/RecordingOverBus.h"
@@ -27,12 +28,16 @@ namespace {
 const char help[] = R"(Usage: nuboshot record display [ID] | area X,Y,W,H | window ID [-o DIR]
                        [--fps 30|60] [--resolution native|standard] [--codec h264|hevc]
                        [--duration SECONDS] [--no-cursor] [--highlight-clicks]
+                       [--system-audio] [--microphone[=SOURCE]]
+       nuboshot record --list-sources
 
 Records the screen into an MP4 until the duration ends, or until SIGINT or
 SIGTERM (then it stops cleanly); SIGUSR1 pauses and resumes. Prints the
 movie's path. The area is in desktop pixels, as "nuboshot displays" lists
-them; DIR defaults to the recordings folder. When Nubo Shot runs in the
-tray, it records (and its menu shows the recording).)";
+them; DIR defaults to the recordings folder. --system-audio records what the
+computer plays, --microphone the default microphone or SOURCE, one of those
+--list-sources prints (name, description). When Nubo Shot runs in the tray,
+it records (and its menu shows the recording).)";
 
 // Signals reach the event loop through a socket pair.
 int signalPipe[2] = {-1, -1};
@@ -54,7 +59,19 @@ int runRecordCommand(const QStringList& arguments)
     const QString command = QStringLiteral("record");
     ShotPreferences preferences;
     RecordingOptions options = RecordingOptions::read(preferences);
-    options.systemAudio = options.microphone = options.camera = false; // not from here yet
+    options.systemAudio = options.microphone = options.camera = false; // only when asked
+    options.microphoneDeviceID.reset();
+    if (arguments.contains(QStringLiteral("--list-sources"))) {
+        try {
+            for (const RecordingAudioDevice& device : RecordingAudioServer::microphones()) {
+                print(device.name + QLatin1Char('\t') + device.description +
+                      (device.isDefault ? QStringLiteral("\t(default)") : QString()));
+            }
+        } catch (const Error& error) {
+            return fail(error.message());
+        }
+        return success;
+    }
     QString folder;
     double duration = 0;
     QStringList rest;
@@ -101,6 +118,18 @@ int runRecordCommand(const QStringList& arguments)
             options.showsCursor = false;
         } else if (a == QLatin1String("--highlight-clicks")) {
             options.highlightsClicks = true;
+        } else if (a == QLatin1String("--system-audio")) {
+            options.systemAudio = true;
+        } else if (a == QLatin1String("--microphone")) {
+            options.microphone = true;
+        } else if (a.startsWith(QLatin1String("--microphone="))) {
+            options.microphone = true;
+            const QString source = a.mid(qsizetype(sizeof "--microphone=") - 1);
+            if (source.isEmpty()) {
+                return usage(QStringLiteral("--microphone= needs a source, as --list-sources prints them"),
+                             command);
+            }
+            options.microphoneDeviceID = source;
         } else {
             rest << a;
         }

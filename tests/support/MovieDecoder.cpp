@@ -123,3 +123,108 @@ int readCounter(const QImage& image, QPoint at)
 }
 
 } // namespace nubo::test
+
+extern "C" {
+#include <libavutil/channel_layout.h>
+#include <libswresample/swresample.h>
+}
+
+#include <cmath>
+
+namespace nubo::test {
+
+DecodedSound decodeSound(const QString& path)
+{
+    DecodedSound sound;
+    AVFormatContext* format = nullptr;
+    const QByteArray name = QFile::encodeName(path);
+    if (avformat_open_input(&format, name.constData(), nullptr, nullptr) < 0 ||
+        avformat_find_stream_info(format, nullptr) < 0) {
+        sound.error = QStringLiteral("cannot open");
+        avformat_close_input(&format);
+        return sound;
+    }
+    const int index = av_find_best_stream(format, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
+    if (index < 0) {
+        sound.error = QStringLiteral("no audio stream");
+        avformat_close_input(&format);
+        return sound;
+    }
+    AVStream* stream = format->streams[index];
+    const AVCodec* codec = avcodec_find_decoder(stream->codecpar->codec_id);
+    AVCodecContext* context = avcodec_alloc_context3(codec);
+    avcodec_parameters_to_context(context, stream->codecpar);
+    avcodec_open2(context, codec, nullptr);
+    sound.opened = true;
+    sound.codec = QString::fromLatin1(codec->name);
+    sound.sampleRate = stream->codecpar->sample_rate;
+    sound.channels = stream->codecpar->ch_layout.nb_channels;
+    sound.bitRate = stream->codecpar->bit_rate;
+    SwrContext* converter = nullptr;
+    AVChannelLayout stereo = AV_CHANNEL_LAYOUT_STEREO;
+    swr_alloc_set_opts2(&converter, &stereo, AV_SAMPLE_FMT_FLT, 48000, &stream->codecpar->ch_layout,
+                        AVSampleFormat(stream->codecpar->format), stream->codecpar->sample_rate, 0,
+                        nullptr);
+    swr_init(converter);
+    AVPacket* packet = av_packet_alloc();
+    AVFrame* frame = av_frame_alloc();
+    bool first = true;
+    const auto drain = [&] {
+        while (avcodec_receive_frame(context, frame) == 0) {
+            if (first) {
+                sound.start = frame->best_effort_timestamp * av_q2d(stream->time_base);
+                first = false;
+            }
+            const int room = swr_get_out_samples(converter, frame->nb_samples);
+            std::vector<float> both(size_t(std::max(room, 0)) * 2);
+            uint8_t* out[1] = {reinterpret_cast<uint8_t*>(both.data())};
+            const int got = swr_convert(converter, out, room,
+                                        const_cast<const uint8_t**>(frame->extended_data),
+                                        frame->nb_samples);
+            for (int i = 0; i < got; ++i) { // the two sides averaged
+                sound.mono.push_back((both[size_t(i) * 2] + both[size_t(i) * 2 + 1]) / 2);
+            }
+        }
+    };
+    while (av_read_frame(format, packet) >= 0) {
+        if (packet->stream_index == index && avcodec_send_packet(context, packet) >= 0) {
+            drain();
+        }
+        av_packet_unref(packet);
+    }
+    avcodec_send_packet(context, nullptr);
+    drain();
+    av_frame_free(&frame);
+    av_packet_free(&packet);
+    swr_free(&converter);
+    avcodec_free_context(&context);
+    avformat_close_input(&format);
+    return sound;
+}
+
+double toneLevel(const std::vector<float>& samples, double frequency, size_t from, size_t count)
+{
+    count = std::min(count, samples.size() > from ? samples.size() - from : 0);
+    if (count == 0) {
+        return 0;
+    }
+    const double w = 2 * M_PI * frequency / 48000, c = 2 * std::cos(w);
+    double s1 = 0, s2 = 0;
+    for (size_t i = from; i < from + count; ++i) {
+        const double s = samples[i] + c * s1 - s2;
+        s2 = s1;
+        s1 = s;
+    }
+    return 2 * std::sqrt(std::max(0.0, s1 * s1 + s2 * s2 - c * s1 * s2)) / double(count);
+}
+
+float peakLevel(const std::vector<float>& samples, size_t from, size_t count)
+{
+    float peak = 0;
+    for (size_t i = from; i < std::min(samples.size(), from + count); ++i) {
+        peak = std::max(peak, std::fabs(samples[i]));
+    }
+    return peak;
+}
+
+} // namespace nubo::test

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <functional>
+#include <vector>
 
 namespace nubo::test {
 
@@ -36,5 +37,30 @@ void paintCounter(QImage& image, int counter, QPoint at = {});
 int readCounter(const QImage& image, QPoint at = {});
 constexpr int counterBlock = 24; // pixels a bit
 constexpr int counterBits = 12;
+
+} // namespace nubo::test
+
+namespace nubo::test {
+
+// A movie's sound as FFmpeg decodes it, as stereo with its two sides
+// averaged, resampled to 48 kHz only when it is not already.
+struct DecodedSound {
+    bool opened = false;
+    QString error;
+    QString codec;
+    int sampleRate = 0;
+    int channels = 0;
+    qint64 bitRate = 0;
+    double start = 0; // seconds: the first decoded sample's time
+    std::vector<float> mono;
+    double seconds() const { return double(mono.size()) / 48000; }
+};
+DecodedSound decodeSound(const QString& path);
+
+// The amplitude of a sine of `frequency` in `count` samples from `from`
+// (48 kHz), by the Goertzel filter.
+double toneLevel(const std::vector<float>& samples, double frequency, size_t from, size_t count);
+// The loudest sample's magnitude in that stretch.
+float peakLevel(const std::vector<float>& samples, size_t from, size_t count);
 
 } // namespace nubo::test

@@ -3,6 +3,7 @@
 #include "capture/CaptureSelection.h"
 #include "capture/xcb/XcbConnection.h"
 #include "core/Logging.h"
+#include "recording/PulseAudioCapture.h"
 #include "recording/RecordingWriter.h"
 
 #include <QDir>
@@ -167,8 +168,16 @@ XcbScreenRecorder::~XcbScreenRecorder()
     }
     m_wake.notify_all();
     joinCapture();
+    stopAudio();
     if (m_writer) {
         m_writer->cancel();
+    }
+}
+
+void XcbScreenRecorder::stopAudio()
+{
+    if (m_audio) {
+        m_audio->stop();
     }
 }
 
@@ -208,7 +217,8 @@ RecordingCapabilities XcbScreenRecorder::capabilities()
         }
     } catch (const Error&) {
     }
-    // No audio source and no hardware HEVC encoder are driven yet.
+    c.supportsMicrophone = !RecordingAudioServer::unavailable();
+    // No hardware HEVC encoder is driven yet.
     return c;
 }
 
@@ -262,11 +272,36 @@ void XcbScreenRecorder::start(const RecordingTarget& target, const RecordingOpti
         }
         const QString file = recordingFileName(folder, QDateTime::currentDateTime());
         m_writer = std::make_unique<RecordingWriter>(file, size, options);
+        m_audioNotes.clear();
+        if (options.systemAudio || options.microphone) {
+            RecordingWriter* writer = m_writer.get();
+            PulseAudioCapture::Callbacks callbacks;
+            callbacks.clock = [this] { return now(); };
+            callbacks.deliver = [writer](RecordingAudioMixer::Source source,
+                                         const RecordingAudioInput& input, RecordingDuration at) {
+                writer->appendAudio(source, input, at);
+            };
+            callbacks.ended = [this, writer, startedAt = now()](RecordingAudioMixer::Source source,
+                                             const QString& reason) {
+                writer->endAudio(source, reason);
+                const std::lock_guard lock(m_mutex);
+                m_audioNotes.append(QStringLiteral("the %1 stopped %2 s after the start (%3)")
+                                        .arg(source == RecordingAudioMixer::Source::system
+                                                 ? QStringLiteral("system audio")
+                                                 : QStringLiteral("microphone"))
+                                        .arg(double((now() - startedAt).count()) / 1e6, 0, 'f', 1)
+                                        .arg(reason));
+            };
+            m_audio = std::make_unique<PulseAudioCapture>(std::move(callbacks));
+            m_audio->start(options.systemAudio, options.microphone, options.microphoneDeviceID);
+        }
         m_stopRequested = m_cancelRequested = false;
         m_captured = 0;
         m_unchanged = 0;
         m_thread = std::thread([this, plan, generation = m_generation] { run(plan, generation); });
     } catch (const Error& error) {
+        stopAudio();
+        m_audio.reset();
         m_writer.reset();
         setState({RecordingState::Failed{error.message()}});
         throw;
@@ -326,6 +361,9 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
                 continue;
             }
             first = false;
+            if (std::optional<RecordingError> audio = m_writer->audioFailure()) {
+                throw *audio;
+            }
             const RecordingDuration captured = now();
             QImage frame = plan->window ? capturer.captureWindow(plan->windowID).image
                                         : capturer.captureRegion(plan->display, plan->region);
@@ -355,6 +393,11 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
             qCInfo(lcRecording, "Recording fell behind: %lld frames not taken",
                    static_cast<long long>(late));
         }
+        if (m_audio && end) {
+            // What the sources captured until the end is still on its way.
+            m_audio->waitFor(*end, std::chrono::milliseconds(300));
+        }
+        stopAudio();
         const std::lock_guard lock(m_mutex);
         if (m_cancelRequested) {
             return; // the main thread discards the file
@@ -362,14 +405,31 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
         // Finished while the capturer lives: the last picture the writer
         // holds may still be in its shared memory.
         file = m_writer->finish(end);
+        if (!m_audioNotes.isEmpty()) {
+            qCWarning(lcRecording, "Recording saved without part of its sound: %s",
+                      qPrintable(m_audioNotes.join(QStringLiteral("; "))));
+        }
     } catch (const Error& error) {
         failure = error.message();
         qCWarning(lcRecording, "Recording stopped: %s", qPrintable(failure));
+        stopAudio();
         const std::lock_guard lock(m_mutex);
         if (m_cancelRequested) {
             return;
         }
-        m_writer->cancel();
+        const auto* recordingError = dynamic_cast<const RecordingError*>(&error);
+        if (recordingError && recordingError->code() == RecordingError::Code::invalidAudio) {
+            // The sound could not go on; what was recorded until then is kept.
+            try {
+                const QString kept = m_writer->finish(now());
+                failure += QStringLiteral(" What was recorded until then is in “%1”.").arg(kept);
+            } catch (const Error& finishing) {
+                qCWarning(lcRecording, "The recording could not be kept: %s",
+                          qPrintable(finishing.message()));
+            }
+        } else {
+            m_writer->cancel();
+        }
     }
     qCInfo(lcRecording, "Recording ended: %lld frames, %lld ticks without change",
            static_cast<long long>(m_captured.load()), static_cast<long long>(m_unchanged.load()));
@@ -380,6 +440,7 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
                 return; // an older recording's late word
             }
             joinCapture();
+            m_audio.reset();
             m_writer.reset();
             m_ticker.stop();
             setState(failure.isEmpty() ? RecordingState{RecordingState::Finished{file}}
@@ -443,6 +504,8 @@ void XcbScreenRecorder::cancel()
     m_wake.notify_all();
     ++m_generation; // whatever the thread still reports is old news
     joinCapture();
+    stopAudio();
+    m_audio.reset();
     if (m_writer) {
         m_writer->cancel();
         m_writer.reset();

@@ -4,6 +4,7 @@
 #include "recording/ScreenRecording.h"
 
 #include <QElapsedTimer>
+#include <QStringList>
 #include <QObject>
 #include <QTimer>
 
@@ -15,13 +16,16 @@
 
 namespace nubo {
 
+class PulseAudioCapture;
 class RecordingWriter;
 
 // Screen recording on X11: a thread of its own takes the target's pixels at
 // the frame rate (through the still capturer, so our own windows never show
 // and a window is recorded from its own pixels) only when something changed
 // (XDamage) or the pointer moved, draws the pointer in (XFixes), and hands
-// each frame to the writer, timed by its capture time.
+// each frame to the writer, timed by its capture time. System audio and the
+// microphone come from the audio server's thread straight to the writer,
+// timed on the same clock.
 class XcbScreenRecorder : public ScreenRecording {
 public:
     XcbScreenRecorder(QByteArray displayName, XcbScreenCapturer::ScaleLookup scale);
@@ -45,6 +49,7 @@ private:
     void setState(RecordingState state);
     void run(std::shared_ptr<Plan> plan, int generation);
     void joinCapture();
+    void stopAudio();
     RecordingDuration now() const;
     RecordingDuration elapsed() const;
 
@@ -62,6 +67,8 @@ private:
     bool m_stopRequested = false;
     bool m_cancelRequested = false;
     std::unique_ptr<RecordingWriter> m_writer;
+    std::unique_ptr<PulseAudioCapture> m_audio;
+    QStringList m_audioNotes; // sources that ended early, and why
     std::thread m_thread;
     std::atomic<qint64> m_captured{0};
     std::atomic<qint64> m_unchanged{0};

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "recording/RecordingAudio.h"
+
+#include <QList>
+#include <QString>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace nubo {
+
+// A sound source of the audio server, as a user picks it.
+struct RecordingAudioDevice {
+    QString name;        // the server's name: what "shot.recording.microphoneDeviceID" holds
+    QString description; // what a user reads
+    bool isDefault = false;
+    bool operator==(const RecordingAudioDevice&) const = default;
+};
+
+// The audio server, over PulseAudio's protocol (PipeWire serves it too).
+// Nothing is ever started for us: no server, no audio.
+namespace RecordingAudioServer {
+// Why no audio can be recorded ("No audio server answers: Connection
+// refused."); nothing when a server answers.
+std::optional<QString> unavailable();
+// The sources a microphone can be recorded from: every one that is not a
+// sink's monitor. Throws Error when no server answers.
+QList<RecordingAudioDevice> microphones();
+} // namespace RecordingAudioServer
+
+// Times the fragments of one source on the audio server's own clock (frames
+// counted from the first), anchored to the recorder's clock by when each
+// fragment was captured as measured (arrival minus the stream's latency).
+// Measurements only ever come late (a busy thread), so the earliest of every
+// two seconds' is believed. Each window teaches the pace of the server's
+// clock against ours (half of what it says), so a steady drift is followed
+// smoothly; when the two still disagree by more than 4 ms (a start, audio
+// lost), the anchor moves by that much. Measurements wander by a few
+// milliseconds, so smaller differences are left alone: each move is heard
+// as a short change of pitch while the mixer takes it up.
+class RecordingAudioSourceClock {
+public:
+    static constexpr RecordingDuration tolerance = std::chrono::milliseconds(4);
+
+    explicit RecordingAudioSourceClock(int sampleRate) : m_rate(sampleRate) {}
+    // The capture time of a fragment of `frames` whose first frame was, by
+    // this measurement, captured at `measured`.
+    RecordingDuration place(qint64 frames, RecordingDuration measured);
+    // Frames the server reported lost: time goes on without them.
+    void skip(qint64 frames) { m_frames += frames; }
+    // Microseconds a frame lasts on our clock, as learnt.
+    double microsecondsPerFrame() const { return m_microsecondsPerFrame; }
+    // How often the anchor moved.
+    int corrections() const { return m_corrections; }
+
+private:
+    RecordingDuration at(qint64 frames) const;
+    int m_rate;
+    std::optional<RecordingDuration> m_anchor; // the capture time of frame m_anchorFrames
+    qint64 m_anchorFrames = 0;
+    double m_microsecondsPerFrame = 0;
+    qint64 m_frames = 0;
+    qint64 m_windowFrames = 0;
+    std::optional<RecordingDuration> m_windowError;
+    int m_corrections = 0;
+};
+
+// Records system audio (the default sink's monitor) and a microphone (the
+// chosen source, else the default one) from the audio server, each in its
+// own format, and hands every fragment over timed on the recorder's clock.
+// The server's thread calls `deliver` and `ended`.
+class PulseAudioCapture {
+public:
+    using Source = RecordingAudioMixer::Source;
+    struct Callbacks {
+        std::function<RecordingDuration()> clock; // the recorder's capture clock
+        std::function<void(Source, const RecordingAudioInput&, RecordingDuration captureTime)>
+            deliver;
+        // A source stopped for good (the server went away): why.
+        std::function<void(Source, const QString& reason)> ended;
+    };
+
+    explicit PulseAudioCapture(Callbacks callbacks);
+    ~PulseAudioCapture();
+    PulseAudioCapture(const PulseAudioCapture&) = delete;
+    PulseAudioCapture& operator=(const PulseAudioCapture&) = delete;
+
+    // Connects and starts the sources asked for. Throws Error naming the
+    // reason when the server cannot be reached or a source cannot be read.
+    void start(bool system, bool microphone, const std::optional<QString>& microphoneDevice);
+    // Waits until every running source has handed over what was captured
+    // before `time`, at most `timeout`.
+    void waitFor(RecordingDuration time, std::chrono::milliseconds timeout);
+    // Stops every source; nothing is delivered afterwards.
+    void stop();
+    // The source the microphone is recorded from, once started.
+    QString microphoneName() const;
+
+private:
+    struct Impl;
+    std::unique_ptr<Impl> d;
+};
+
+} // namespace nubo
