@@ -34,18 +34,45 @@ RecordingDuration RecordingAudioSourceClock::place(qint64 frames, RecordingDurat
     const RecordingDuration placed = at(m_frames);
     const RecordingDuration error = measured - placed;
     m_windowError = m_windowError ? std::min(*m_windowError, error) : error;
+    m_shortError = m_shortError ? std::min(*m_shortError, error) : error;
     m_frames += frames;
     m_windowFrames += frames;
-    if (m_windowFrames >= 2 * qint64(m_rate)) { // two seconds of audio
-        const double e = double(m_windowError->count());
-        // What the window says about the server's pace against ours: half of
-        // it learnt each time, so a steady drift is followed smoothly.
-        m_microsecondsPerFrame += 0.5 * e / double(m_windowFrames);
-        if (*m_windowError > tolerance || *m_windowError < -tolerance) {
-            const RecordingDuration now = at(m_frames) + *m_windowError;
-            m_anchor = now;
+    m_shortFrames += frames;
+    if (m_shortFrames >= m_rate / 4) {
+        // A quarter of a second entirely off by more than 20 ms is a jump
+        // (audio lost, a stalled server): taken at once, not learnt.
+        if (*m_shortError > jump || *m_shortError < -jump) {
+            m_anchor = at(m_frames) + *m_shortError;
             m_anchorFrames = m_frames;
+            m_previousError = RecordingDuration(0);
+            m_windowFrames = 0;
+            m_windowError.reset();
             ++m_corrections;
+        }
+        m_shortFrames = 0;
+        m_shortError.reset();
+    }
+    if (m_windowFrames >= 2 * qint64(m_rate)) { // two seconds of audio
+        const RecordingDuration e = *m_windowError;
+        // How the difference moved since the last window says how the
+        // server's pace differs from ours: half of it is learnt each time.
+        // A jump (audio lost, a stall) says nothing about the pace.
+        if (m_previousError) {
+            const RecordingDuration moved = e - *m_previousError;
+            if (moved < std::chrono::milliseconds(20) && moved > -std::chrono::milliseconds(20)) {
+                // The new pace counts from here on, not back to the anchor.
+                m_anchor = at(m_frames);
+                m_anchorFrames = m_frames;
+                m_microsecondsPerFrame += 0.5 * double(moved.count()) / double(m_windowFrames);
+            }
+        }
+        if (e > tolerance || e < -tolerance) {
+            m_anchor = at(m_frames) + e;
+            m_anchorFrames = m_frames;
+            m_previousError = RecordingDuration(0);
+            ++m_corrections;
+        } else {
+            m_previousError = e;
         }
         m_windowFrames = 0;
         m_windowError.reset();

@@ -35,15 +35,18 @@ QList<RecordingAudioDevice> microphones();
 // counted from the first), anchored to the recorder's clock by when each
 // fragment was captured as measured (arrival minus the stream's latency).
 // Measurements only ever come late (a busy thread), so the earliest of every
-// two seconds' is believed. Each window teaches the pace of the server's
-// clock against ours (half of what it says), so a steady drift is followed
-// smoothly; when the two still disagree by more than 4 ms (a start, audio
-// lost), the anchor moves by that much. Measurements wander by a few
+// two seconds' is believed. How that difference moves from window to window
+// teaches the pace of the server's clock against ours (half of it each
+// time), so a steady drift is followed smoothly; when the two still disagree
+// by more than 4 ms, the anchor moves by that much. A quarter of a second
+// entirely off by more than 20 ms (audio lost, a stalled server) moves it at
+// once. Measurements wander by a few
 // milliseconds, so smaller differences are left alone: each move is heard
 // as a short change of pitch while the mixer takes it up.
 class RecordingAudioSourceClock {
 public:
     static constexpr RecordingDuration tolerance = std::chrono::milliseconds(4);
+    static constexpr RecordingDuration jump = std::chrono::milliseconds(20);
 
     explicit RecordingAudioSourceClock(int sampleRate) : m_rate(sampleRate) {}
     // The capture time of a fragment of `frames` whose first frame was, by
@@ -65,6 +68,9 @@ private:
     qint64 m_frames = 0;
     qint64 m_windowFrames = 0;
     std::optional<RecordingDuration> m_windowError;
+    std::optional<RecordingDuration> m_previousError;
+    qint64 m_shortFrames = 0;
+    std::optional<RecordingDuration> m_shortError;
     int m_corrections = 0;
 };
 
