@@ -235,11 +235,9 @@ void RecordingWriter::open()
         if (e->format->oformat->flags & AVFMT_GLOBALHEADER) {
             e->audioCodec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
         }
-        // The fast coder: the same quality at this rate, a fraction of the time.
-        AVDictionary* aacOptions = nullptr;
-        av_dict_set(&aacOptions, "aac_coder", "fast", 0);
-        status = avcodec_open2(e->audioCodec, aac, &aacOptions);
-        av_dict_free(&aacOptions);
+        // FFmpeg's own encoder with its default coder ("fast" measured
+        // slower at this rate).
+        status = avcodec_open2(e->audioCodec, aac, nullptr);
         if (status < 0) {
             fail(QStringLiteral("openAudioEncoder"), status);
         }
