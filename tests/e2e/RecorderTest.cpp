@@ -15,6 +15,7 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+#include <QSet>
 #include <QThread>
 
 #include <cmath>
@@ -239,10 +240,13 @@ TEST_F(Recorder, AWindowIsRecordedFromItsOwnPixelsEvenWhenCovered)
     const test::DecodedMovie movie = test::decodeMovie(file);
     ASSERT_TRUE(movie.opened);
     EXPECT_EQ(QSize(movie.width, movie.height), QSize(400, 300));
+    // The window's own paints in order; a window is taken at every tick, so
+    // a paint that came late is taken twice.
     const QList<int> seen = counters(movie);
     for (qsizetype i = 1; i < seen.size() - 1; ++i) {
-        EXPECT_GT(seen[i], seen[i - 1]) << "frame " << i << ": not the window's own paint";
+        EXPECT_GE(seen[i], seen[i - 1]) << "frame " << i << ": not the window's own paint";
     }
+    EXPECT_GE(QSet<int>(seen.begin(), seen.end()).size(), seen.size() / 2);
     // Never the red cover.
     for (const QImage& frame : movie.frames) {
         EXPECT_LT(frame.pixelColor(200, 200).red(), 150);
