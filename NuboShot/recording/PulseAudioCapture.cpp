@@ -84,6 +84,8 @@ RecordingDuration RecordingAudioSourceClock::place(qint64 frames, RecordingDurat
 
 namespace {
 
+using SampleFormat = pa_sample_spec; // the library's name for a sample format
+
 constexpr pa_usec_t connectTimeout = 3 * PA_USEC_PER_SEC;
 
 // A connection to the audio server with a thread of its own.
@@ -211,7 +213,7 @@ struct ServerDefaults {
 struct SourceDetails {
     QString name;
     QString description;
-    pa_sample_spec spec{};
+    SampleFormat format{};
     pa_channel_map map{};
     bool monitor = false;
 };
@@ -332,7 +334,7 @@ struct PulseAudioCapture::Impl {
         Source source = Source::system;
         QString device;
         pa_stream* stream = nullptr;
-        pa_sample_spec spec{};
+        SampleFormat format{};
         std::optional<RecordingAudioSourceClock> clock;
         bool ended = false;
         RecordingDuration delivered = RecordingDuration::min(); // guarded by `mutex`
@@ -356,10 +358,10 @@ void PulseAudioCapture::Impl::open(Source source, const SourceDetails& from)
     s->owner = this;
     s->source = source;
     s->device = from.name;
-    s->spec = pa_sample_spec{PA_SAMPLE_FLOAT32NE, from.spec.rate, from.spec.channels};
-    s->clock.emplace(int(from.spec.rate));
+    s->format = SampleFormat{PA_SAMPLE_FLOAT32NE, from.format.rate, from.format.channels};
+    s->clock.emplace(int(from.format.rate));
     const char* what = source == Source::system ? "Nubo Shot system audio" : "Nubo Shot microphone";
-    s->stream = pa_stream_new(connection->context, what, &s->spec, &from.map);
+    s->stream = pa_stream_new(connection->context, what, &s->format, &from.map);
     const auto refuse = [&] {
         return Error(QStringLiteral("The audio source “%1” cannot be recorded: %2.")
                          .arg(from.description, connection->reason()));
@@ -386,8 +388,8 @@ void PulseAudioCapture::Impl::open(Source source, const SourceDetails& from)
         s.get());
     // Ten-millisecond fragments; at most two seconds held by the server.
     pa_buffer_attr attributes{};
-    attributes.maxlength = uint32_t(pa_usec_to_bytes(2 * PA_USEC_PER_SEC, &s->spec));
-    attributes.fragsize = uint32_t(pa_usec_to_bytes(10 * PA_USEC_PER_MSEC, &s->spec));
+    attributes.maxlength = uint32_t(pa_usec_to_bytes(2 * PA_USEC_PER_SEC, &s->format));
+    attributes.fragsize = uint32_t(pa_usec_to_bytes(10 * PA_USEC_PER_MSEC, &s->format));
     attributes.tlength = attributes.prebuf = attributes.minreq = uint32_t(-1);
     const QByteArray device = from.name.toUtf8();
     const auto flags = pa_stream_flags_t(PA_STREAM_ADJUST_LATENCY | PA_STREAM_AUTO_TIMING_UPDATE |
@@ -403,13 +405,13 @@ void PulseAudioCapture::Impl::open(Source source, const SourceDetails& from)
     }
     qCInfo(lcRecording, "Recording %s from %s (%s, %u Hz, %d channels)",
            source == Source::system ? "system audio" : "the microphone", device.constData(),
-           qPrintable(from.description), from.spec.rate, int(from.spec.channels));
+           qPrintable(from.description), from.format.rate, int(from.format.channels));
     streams[source == Source::system ? 0 : 1] = std::move(s);
 }
 
 void PulseAudioCapture::Impl::read(Stream& s)
 {
-    const size_t frameSize = pa_frame_size(&s.spec);
+    const size_t frameSize = pa_frame_size(&s.format);
     while (!stopping && pa_stream_readable_size(s.stream) > 0) {
         const void* data = nullptr;
         size_t bytes = 0;
@@ -429,12 +431,12 @@ void PulseAudioCapture::Impl::read(Stream& s)
             }
             const RecordingDuration at = s.clock->place(frames, measured);
             const uint8_t* planes[1] = {static_cast<const uint8_t*>(data)};
-            const RecordingAudioInput input{int(s.spec.rate), int(s.spec.channels),
+            const RecordingAudioInput input{int(s.format.rate), int(s.format.channels),
                                             AV_SAMPLE_FMT_FLT, planes, int(frames)};
             callbacks.deliver(s.source, input, at);
             {
                 const std::lock_guard lock(mutex);
-                s.delivered = at + RecordingDuration(frames * 1'000'000 / s.spec.rate);
+                s.delivered = at + RecordingDuration(frames * 1'000'000 / s.format.rate);
             }
             progressed.notify_all();
         }
