@@ -32,6 +32,7 @@
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using SampleFormat = pa_sample_spec; // the library's name for a sample format
 
 struct Options {
     std::string mode;
@@ -94,7 +95,7 @@ Options parse(int argc, char** argv)
 
 pa_simple* openPlayback(const Options& o, int rate, int channels, double bufferMs)
 {
-    const pa_sample_spec spec{PA_SAMPLE_S16LE, uint32_t(rate), uint8_t(channels)};
+    const SampleFormat format{PA_SAMPLE_S16LE, uint32_t(rate), uint8_t(channels)};
     pa_buffer_attr attributes{};
     attributes.maxlength = uint32_t(-1);
     attributes.tlength = uint32_t(bufferMs / 1000 * rate) * uint32_t(channels) * 2;
@@ -104,7 +105,7 @@ pa_simple* openPlayback(const Options& o, int rate, int channels, double bufferM
     int error = 0;
     pa_simple* s = pa_simple_new(nullptr, "test-sound", PA_STREAM_PLAYBACK,
                                  o.device.empty() ? nullptr : o.device.c_str(), o.mode.c_str(),
-                                 &spec, nullptr, &attributes, &error);
+                                 &format, nullptr, &attributes, &error);
     if (!s) {
         die(std::string("cannot play: ") + pa_strerror(error));
     }
