@@ -2,6 +2,7 @@
 
 #include "core/Logging.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <condition_variable>
@@ -27,25 +28,41 @@ RecordingDuration RecordingAudioSourceClock::at(qint64 frames) const
 
 RecordingDuration RecordingAudioSourceClock::place(qint64 frames, RecordingDuration measured)
 {
+    const double nominal = 1e6 / m_rate;
     if (!m_anchor) {
         m_anchor = measured;
-        m_microsecondsPerFrame = 1e6 / m_rate;
+        m_microsecondsPerFrame = nominal;
     }
     const RecordingDuration placed = at(m_frames);
     const RecordingDuration error = measured - placed;
     m_windowError = m_windowError ? std::min(*m_windowError, error) : error;
     m_shortError = m_shortError ? std::min(*m_shortError, error) : error;
+    // Where this fragment lies against the server's nominal pace: the
+    // earliest of each window, kept for a while, gives the real pace.
+    const double raw = double(measured.count()) - double(m_frames) * nominal;
+    if (!m_windowLowest || raw < m_windowLowest->second) {
+        m_windowLowest = std::pair(m_frames, raw);
+    }
     m_frames += frames;
     m_windowFrames += frames;
     m_shortFrames += frames;
-    if (m_shortFrames >= m_rate / 4) {
-        // A quarter of a second entirely off by more than 20 ms is a jump
-        // (audio lost, a stalled server): taken at once, not learnt.
+    if (m_shortFrames >= m_rate / 2) {
+        // Half a second entirely off by more than 60 ms is taken at once.
+        // When it came suddenly (audio lost, a stalled server) rather than
+        // growing (a pace not learnt yet), the pace is learnt afresh.
+        const bool sudden =
+            m_previousShort && std::chrono::abs(*m_shortError - *m_previousShort) > jump / 2;
+        m_previousShort = *m_shortError;
         if (*m_shortError > jump || *m_shortError < -jump) {
+            if (sudden) {
+                m_lowest.clear();
+                m_windowLowest.reset();
+            }
+            m_previousShort = RecordingDuration(0);
+            qCDebug(lcRecording, "Audio clock: a jump of %lld µs",
+                    static_cast<long long>(m_shortError->count()));
             m_anchor = at(m_frames) + *m_shortError;
             m_anchorFrames = m_frames;
-            m_previousError = RecordingDuration(0);
-            m_windowFrames = 0;
             m_windowError.reset();
             ++m_corrections;
         }
@@ -53,29 +70,29 @@ RecordingDuration RecordingAudioSourceClock::place(qint64 frames, RecordingDurat
         m_shortError.reset();
     }
     if (m_windowFrames >= 2 * qint64(m_rate)) { // two seconds of audio
-        const RecordingDuration e = *m_windowError;
-        // How the difference moved since the last window says how the
-        // server's pace differs from ours: half of it is learnt each time.
-        // A jump (audio lost, a stall) says nothing about the pace.
-        if (m_previousError) {
-            const RecordingDuration moved = e - *m_previousError;
-            if (moved < std::chrono::milliseconds(20) && moved > -std::chrono::milliseconds(20)) {
-                // The new pace counts from here on, not back to the anchor.
-                m_anchor = at(m_frames);
-                m_anchorFrames = m_frames;
-                m_microsecondsPerFrame += 0.5 * double(moved.count()) / double(m_windowFrames);
-            }
+        m_lowest.push_back(*m_windowLowest);
+        if (m_lowest.size() > 16) { // about half a minute
+            m_lowest.erase(m_lowest.begin());
         }
-        if (e > tolerance || e < -tolerance) {
-            m_anchor = at(m_frames) + e;
+        const auto& [fromFrames, fromRaw] = m_lowest.front();
+        const auto& [toFrames, toRaw] = m_lowest.back();
+        if (toFrames - fromFrames >= 2 * qint64(m_rate)) {
+            // The new pace counts from here on, not back to the anchor.
+            m_anchor = at(m_frames);
             m_anchorFrames = m_frames;
-            m_previousError = RecordingDuration(0);
+            const double pace = nominal + (toRaw - fromRaw) / double(toFrames - fromFrames);
+            m_microsecondsPerFrame = std::clamp(pace, nominal * 0.95, nominal * 1.05);
+        }
+        if (m_windowError && (*m_windowError > tolerance || *m_windowError < -tolerance)) {
+            qCDebug(lcRecording, "Audio clock: moved by %lld µs",
+                    static_cast<long long>(m_windowError->count()));
+            m_anchor = at(m_frames) + *m_windowError;
+            m_anchorFrames = m_frames;
             ++m_corrections;
-        } else {
-            m_previousError = e;
         }
         m_windowFrames = 0;
         m_windowError.reset();
+        m_windowLowest.reset();
     }
     return placed;
 }
@@ -336,6 +353,8 @@ struct PulseAudioCapture::Impl {
         pa_stream* stream = nullptr;
         SampleFormat format{};
         std::optional<RecordingAudioSourceClock> clock;
+        std::vector<qint64> latencies; // µs, the first readings
+        std::optional<RecordingDuration> latency;
         bool ended = false;
         RecordingDuration delivered = RecordingDuration::min(); // guarded by `mutex`
     };
@@ -423,12 +442,29 @@ void PulseAudioCapture::Impl::read(Stream& s)
             s.clock->skip(frames); // the server lost these
         } else if (frames > 0) {
             // The oldest unread frame was captured the stream's latency ago.
-            RecordingDuration measured = callbacks.clock();
-            pa_usec_t latency = 0;
-            int negative = 0;
-            if (pa_stream_get_latency(s.stream, &latency, &negative) == 0) {
-                measured += RecordingDuration(negative ? qint64(latency) : -qint64(latency));
+            // Fragments arrive at the server's pace, but the latency it
+            // reports was seen to wander by tens of milliseconds while the
+            // real one stayed put (pipewire-pulse), so the median of the
+            // first quarter second's readings stands for it from then on.
+            if (!s.latency) {
+                pa_usec_t latency = 0;
+                int negative = 0;
+                if (pa_stream_get_latency(s.stream, &latency, &negative) == 0) {
+                    s.latencies.push_back(negative ? -qint64(latency) : qint64(latency));
+                }
+                if (s.latencies.size() >= 25) {
+                    std::nth_element(s.latencies.begin(),
+                                     s.latencies.begin() + qsizetype(s.latencies.size() / 2),
+                                     s.latencies.end());
+                    s.latency = RecordingDuration(s.latencies[s.latencies.size() / 2]);
+                    qCDebug(lcRecording, "Audio latency of the %s: %lld µs",
+                            s.source == Source::system ? "system audio" : "microphone",
+                            static_cast<long long>(s.latency->count()));
+                }
             }
+            const RecordingDuration measured =
+                callbacks.clock() -
+                s.latency.value_or(RecordingDuration(s.latencies.empty() ? 0 : s.latencies.back()));
             const RecordingDuration at = s.clock->place(frames, measured);
             const uint8_t* planes[1] = {static_cast<const uint8_t*>(data)};
             const RecordingAudioInput input{int(s.format.rate), int(s.format.channels),
@@ -565,4 +601,5 @@ QString PulseAudioCapture::microphoneName() const
 }
 
 } // namespace nubo
+
 

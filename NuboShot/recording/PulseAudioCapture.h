@@ -9,6 +9,8 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace nubo {
 
@@ -35,18 +37,18 @@ QList<RecordingAudioDevice> microphones();
 // counted from the first), anchored to the recorder's clock by when each
 // fragment was captured as measured (arrival minus the stream's latency).
 // Measurements only ever come late (a busy thread), so the earliest of every
-// two seconds' is believed. How that difference moves from window to window
-// teaches the pace of the server's clock against ours (half of it each
-// time), so a steady drift is followed smoothly; when the two still disagree
-// by more than 4 ms, the anchor moves by that much. A quarter of a second
-// entirely off by more than 20 ms (audio lost, a stalled server) moves it at
-// once. Measurements wander by a few
-// milliseconds, so smaller differences are left alone: each move is heard
-// as a short change of pitch while the mixer takes it up.
+// two seconds' is believed. The earliest measurements of the last half
+// minute give the pace of the server's clock against ours (a null sink's
+// clock was seen 3 % slow), so a steady drift is followed smoothly; when the
+// two still disagree by more than 8 ms, the anchor moves by that much. Half a second entirely
+// off by more than 30 ms (audio lost, a stalled server) moves it at once.
+// Measurements of a busy machine wander by several milliseconds, so smaller
+// differences are left alone: each move is heard as a slight change of
+// pitch while the mixer takes it up.
 class RecordingAudioSourceClock {
 public:
-    static constexpr RecordingDuration tolerance = std::chrono::milliseconds(4);
-    static constexpr RecordingDuration jump = std::chrono::milliseconds(20);
+    static constexpr RecordingDuration tolerance = std::chrono::milliseconds(8);
+    static constexpr RecordingDuration jump = std::chrono::milliseconds(60);
 
     explicit RecordingAudioSourceClock(int sampleRate) : m_rate(sampleRate) {}
     // The capture time of a fragment of `frames` whose first frame was, by
@@ -68,9 +70,11 @@ private:
     qint64 m_frames = 0;
     qint64 m_windowFrames = 0;
     std::optional<RecordingDuration> m_windowError;
-    std::optional<RecordingDuration> m_previousError;
+    std::optional<std::pair<qint64, double>> m_windowLowest; // frames, µs off the nominal pace
+    std::vector<std::pair<qint64, double>> m_lowest;          // of the last windows
     qint64 m_shortFrames = 0;
     std::optional<RecordingDuration> m_shortError;
+    std::optional<RecordingDuration> m_previousShort;
     int m_corrections = 0;
 };
 

@@ -150,8 +150,8 @@ void RecordingAudioMixer::add(Source source, const RecordingAudioInput& input,
     // before it: a source's own clock and ours drift apart by a little, and
     // times are whole frames, so a chunk that lands within ten milliseconds
     // of where its source left off continues it without a gap or an overlap,
-    // and the converter stretches or squeezes the next second of audio by
-    // the difference (at most 1 %, inaudible). Further off, the audio is
+    // and the converter stretches or squeezes the next two seconds of audio
+    // by the difference (at most 0.5 %). Further off, the audio is
     // placed where it belongs: what lies between is silence.
     const double seconds = std::chrono::duration<double>(movieTime).count();
     const qint64 placed = std::max<qint64>(0, qint64(seconds * recordingAudioRate));
@@ -162,12 +162,12 @@ void RecordingAudioMixer::add(Source source, const RecordingAudioInput& input,
     const bool compensate = continues && std::abs(drift) > 2; // two frames: rounding
     if (compensate || converter->compensating) {
         if (swr_set_compensation(converter->context, compensate ? int(drift) : 0,
-                                 compensate ? recordingAudioRate : 0) >= 0) {
+                                 compensate ? 2 * recordingAudioRate : 0) >= 0) {
             converter->compensating = compensate;
         }
     }
     Chunk chunk;
-    // Compensation adds at most 1 % to what the converter gives.
+    // Compensation adds at most 0.5 % to what the converter gives.
     const int room = *capacity + (converter->compensating ? input.frames / 100 + 1 : 0);
     chunk.samples.resize(size_t(room) * 2);
     uint8_t* out[1] = {reinterpret_cast<uint8_t*>(chunk.samples.data())};

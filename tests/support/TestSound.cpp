@@ -122,7 +122,8 @@ void write(pa_simple* s, const std::vector<int16_t>& samples)
 
 int tone(const Options& o)
 {
-    pa_simple* s = openPlayback(o, o.rate, o.channels, 50);
+    // A generous buffer: a tone must never run dry on a busy machine.
+    pa_simple* s = openPlayback(o, o.rate, o.channels, 400);
     const int block = o.rate / 100;
     std::vector<int16_t> samples(size_t(block * o.channels));
     const long long total = (long long)(o.seconds * o.rate);

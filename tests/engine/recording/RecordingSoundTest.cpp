@@ -92,7 +92,8 @@ TEST(RecordingAudioSourceClock, FollowsTheServersPaceThroughJitterDriftAndLoss)
         {"steady, with up to 3 ms of lateness", 1.0, -1, 1},
         {"a server 0.2 % slow", 1.002, -1, 6},
         {"a server 0.1 % fast", 0.999, -1, 6},
-        {"100 ms of audio lost", 1.0, 1500, 2},
+        {"a server 3 % slow (a null sink seen so)", 1.03, -1, 6},
+        {"100 ms of audio lost", 1.0, 1500, 3},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -119,7 +120,7 @@ TEST(RecordingAudioSourceClock, FollowsTheServersPaceThroughJitterDriftAndLoss)
             }
             real += fragment * 1e6 / 48000 * c.pace;
         }
-        EXPECT_LE(worst, 8000) << "placed up to " << worst << " µs from where it was captured";
+        EXPECT_LE(worst, 12000) << "placed up to " << worst << " µs from where it was captured";
         EXPECT_LE(clock.corrections(), c.maxCorrections);
     }
 }
@@ -158,9 +159,9 @@ TEST(RecordingAudioMixer, ASourceStaysContinuousThroughRoundingAndSmallDriftButN
             ++silent;
         }
     }
-    // The gap, and what was left of the 5 ms to take up when it came (a
-    // third of it after a second).
-    EXPECT_NEAR(double(silent), 40 * 48.0 + 5 * 48 / 3.0, 3 * 48) << "frames of silence";
+    // The gap, and what was left of the 5 ms to take up when it came (taken
+    // up over two seconds: about 60 % of it after one).
+    EXPECT_NEAR(double(silent), 40 * 48.0 + 5 * 48 * 0.6, 2 * 48) << "frames of silence";
     EXPECT_EQ(silentTo - silentFrom + 1, silent) << "in one stretch";
     EXPECT_NEAR(double(silentFrom) / 48000, 2.0 + 0.005 + 0.0, 0.02);
 }
