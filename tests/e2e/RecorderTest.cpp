@@ -64,23 +64,12 @@ protected:
     // Starts `nuboshot record ...` into m_dir and waits until it records.
     bool startRecording(const QStringList& arguments)
     {
-        m_recorder.start(QStringLiteral(NUBOSHOT_BINARY),
-                         QStringList{"record"} << arguments << "-o" << m_dir.path());
-        return m_recorder.waitForStarted() &&
-               waitUntil([&] {
-                   m_recorder.waitForReadyRead(50);
-                   m_log += QString::fromUtf8(m_recorder.readAllStandardError());
-                   return m_log.contains(QStringLiteral("Writing ")) ||
-                          m_recorder.state() == QProcess::NotRunning;
-               }) &&
-               m_recorder.state() == QProcess::Running;
+        return test::startRecordCommand(m_recorder, arguments, m_dir.path(), m_log);
     }
     // Waits for the command's end; the movie's path it printed.
     QString finished()
     {
-        m_recorder.waitForFinished(30000);
-        m_log += QString::fromUtf8(m_recorder.readAllStandardError());
-        return QString::fromUtf8(m_recorder.readAllStandardOutput()).trimmed();
+        return test::finishRecordCommand(m_recorder, m_log, 30000);
     }
 
     QTemporaryDir m_dir;

@@ -84,22 +84,11 @@ protected:
 
     bool startRecording(const QStringList& arguments)
     {
-        m_recorder.start(QStringLiteral(NUBOSHOT_BINARY),
-                         QStringList{"record"} << arguments << "-o" << m_runtime.path() + "/movies");
-        return m_recorder.waitForStarted() &&
-               waitUntil([&] {
-                   m_recorder.waitForReadyRead(50);
-                   m_log += QString::fromUtf8(m_recorder.readAllStandardError());
-                   return m_log.contains(QStringLiteral("Writing ")) ||
-                          m_recorder.state() == QProcess::NotRunning;
-               }) &&
-               m_recorder.state() == QProcess::Running;
+        return test::startRecordCommand(m_recorder, arguments, m_runtime.path() + "/movies", m_log);
     }
     QString finished()
     {
-        m_recorder.waitForFinished(60000);
-        m_log += QString::fromUtf8(m_recorder.readAllStandardError());
-        return QString::fromUtf8(m_recorder.readAllStandardOutput()).trimmed();
+        return test::finishRecordCommand(m_recorder, m_log, 60000);
     }
     void signalRecorder(int number) { ::kill(pid_t(m_recorder.processId()), number); }
 

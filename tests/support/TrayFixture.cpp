@@ -32,6 +32,28 @@ QString run(const QString& program, const QStringList& arguments)
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
+bool startRecordCommand(QProcess& recorder, const QStringList& arguments, const QString& folder,
+                        QString& log)
+{
+    recorder.start(QStringLiteral(NUBOSHOT_BINARY),
+                   QStringList{"record"} << arguments << "-o" << folder);
+    return recorder.waitForStarted() &&
+           waitUntil([&] {
+               recorder.waitForReadyRead(50);
+               log += QString::fromUtf8(recorder.readAllStandardError());
+               return log.contains(QStringLiteral("Writing ")) ||
+                      recorder.state() == QProcess::NotRunning;
+           }) &&
+           recorder.state() == QProcess::Running;
+}
+
+QString finishRecordCommand(QProcess& recorder, QString& log, int timeoutMs)
+{
+    recorder.waitForFinished(timeoutMs);
+    log += QString::fromUtf8(recorder.readAllStandardError());
+    return QString::fromUtf8(recorder.readAllStandardOutput()).trimmed();
+}
+
 bool windowShown(const QString& name)
 {
     return !run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", name})

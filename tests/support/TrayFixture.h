@@ -16,6 +16,13 @@ bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 10000);
 QString run(const QString& program, const QStringList& arguments);
 // Whether a visible window has this name.
 bool windowShown(const QString& name);
+
+// Starts `nuboshot record ARGUMENTS -o FOLDER` in `recorder` and waits until
+// it writes (its stderr collected into `log`); false when it ended instead.
+bool startRecordCommand(QProcess& recorder, const QStringList& arguments, const QString& folder,
+                        QString& log);
+// Waits for the command's end; the movie's path it printed.
+QString finishRecordCommand(QProcess& recorder, QString& log, int timeoutMs = 60000);
 // The on-screen rectangle of the tray icon's window; empty when none shows.
 QRect trayIconGeometry();
 
