@@ -50,6 +50,10 @@ public:
     virtual std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() = 0;
     // A screen recorder; null when the backend cannot record. Main thread.
     virtual std::unique_ptr<ScreenRecording> makeRecorder() { return nullptr; }
+    // Keeps the window system's screen saver and power saving off while
+    // held (let go on false, and by the window system when the process
+    // ends). False when this desktop has no such hold. Main thread.
+    virtual bool holdScreenSaver(bool /*hold*/) { return false; }
     // The name of the application that owns the clipboard now, when the
     // window system can tell. Main thread.
     virtual std::optional<QString> clipboardOwner() { return std::nullopt; }

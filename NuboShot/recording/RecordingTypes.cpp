@@ -123,14 +123,26 @@ void RecordingOptions::write(ShotPreferences& p) const
     }
 }
 
+QString recordingElapsedText(RecordingDuration elapsed)
+{
+    const long long seconds = std::chrono::duration_cast<std::chrono::seconds>(elapsed).count();
+    return QString::asprintf("%02lld:%02lld", seconds / 60, seconds % 60);
+}
+
+std::optional<RecordingDuration> recordingElapsed(const RecordingState& state)
+{
+    if (const auto* r = std::get_if<RecordingState::Recording>(&state.state)) {
+        return r->elapsed;
+    }
+    if (const auto* p = std::get_if<RecordingState::Paused>(&state.state)) {
+        return p->elapsed;
+    }
+    return std::nullopt;
+}
+
 QString RecordingState::describe() const
 {
-    const auto clock = [](RecordingDuration d) {
-        const qint64 seconds = std::chrono::duration_cast<std::chrono::seconds>(d).count();
-        return QStringLiteral("%1:%2")
-            .arg(seconds / 60, 2, 10, QLatin1Char('0'))
-            .arg(seconds % 60, 2, 10, QLatin1Char('0'));
-    };
+    const auto clock = recordingElapsedText;
     if (const auto* s = std::get_if<Recording>(&state)) {
         return QStringLiteral("recording ") + clock(s->elapsed);
     }

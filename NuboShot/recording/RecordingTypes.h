@@ -118,6 +118,12 @@ struct RecordingState {
     QString describe() const;
 };
 
+// The elapsed time as the menu and the control bar show it: minutes and
+// seconds, "%02lld:%02lld".
+QString recordingElapsedText(RecordingDuration elapsed);
+// The elapsed time of a recording or paused state; nothing otherwise.
+std::optional<RecordingDuration> recordingElapsed(const RecordingState& state);
+
 class RecordingError : public Error {
 public:
     enum class Code {

@@ -14,6 +14,8 @@ public:
 
     // Told of every state change.
     std::function<void(const RecordingState&)> onStateChange;
+    // Told once a recording, when its first picture has reached the writer.
+    std::function<void()> onFirstFrame;
 
     virtual RecordingState state() const = 0;
     virtual RecordingCapabilities capabilities() = 0;
@@ -30,6 +32,9 @@ public:
     virtual void stop() = 0;
     // Ends the recording, removes its file, and returns to `idle`.
     virtual void cancel() = 0;
+    // The loudest microphone sample since the last call, 0 to 1 (0 when the
+    // microphone is not recorded): for a level meter.
+    virtual float takeMicrophoneLevel() { return 0; }
 };
 
 } // namespace nubo

@@ -39,6 +39,12 @@ void ShotNotifications::notifySaved(const QString& file)
 
 void ShotNotifications::notifyFile(const QString& text, const QString& file)
 {
+    notifyFile(QStringLiteral("Nubo Shot"), file, text);
+}
+
+void ShotNotifications::notifyFile(const QString& summary, const QString& file,
+                                   const QString& text)
+{
     m_lastMessage = text;
     QDBusMessage call =
         QDBusMessage::createMethodCall(QLatin1String(service), QLatin1String(path),
@@ -46,7 +52,7 @@ void ShotNotifications::notifyFile(const QString& text, const QString& file)
     const QStringList actions{QStringLiteral("default"), QStringLiteral("Open"),
                               QStringLiteral("show"), QStringLiteral("Show in Folder")};
     call << QStringLiteral("Nubo Shot") << uint(0) << QStringLiteral("nuboshot")
-         << QStringLiteral("Nubo Shot") << m_lastMessage << actions << QVariantMap() << int(-1);
+         << summary << m_lastMessage << actions << QVariantMap() << int(-1);
     // Asked without waiting: a slow or missing notification service never
     // holds up the editor.
     auto* watcher = new QDBusPendingCallWatcher(

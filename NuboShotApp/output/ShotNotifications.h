@@ -17,6 +17,8 @@ public:
     void notifySaved(const QString& path);
     // `text`, with actions that open `file` and show its folder.
     void notifyFile(const QString& text, const QString& file);
+    // The same under its own summary line ("Recording saved").
+    void notifyFile(const QString& summary, const QString& file, const QString& text);
     const QString& lastMessage() const { return m_lastMessage; }
 
 private slots:

@@ -10,10 +10,12 @@
 namespace nubo {
 
 ShotCaptureOverlay::ShotCaptureOverlay(DisplayCapture display, QList<CapturableWindow> windows,
-                                       Mode mode, QWidget* parent)
+                                       Mode mode, std::optional<CaptureDisplay> recording,
+                                       QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
                           Qt::X11BypassWindowManagerHint),
-      m_display(std::move(display)), m_windows(std::move(windows)), m_mode(mode)
+      m_display(std::move(display)), m_windows(std::move(windows)), m_mode(mode),
+      m_recording(std::move(recording))
 {
     setWindowTitle(QStringLiteral("Nubo Shot Capture"));
     setAttribute(Qt::WA_DeleteOnClose);
@@ -37,8 +39,16 @@ void ShotCaptureOverlay::setSelection(const QRectF& rect)
     update();
 }
 
-QString ShotCaptureOverlay::instruction(Mode mode)
+QString ShotCaptureOverlay::instruction(Mode mode, bool recording)
 {
+    if (recording && mode == Mode::area) {
+        return QStringLiteral("Drag an area to record \u00b7 Click or F: Whole Screen \u00b7 "
+                              "Space: Window \u00b7 Esc: Cancel");
+    }
+    if (recording && mode == Mode::window) {
+        return QStringLiteral("Click a window to record \u00b7 Space: Area \u00b7 F: Whole Screen "
+                              "\u00b7 Esc: Cancel");
+    }
     switch (mode) {
     case Mode::area:
         return QStringLiteral("Drag to capture \u00b7 Space: Window \u00b7 Esc: Cancel");
@@ -200,7 +210,7 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
                   .arg(pixel.name(QColor::HexRgb).toUpper()));
     }
     // The instruction line, always at the top centre.
-    const QString hint = instruction(m_mode);
+    const QString hint = instruction(m_mode, isRecording());
     const double hintWidth = painter.fontMetrics().horizontalAdvance(hint) + 12;
     label(QRectF((width() - hintWidth) / 2, 40, hintWidth, 20), hint);
 }
@@ -273,9 +283,16 @@ void ShotCaptureOverlay::mouseReleaseEvent(QMouseEvent* event)
         }
         return;
     }
+    const bool drawing = m_dragStart.has_value();
     m_dragStart.reset();
     m_resizing.reset();
-    // Mouse-up takes the selection only when it is large enough to mean it.
+    // Mouse-up takes the selection only when it is large enough to mean it;
+    // in the recording variant a click that drew nothing takes the display.
+    if (isRecording() && drawing && m_mode == Mode::area && m_selection &&
+        (m_selection->width() < minimumSide || m_selection->height() < minimumSide)) {
+        acceptWholeDisplay();
+        return;
+    }
     acceptSelection();
 }
 
@@ -290,6 +307,13 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Space:
         if (m_mode != Mode::scrolling) { // a scrolling area is always dragged
             emit modeToggled(m_mode == Mode::area ? Mode::window : Mode::area);
+        }
+        return;
+    case Qt::Key_F:
+        if (isRecording()) {
+            acceptWholeDisplay();
+        } else {
+            QWidget::keyPressEvent(event);
         }
         return;
     case Qt::Key_Return:
@@ -339,9 +363,24 @@ void ShotCaptureOverlay::acceptSelection()
     }
 }
 
+void ShotCaptureOverlay::acceptWholeDisplay()
+{
+    if (m_recording) {
+        emit answered({ShotOverlayOutcome::Recording{{RecordingTarget::Display{*m_recording}}}});
+    }
+}
+
 void ShotCaptureOverlay::accept(const ShotCaptureSelection& selection)
 {
-    emit answered({ShotOverlayOutcome::Capture{selection}});
+    if (!m_recording) {
+        emit answered({ShotOverlayOutcome::Capture{selection}});
+    } else if (const auto* area = std::get_if<ShotCaptureSelection::Area>(&selection.framing)) {
+        emit answered(
+            {ShotOverlayOutcome::Recording{{RecordingTarget::Area{*m_recording, area->rect}}}});
+    } else {
+        emit answered({ShotOverlayOutcome::Recording{{RecordingTarget::Window{
+            std::get<ShotCaptureSelection::Window>(selection.framing).window}}}});
+    }
 }
 
 } // namespace nubo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/CaptureSelection.h"
+#include "recording/RecordingTypes.h"
 
 #include <QElapsedTimer>
 #include <QWidget>
@@ -10,14 +11,18 @@
 
 namespace nubo {
 
-// The overlay's answer: what the user framed, for a still capture. (The
-// recording variant answers with its target the same way.)
+// The overlay's answer: what the user framed, for a still capture, or what
+// to record, in the recording variant.
 struct ShotOverlayOutcome {
     struct Capture {
         ShotCaptureSelection selection;
         bool operator==(const Capture&) const = default;
     };
-    std::variant<Capture> outcome;
+    struct Recording {
+        RecordingTarget target;
+        bool operator==(const Recording&) const = default;
+    };
+    std::variant<Capture, Recording> outcome;
     bool operator==(const ShotOverlayOutcome&) const = default;
 };
 
@@ -35,7 +40,11 @@ public:
     // `scrolling` frames an area like `area`, without the switch to windows.
     enum class Mode { area, window, scrolling };
 
+    // `recording` (the display as the recorder knows it) makes the recording
+    // variant: it answers with a recording target, and a click or F takes
+    // the whole display.
     ShotCaptureOverlay(DisplayCapture display, QList<CapturableWindow> windows, Mode mode,
+                       std::optional<CaptureDisplay> recording = std::nullopt,
                        QWidget* parent = nullptr);
 
     Mode mode() const { return m_mode; }
@@ -45,8 +54,10 @@ public:
     void setSelection(const QRectF& rect);
     const DisplayCapture& display() const { return m_display; }
 
-    // The instruction line of a mode.
-    static QString instruction(Mode mode);
+    bool isRecording() const { return m_recording.has_value(); }
+
+    // The instruction line of a mode, in either variant.
+    static QString instruction(Mode mode, bool recording = false);
     // The corner handle a point grabs: within handleReach on both axes, the
     // nearest, ties in the order top-left, top-right, bottom-right, bottom-left.
     static std::optional<ResizeHandle> cornerAt(const QRectF& selection, QPointF point);
@@ -74,12 +85,14 @@ protected:
 private:
     void accept(const ShotCaptureSelection& selection);
     void acceptSelection();
+    void acceptWholeDisplay();
     std::optional<CapturableWindow> windowAt(QPointF local) const;
     QRectF localFrame(const CapturableWindow& window) const;
 
     DisplayCapture m_display;
     QList<CapturableWindow> m_windows;
     Mode m_mode;
+    std::optional<CaptureDisplay> m_recording;
     std::optional<QRectF> m_selection;
     std::optional<QPointF> m_dragStart;
     std::optional<ResizeHandle> m_resizing;

@@ -27,6 +27,20 @@ QList<ShotCaptureOverlay*> ShotOverlayController::overlays() const
 void ShotOverlayController::present(const QList<DisplayCapture>& displays,
                                     const QList<CapturableWindow>& windows, CaptureMode mode)
 {
+    show(displays, windows, mode, {});
+}
+
+void ShotOverlayController::presentRecording(const QList<DisplayCapture>& displays,
+                                             const QList<CaptureDisplay>& targets,
+                                             const QList<CapturableWindow>& windows)
+{
+    show(displays, windows, CaptureMode::area, targets);
+}
+
+void ShotOverlayController::show(const QList<DisplayCapture>& displays,
+                                 const QList<CapturableWindow>& windows, CaptureMode mode,
+                                 const QList<CaptureDisplay>& targets)
+{
     Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
     finish();
     m_shown = false;
@@ -34,7 +48,16 @@ void ShotOverlayController::present(const QList<DisplayCapture>& displays,
                              : mode == CaptureMode::scrolling ? ShotCaptureOverlay::Mode::scrolling
                                                               : ShotCaptureOverlay::Mode::area;
     for (const DisplayCapture& display : displays) {
-        auto* overlay = new ShotCaptureOverlay(display, windows, overlayMode);
+        std::optional<CaptureDisplay> recording;
+        for (const CaptureDisplay& target : targets) {
+            if (target.id == display.id) {
+                recording = target;
+            }
+        }
+        if (!targets.isEmpty() && !recording) {
+            continue; // a display the recorder does not know cannot be recorded
+        }
+        auto* overlay = new ShotCaptureOverlay(display, windows, overlayMode, recording);
         m_overlays.append(overlay);
         connect(overlay, &ShotCaptureOverlay::shown, this, [this] {
             if (!std::exchange(m_shown, true)) {

@@ -20,6 +20,13 @@ public:
     // keyboard.
     void present(const QList<DisplayCapture>& displays, const QList<CapturableWindow>& windows,
                  CaptureMode mode);
+    // The recording variant: answers with a recording target. `targets` are
+    // the same displays as the recorder knows them.
+    void presentRecording(const QList<DisplayCapture>& displays,
+                          const QList<CaptureDisplay>& targets,
+                          const QList<CapturableWindow>& windows);
+    // Closes the overlays without an answer.
+    void cancel() { finish(); }
     bool isPresenting() const { return !m_overlays.isEmpty(); }
     QList<ShotCaptureOverlay*> overlays() const;
 
@@ -30,6 +37,8 @@ signals:
     void shown();
 
 private:
+    void show(const QList<DisplayCapture>& displays, const QList<CapturableWindow>& windows,
+              CaptureMode mode, const QList<CaptureDisplay>& targets);
     void finish();
 
     QList<QPointer<ShotCaptureOverlay>> m_overlays;

@@ -10,30 +10,6 @@
 
 namespace nubo {
 
-namespace {
-
-// A strip of the outline around the sampled area: never focused, never in
-// the way of a click.
-QWidget* outlineStrip(const QRect& geometry)
-{
-    auto* strip = new QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint |
-                                           Qt::WindowStaysOnTopHint |
-                                           Qt::WindowDoesNotAcceptFocus |
-                                           Qt::WindowTransparentForInput |
-                                           Qt::X11BypassWindowManagerHint);
-    strip->setWindowTitle(QStringLiteral("Nubo Shot Scrolling Area"));
-    strip->setAttribute(Qt::WA_ShowWithoutActivating);
-    strip->setAttribute(Qt::WA_DeleteOnClose);
-    QPalette palette = strip->palette();
-    palette.setColor(QPalette::Window, QColor(0x2f, 0x80, 0xed));
-    strip->setPalette(palette);
-    strip->setAutoFillBackground(true);
-    strip->setGeometry(geometry);
-    return strip;
-}
-
-} // namespace
-
 ShotScrollingLayout ShotScrollingLayout::place(const QRectF& area, const QSizeF& panel,
                                                const QRectF& display,
                                                const QList<QRectF>& otherDisplays)
@@ -119,21 +95,8 @@ void ShotScrollingSession::start()
         streaming->streamRegion(m_display.displayID, m_region);
 
     // The outline just outside what is sampled, and the panel beside it.
-    const QRect outer = m_layout.sampled.adjusted(-1 - ShotScrollingLayout::frame,
-                                                  -1 - ShotScrollingLayout::frame,
-                                                  1 + ShotScrollingLayout::frame,
-                                                  1 + ShotScrollingLayout::frame)
-                            .toAlignedRect();
-    const int t = int(ShotScrollingLayout::frame);
-    for (const QRect& strip : {QRect(outer.left(), outer.top(), outer.width(), t),
-                               QRect(outer.left(), outer.bottom() - t + 1, outer.width(), t),
-                               QRect(outer.left(), outer.top() + t, t, outer.height() - 2 * t),
-                               QRect(outer.right() - t + 1, outer.top() + t, t,
-                                     outer.height() - 2 * t)}) {
-        QWidget* w = outlineStrip(strip);
-        w->show();
-        m_outline.append(w);
-    }
+    m_outline.show(m_layout.sampled, ShotScrollingLayout::frame, QColor(0x2f, 0x80, 0xed),
+                   QStringLiteral("Nubo Shot Scrolling Area"));
     m_panel->move(m_layout.panel.toPoint());
     connect(m_panel, &ShotScrollingPanel::done, this, &ShotScrollingSession::finish);
     connect(m_panel, &ShotScrollingPanel::cancelled, this, &ShotScrollingSession::cancel);
@@ -297,12 +260,7 @@ void ShotScrollingSession::tearDown()
     if (m_panel) {
         m_panel->close();
     }
-    for (const QPointer<QWidget>& strip : std::as_const(m_outline)) {
-        if (strip) {
-            strip->close();
-        }
-    }
-    m_outline.clear();
+    m_outline.hide();
 }
 
 } // namespace nubo

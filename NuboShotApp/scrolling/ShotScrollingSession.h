@@ -2,6 +2,7 @@
 
 #include "capture/CapturePlatform.h"
 #include "capture/ScrollingCapture.h"
+#include "overlay/ShotAreaOutline.h"
 
 #include <QList>
 #include <QObject>
@@ -77,7 +78,7 @@ private:
     ShotScrollingLayout m_layout;
     ScreenCaptureRegion m_region;
     QPointer<ShotScrollingPanel> m_panel;
-    QList<QPointer<QWidget>> m_outline;
+    ShotAreaOutline m_outline;
     std::unique_ptr<GlobalShortcuts> m_keys;
     std::unique_ptr<ScrollingCapture> m_capture;
     qint64 m_height = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "recording/RecordingTypes.h"
+
 #include <QString>
 #include <QWidget>
 
@@ -28,6 +30,9 @@ struct ShotSettingsContext {
     QString program;
     // A stored value changed here (its key; empty when many were replaced).
     std::function<void(const QString& key)> changed;
+    // What this computer can record (asked when the Recording page opens);
+    // nothing can be recorded when not given.
+    std::function<RecordingCapabilities()> recordingCapabilities;
 };
 
 // One page of the settings window. A page is one file defining its maker,

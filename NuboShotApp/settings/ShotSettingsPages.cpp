@@ -9,6 +9,7 @@ namespace nubo {
     PAGE(General)                                                                                  \
     PAGE(Shortcuts)                                                                                \
     PAGE(Output)                                                                                   \
+    PAGE(Recording)                                                                                \
     PAGE(Editor)                                                                                   \
     PAGE(Backup)
 

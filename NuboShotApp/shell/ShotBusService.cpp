@@ -4,6 +4,7 @@
 #include "shell/GrabRequest.h"
 #include "shell/RecordingOverBus.h"
 #include "shell/RecordingTargetWords.h"
+#include "recording/ShotRecordingFlow.h"
 #include "shell/ShotFeature.h"
 
 #include <QDBusConnection>
@@ -14,9 +15,18 @@
 namespace nubo {
 
 ShotBusService::ShotBusService(std::shared_ptr<CapturePlatform> platform, ShotFeature& feature,
-                               QObject* parent)
-    : QObject(parent), m_platform(std::move(platform)), m_feature(feature)
-{}
+                               ShotRecordingFlow& recording, QObject* parent)
+    : QObject(parent), m_platform(std::move(platform)), m_feature(feature), m_recording(recording)
+{
+    connect(&m_recording, &ShotRecordingFlow::stateChanged, this,
+            &ShotBusService::recordingStateChanged);
+}
+
+void ShotBusService::RecordScreen(const QDBusMessage&)
+{
+    QMetaObject::invokeMethod(
+        this, [this] { m_recording.recordScreen(); }, Qt::QueuedConnection);
+}
 
 void ShotBusService::CaptureShot(const QString& mode, const QDBusMessage& message)
 {
@@ -115,16 +125,7 @@ void ShotBusService::StartRecording(const QStringList& target, const QString& op
         if (!QDir::isAbsolutePath(folder)) {
             throw Error(QStringLiteral("The recording folder must be an absolute path."));
         }
-        if (!m_recorder) {
-            m_recorder = m_platform->makeRecorder();
-            if (!m_recorder) {
-                throw Error(QStringLiteral("This desktop cannot be recorded by Nubo Shot yet."));
-            }
-            m_recorder->onStateChange = [this](const RecordingState& state) {
-                recordingStateChanged(state);
-            };
-        }
-        m_recorder->start(recordingTarget(*m_platform, target), *parsed, folder);
+        m_recording.startNow(recordingTarget(*m_platform, target), *parsed, folder);
     } catch (const Error& error) {
         refuse(message, error);
     }
@@ -133,10 +134,7 @@ void ShotBusService::StartRecording(const QStringList& target, const QString& op
 void ShotBusService::PauseRecording(const QDBusMessage& message)
 {
     try {
-        if (!m_recorder) {
-            throw RecordingError(RecordingError::Code::invalidState);
-        }
-        m_recorder->pause();
+        m_recording.pause();
     } catch (const Error& error) {
         refuse(message, error);
     }
@@ -145,10 +143,7 @@ void ShotBusService::PauseRecording(const QDBusMessage& message)
 void ShotBusService::ResumeRecording(const QDBusMessage& message)
 {
     try {
-        if (!m_recorder) {
-            throw RecordingError(RecordingError::Code::invalidState);
-        }
-        m_recorder->resume();
+        m_recording.resume();
     } catch (const Error& error) {
         refuse(message, error);
     }
@@ -157,10 +152,7 @@ void ShotBusService::ResumeRecording(const QDBusMessage& message)
 QString ShotBusService::StopRecording(const QDBusMessage& message)
 {
     try {
-        if (!m_recorder) {
-            throw RecordingError(RecordingError::Code::invalidState);
-        }
-        m_recorder->stop();
+        m_recording.stop();
         message.setDelayedReply(true);
         m_stopping.append(message);
     } catch (const Error& error) {
@@ -171,11 +163,11 @@ QString ShotBusService::StopRecording(const QDBusMessage& message)
 
 void ShotBusService::CancelRecording(const QDBusMessage& message)
 {
-    if (!m_recorder) {
+    if (!m_recording.isRunning()) {
         refuse(message, RecordingError(RecordingError::Code::invalidState));
         return;
     }
-    m_recorder->cancel();
+    m_recording.cancel();
 }
 
 void ShotBusService::recordingStateChanged(const RecordingState& state)

@@ -12,6 +12,7 @@ namespace nubo {
 
 class CapturePlatform;
 class ShotFeature;
+class ShotRecordingFlow;
 
 // What the running instance offers on the session bus. Captures run on a
 // worker thread and answer when done, so the tray stays responsive.
@@ -20,7 +21,7 @@ class ShotBusService : public QObject {
     Q_CLASSINFO("D-Bus Interface", "com.corvane.lab.nuboshot")
 public:
     ShotBusService(std::shared_ptr<CapturePlatform> platform, ShotFeature& feature,
-                   QObject* parent = nullptr);
+                   ShotRecordingFlow& recording, QObject* parent = nullptr);
 
 public slots:
     // The automation intents: a capture by mode ("area", "window",
@@ -34,6 +35,8 @@ public slots:
                  const QString& output, double quality, const QString& xDisplay,
                  const QDBusMessage& message);
 
+    // "Record Screen" as the menu does it (the .desktop action, scripts).
+    void RecordScreen(const QDBusMessage& message);
     // Recording for "nuboshot record" (and scripts): the target as the
     // command line names it, the options as their JSON, the folder.
     void StartRecording(const QStringList& target, const QString& options, const QString& folder,
@@ -52,11 +55,11 @@ signals:
 private:
     void recordingStateChanged(const RecordingState& state);
     bool refuse(const QDBusMessage& message, const Error& error);
-    std::unique_ptr<ScreenRecording> m_recorder;
     QList<QDBusMessage> m_stopping; // answered when the movie is complete
 
     std::shared_ptr<CapturePlatform> m_platform;
     ShotFeature& m_feature;
+    ShotRecordingFlow& m_recording;
 };
 
 } // namespace nubo

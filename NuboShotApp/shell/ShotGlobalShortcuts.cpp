@@ -2,12 +2,34 @@
 
 #include "capture/GlobalShortcuts.h"
 #include "core/Settings.h"
+#include "shell/ShotStatusMenu.h"
 
 namespace nubo {
 
-QString ShotGlobalShortcuts::defaultShortcut(CaptureMode mode)
+QStringList ShotGlobalShortcuts::actions()
 {
-    switch (mode) {
+    QStringList all;
+    for (const CaptureMode mode : allCases<CaptureMode>()) {
+        all << toString(mode);
+    }
+    return all << QLatin1String(recording);
+}
+
+QString ShotGlobalShortcuts::title(const QString& action)
+{
+    if (const auto mode = fromString<CaptureMode>(action)) {
+        return ShotStatusMenu::captureTitle(*mode);
+    }
+    return QStringLiteral("Record Screen");
+}
+
+QString ShotGlobalShortcuts::defaultShortcut(const QString& action)
+{
+    const auto mode = fromString<CaptureMode>(action);
+    if (!mode) {
+        return action == QLatin1String(recording) ? QStringLiteral("Ctrl+Alt+R") : QString();
+    }
+    switch (*mode) {
     case CaptureMode::fullscreen:
         return QStringLiteral("Print");
     case CaptureMode::area:
@@ -20,15 +42,15 @@ QString ShotGlobalShortcuts::defaultShortcut(CaptureMode mode)
     return {};
 }
 
-QString ShotGlobalShortcuts::key(CaptureMode mode)
+QString ShotGlobalShortcuts::key(const QString& action)
 {
-    return QStringLiteral("shot.shortcut.") + toString(mode);
+    return QStringLiteral("shot.shortcut.") + action;
 }
 
-QKeySequence ShotGlobalShortcuts::stored(const ShotPreferences& preferences, CaptureMode mode)
+QKeySequence ShotGlobalShortcuts::stored(const ShotPreferences& preferences, const QString& action)
 {
-    const QKeySequence fallback(defaultShortcut(mode), QKeySequence::PortableText);
-    const auto text = preferences.string(key(mode));
+    const QKeySequence fallback(defaultShortcut(action), QKeySequence::PortableText);
+    const auto text = preferences.string(key(action));
     if (!text) {
         return fallback;
     }
@@ -40,20 +62,27 @@ QKeySequence ShotGlobalShortcuts::stored(const ShotPreferences& preferences, Cap
     return keys.count() == 1 && keys[0].key() != Qt::Key_unknown ? keys : fallback;
 }
 
+QString ShotGlobalShortcuts::holderOf(const ShotPreferences& preferences, const QKeySequence& keys,
+                                      const QString& action)
+{
+    for (const QString& other : actions()) {
+        if (other != action && !keys.isEmpty() && stored(preferences, other) == keys) {
+            return other;
+        }
+    }
+    return {};
+}
+
 ShotGlobalShortcuts::ShotGlobalShortcuts(std::unique_ptr<GlobalShortcuts> shortcuts,
                                          ShotPreferences& preferences,
-                                         std::function<void(CaptureMode)> capture)
+                                         std::function<void(const QString& action)> activate)
     : m_shortcuts(std::move(shortcuts)), m_preferences(preferences)
 {
     if (!m_shortcuts) {
         m_problems << QStringLiteral("Global shortcuts are not available on this desktop.");
         return;
     }
-    m_shortcuts->activated = [capture = std::move(capture)](const QString& id) {
-        if (const auto mode = fromString<CaptureMode>(id)) {
-            capture(*mode);
-        }
-    };
+    m_shortcuts->activated = std::move(activate);
     rebind();
 }
 
@@ -63,14 +92,14 @@ void ShotGlobalShortcuts::rebind()
         return;
     }
     QList<GlobalShortcutBinding> bindings;
-    for (const CaptureMode mode : allCases<CaptureMode>()) {
-        bindings.append({toString(mode), stored(m_preferences, mode)});
+    for (const QString& action : actions()) {
+        bindings.append({action, stored(m_preferences, action)});
     }
     m_problems = m_shortcuts->bind(bindings);
     m_bound.clear();
     m_problemOf.clear();
     for (const GlobalShortcutBinding& binding : std::as_const(bindings)) {
-        const CaptureMode mode = *fromString<CaptureMode>(binding.id);
+        const QString& mode = binding.id;
         const QString text = binding.keys.toString(QKeySequence::PortableText);
         for (const QString& problem : std::as_const(m_problems)) {
             if (!text.isEmpty() && problem.contains(QLatin1Char(' ') + text + QLatin1Char(' '))) {

@@ -14,24 +14,40 @@ namespace nubo {
 class GlobalShortcuts;
 class ShotPreferences;
 
-// The capture shortcuts that work wherever the focus is, one per capture
-// mode, read from "shot.shortcut.<mode>" with the defaults Print
-// (fullscreen), Shift+Print (area), Alt+Print (window) and Ctrl+Shift+Print
-// (scrolling), bound through the capture platform. A shortcut that cannot be
-// had is skipped and reported, never fatal. An empty stored value switches a
-// shortcut off.
+// The shortcuts that work wherever the focus is: one per capture mode and
+// one for recording, read from "shot.shortcut.<action>" with the defaults
+// Print (fullscreen), Shift+Print (area), Alt+Print (window),
+// Ctrl+Shift+Print (scrolling) and Ctrl+Alt+R (recording), bound through
+// the capture platform. A shortcut that cannot be had is skipped and
+// reported, never fatal. An empty stored value switches a shortcut off.
 class ShotGlobalShortcuts {
 public:
+    // An action is a capture mode's name, or `recording`.
+    static constexpr char recording[] = "recording";
+
     // `shortcuts` is the platform's (null: the platform has none).
     ShotGlobalShortcuts(std::unique_ptr<GlobalShortcuts> shortcuts, ShotPreferences& preferences,
-                        std::function<void(CaptureMode)> capture);
+                        std::function<void(const QString& action)> activate);
     ~ShotGlobalShortcuts();
 
-    static QString defaultShortcut(CaptureMode mode);
-    static QString key(CaptureMode mode);
-    // The keys stored for a mode: the default when missing or unreadable,
-    // empty when switched off.
-    static QKeySequence stored(const ShotPreferences& preferences, CaptureMode mode);
+    // Every action, capture modes first.
+    static QStringList actions();
+    // What the action does, as the menu says it ("Capture Area", "Record Screen").
+    static QString title(const QString& action);
+    static QString defaultShortcut(const QString& action);
+    static QString key(const QString& action);
+    // The keys stored for an action: the default when missing or
+    // unreadable, empty when switched off.
+    static QKeySequence stored(const ShotPreferences& preferences, const QString& action);
+    // The action other than `action` whose stored keys are `keys`; empty when none.
+    static QString holderOf(const ShotPreferences& preferences, const QKeySequence& keys,
+                            const QString& action);
+
+    static QString key(CaptureMode mode) { return key(toString(mode)); }
+    static QKeySequence stored(const ShotPreferences& preferences, CaptureMode mode)
+    {
+        return stored(preferences, toString(mode));
+    }
 
     // Binds again as stored now; `changed` hears of it.
     void rebind();
@@ -41,11 +57,12 @@ public:
     std::function<void()> changed;
 
     bool isAvailable() const { return m_shortcuts != nullptr; }
-    // The keys that capture in a mode now; empty when it has none (switched
+    // The keys that start an action now; empty when it has none (switched
     // off, or they could not be had).
-    QKeySequence shortcut(CaptureMode mode) const { return m_bound.value(mode); }
-    // Why a mode's keys could not be had; empty when they were.
-    QString problem(CaptureMode mode) const { return m_problemOf.value(mode); }
+    QKeySequence shortcut(const QString& action) const { return m_bound.value(action); }
+    QKeySequence shortcut(CaptureMode mode) const { return shortcut(toString(mode)); }
+    // Why an action's keys could not be had; empty when they were.
+    QString problem(const QString& action) const { return m_problemOf.value(action); }
     // The shortcuts that could not be had, with the reason, in words.
     const QStringList& problems() const { return m_problems; }
 
@@ -53,8 +70,8 @@ private:
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
     ShotPreferences& m_preferences;
     QStringList m_problems;
-    QHash<CaptureMode, QKeySequence> m_bound;
-    QHash<CaptureMode, QString> m_problemOf;
+    QHash<QString, QKeySequence> m_bound;
+    QHash<QString, QString> m_problemOf;
 };
 
 } // namespace nubo

@@ -51,6 +51,51 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
         item->setEnabled(!m_actions.isOffered || m_actions.isOffered(mode));
         connect(item, &QAction::triggered, this, [this, mode] { m_actions.capture(mode); });
     }
+    m_recordScreen = m_menu.addAction(ShotIcons::icon(QStringLiteral("media-record")),
+                                      QStringLiteral("Record Screen"));
+    connect(m_recordScreen, &QAction::triggered, this, [this] {
+        if (m_actions.recordScreen) {
+            m_actions.recordScreen();
+        }
+    });
+    m_recordWindow.setTitle(QStringLiteral("Record Window"));
+    m_recordWindow.setObjectName(QStringLiteral("shot.recordWindow"));
+    m_recordWindow.setIcon(ShotIcons::icon(QStringLiteral("nuboshot-record-window")));
+    m_menu.addMenu(&m_recordWindow);
+    connect(&m_recordWindow, &QMenu::aboutToShow, this, &ShotStatusMenu::fillRecordWindow);
+    // While a recording runs: how long, and what can be done with it.
+    m_elapsed = m_menu.addAction(ShotIcons::icon(QStringLiteral("media-record")), QString());
+    m_elapsed->setEnabled(false);
+    m_pause = m_menu.addAction(QString());
+    connect(m_pause, &QAction::triggered, this, [this] {
+        const bool paused =
+            m_actions.recordingState && m_actions.recordingState().is<RecordingState::Paused>();
+        if (const auto& act = paused ? m_actions.resumeRecording : m_actions.pauseRecording) {
+            act();
+        }
+    });
+    m_stop = m_menu.addAction(ShotIcons::icon(QStringLiteral("media-playback-stop")),
+                              QStringLiteral("Stop Recording"));
+    connect(m_stop, &QAction::triggered, this, [this] {
+        if (m_actions.stopRecording) {
+            m_actions.stopRecording();
+        }
+    });
+    m_cancel = m_menu.addAction(ShotIcons::icon(QStringLiteral("window-close")),
+                                QStringLiteral("Cancel Recording"));
+    connect(m_cancel, &QAction::triggered, this, [this] {
+        if (m_actions.cancelRecording) {
+            m_actions.cancelRecording();
+        }
+    });
+    m_clock.setInterval(250);
+    connect(&m_clock, &QTimer::timeout, this, &ShotStatusMenu::refreshRecording);
+    connect(&m_menu, &QMenu::aboutToShow, this, [this] {
+        refreshRecording();
+        m_clock.start();
+    });
+    connect(&m_menu, &QMenu::aboutToHide, &m_clock, &QTimer::stop);
+    refreshRecording();
     m_menu.addSeparator();
     QAction* open = m_menu.addAction(ShotIcons::icon(QStringLiteral("document-open")),
                                      QStringLiteral("Open Image in Nubo Shot\u2026"));
@@ -135,6 +180,76 @@ void ShotStatusMenu::refreshRecent()
             m_actions.clearRecent();
         }
     });
+}
+
+QString ShotStatusMenu::windowLabel(const CapturableWindow& window)
+{
+    if (window.title.isEmpty() || window.applicationName.isEmpty() ||
+        window.title == window.applicationName) {
+        return window.title.isEmpty() ? window.applicationName : window.title;
+    }
+    return QStringLiteral("%1 \u2014 %2").arg(window.title, window.applicationName);
+}
+
+void ShotStatusMenu::fillRecordWindow()
+{
+    m_recordWindow.clear();
+    const QList<CapturableWindow> windows =
+        m_actions.recordableWindows ? m_actions.recordableWindows() : QList<CapturableWindow>();
+    if (windows.isEmpty()) {
+        m_recordWindow.addAction(QStringLiteral("No windows to record"))->setEnabled(false);
+        return;
+    }
+    for (const CapturableWindow& window : windows) {
+        QString label = windowLabel(window);
+        label.replace(QLatin1Char('&'), QStringLiteral("&&")); // not a mnemonic
+        QAction* item = m_recordWindow.addAction(label);
+        item->setData(window.id);
+        connect(item, &QAction::triggered, this, [this, window] {
+            if (m_actions.recordWindow) {
+                m_actions.recordWindow(window);
+            }
+        });
+    }
+}
+
+void ShotStatusMenu::refreshRecording()
+{
+    const RecordingState state =
+        m_actions.recordingState ? m_actions.recordingState() : RecordingState{};
+    const bool paused = state.is<RecordingState::Paused>();
+    const bool running = paused || state.is<RecordingState::Recording>();
+    const bool finishing = state.is<RecordingState::Finishing>();
+    const bool offered = !m_actions.canRecord || m_actions.canRecord();
+    m_recordScreen->setVisible(!running && !finishing);
+    m_recordScreen->setEnabled(offered);
+    m_recordWindow.menuAction()->setVisible(!running && !finishing);
+    m_recordWindow.menuAction()->setEnabled(offered);
+    m_elapsed->setVisible(running || finishing);
+    m_pause->setVisible(running);
+    m_stop->setVisible(running);
+    m_cancel->setVisible(running);
+    if (finishing) {
+        m_elapsed->setText(QStringLiteral("Saving the recording\u2026"));
+    } else if (running) {
+        m_elapsed->setText(recordingElapsedText(*recordingElapsed(state)));
+        m_elapsed->setIcon(ShotIcons::icon(paused ? QStringLiteral("media-playback-pause")
+                                                  : QStringLiteral("media-record")));
+        m_pause->setText(paused ? QStringLiteral("Resume Recording")
+                                : QStringLiteral("Pause Recording"));
+        m_pause->setIcon(ShotIcons::icon(paused ? QStringLiteral("media-playback-start")
+                                                : QStringLiteral("media-playback-pause")));
+    }
+}
+
+void ShotStatusMenu::setRecordingShortcut(const QKeySequence& keys)
+{
+    m_recordScreen->setShortcut(keys);
+    m_recordScreen->setShortcutContext(Qt::WidgetShortcut);
+    m_recordScreen->setShortcutVisibleInContextMenu(true);
+    m_stop->setShortcut(keys); // the same keys stop a recording
+    m_stop->setShortcutContext(Qt::WidgetShortcut);
+    m_stop->setShortcutVisibleInContextMenu(true);
 }
 
 void ShotStatusMenu::setCaptureShortcut(CaptureMode mode, const QKeySequence& keys)

@@ -2,9 +2,11 @@
 
 #include "capture/CaptureTypes.h"
 #include "recents/ShotRecentStore.h"
+#include "recording/RecordingTypes.h"
 
 #include <QMenu>
 #include <QObject>
+#include <QTimer>
 
 #include <functional>
 
@@ -12,7 +14,9 @@ namespace nubo {
 
 class ShotFeature;
 
-// The tray icon's menu: the capture modes, opening an image, settings, quit.
+// The tray icon's menu: the capture modes, recording (and, while a
+// recording runs, its elapsed time, pause or resume, stop and cancel),
+// opening an image, recent images, settings, quit.
 class ShotStatusMenu : public QObject {
     Q_OBJECT
 public:
@@ -28,6 +32,17 @@ public:
         std::function<QList<ShotRecentEntry>()> recentItems;
         std::function<void(const QUuid& id)> openRecent;
         std::function<void()> clearRecent;
+        // Recording: shown disabled without canRecord.
+        std::function<bool()> canRecord;
+        std::function<void()> recordScreen;
+        // The windows a recording can take, asked when the submenu opens.
+        std::function<QList<CapturableWindow>()> recordableWindows;
+        std::function<void(const CapturableWindow&)> recordWindow;
+        std::function<RecordingState()> recordingState;
+        std::function<void()> pauseRecording;
+        std::function<void()> resumeRecording;
+        std::function<void()> stopRecording;
+        std::function<void()> cancelRecording;
     };
 
     ShotStatusMenu(Actions actions, QObject* parent = nullptr);
@@ -40,12 +55,29 @@ public:
     // Fills the Recent submenu again (also done each time the menu opens).
     void refreshRecent();
     QMenu& recentMenu() { return m_recent; }
+    // Shows the recording items as the recording stands (also done while
+    // the menu is open, four times a second).
+    void refreshRecording();
+    QMenu& recordWindowMenu() { return m_recordWindow; }
+    // Shows the recording shortcut beside "Record Screen".
+    void setRecordingShortcut(const QKeySequence& keys);
+    // "Title — Application", or whichever of the two the window has.
+    static QString windowLabel(const CapturableWindow& window);
     // "Area · 14:05", "Firefox · 22 Nov, 09:30".
     static QString recentLabel(const ShotRecentRecord& record, const QDateTime& now);
 
 private:
+    void fillRecordWindow();
+
     QMenu m_menu;
     QMenu m_recent;
+    QMenu m_recordWindow;
+    QAction* m_recordScreen = nullptr;
+    QAction* m_elapsed = nullptr;
+    QAction* m_pause = nullptr;
+    QAction* m_stop = nullptr;
+    QAction* m_cancel = nullptr;
+    QTimer m_clock; // the elapsed time while the menu is open
     Actions m_actions;
 };
 

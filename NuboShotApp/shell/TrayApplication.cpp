@@ -13,6 +13,7 @@
 #include "output/ShotClipboard.h"
 #include "output/ShotNotifications.h"
 #include "recording/RecordingRecovery.h"
+#include "recording/ShotRecordingFlow.h"
 #include "recents/ShotRecentStore.h"
 #include "shell/ShotStatusMenu.h"
 #include "settings/ShotSettingsWindow.h"
@@ -21,6 +22,9 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QFileDialog>
+#include <QMessageBox>
+#include <QPainter>
+#include <QPushButton>
 #include <QFutureWatcher>
 #include <QtConcurrent>
 #include <QCursor>
@@ -39,7 +43,8 @@ namespace nubo {
 TrayApplication::TrayApplication(QObject* parent) : QObject(parent)
 {
     initResources();
-    m_tray.setIcon(QIcon(QStringLiteral(":/icons/nuboshot.svg")));
+    m_icon = QIcon(QStringLiteral(":/icons/nuboshot.svg"));
+    m_tray.setIcon(m_icon);
     m_tray.setToolTip(QStringLiteral("Nubo Shot"));
 }
 
@@ -68,12 +73,124 @@ void TrayApplication::showSettings()
             [this](const QString&) {
                 m_preferences->sync();
                 m_recents->applyPreference();
+            },
+            [this]() -> RecordingCapabilities {
+                try {
+                    return m_recording->capabilities();
+                } catch (const Error& error) {
+                    qCInfo(lcApp, "Nothing can be recorded: %s", qPrintable(error.message()));
+                    return {};
+                }
             }});
     }
     m_settings->present();
 }
 
 TrayApplication::~TrayApplication() = default;
+
+void TrayApplication::capture(CaptureMode mode)
+{
+    if (m_recording && m_recording->phase() != ShotRecordingFlow::Phase::idle &&
+        m_recording->phase() != ShotRecordingFlow::Phase::recording) {
+        qCInfo(lcApp, "Capture ignored: a recording is being set up");
+        return;
+    }
+    m_feature->capture(mode);
+}
+
+void TrayApplication::shortcutPressed(const QString& action)
+{
+    if (const auto mode = fromString<CaptureMode>(action)) {
+        capture(*mode);
+    } else if (action == QLatin1String(ShotGlobalShortcuts::recording)) {
+        if (!m_feature->isCapturing()) {
+            m_recording->toggle();
+        }
+    }
+}
+
+void TrayApplication::quit()
+{
+    if (m_recording->isRunning()) {
+        // A recording is never lost to a quit: it is asked about, then
+        // finished before the program goes.
+        QMessageBox box(QMessageBox::Question, QStringLiteral("Nubo Shot"),
+                        QStringLiteral("Stop the recording and quit?"));
+        box.setInformativeText(QStringLiteral("The recording is saved before Nubo Shot quits."));
+        QPushButton* stop = box.addButton(QStringLiteral("Stop and Quit"), QMessageBox::AcceptRole);
+        box.addButton(QMessageBox::Cancel);
+        box.setDefaultButton(stop);
+        box.setWindowFlag(Qt::WindowStaysOnTopHint);
+        box.exec();
+        if (box.clickedButton() != stop) {
+            return;
+        }
+        connect(m_recording.get(), &ShotRecordingFlow::phaseChanged, this,
+                [this](ShotRecordingFlow::Phase phase) {
+                    if (phase == ShotRecordingFlow::Phase::idle) {
+                        quit();
+                    }
+                });
+        try {
+            if (!m_recording->state().is<RecordingState::Finishing>()) {
+                m_recording->stop();
+            }
+        } catch (const Error& error) {
+            qCWarning(lcApp, "The recording could not be stopped: %s", qPrintable(error.message()));
+        }
+        return;
+    }
+    m_recording->cancel(); // a recording being set up is simply dropped
+    // Each editor asks about its unsaved changes first; one that stays open
+    // keeps us running.
+    for (ShotEditorWindow* editor : m_feature->editors()) {
+        if (!editor->close()) {
+            return;
+        }
+    }
+    QCoreApplication::quit();
+}
+
+void TrayApplication::showRecordingState(const RecordingState& state)
+{
+    const bool paused = state.is<RecordingState::Paused>();
+    const bool running = paused || state.is<RecordingState::Recording>() ||
+                         state.is<RecordingState::Finishing>();
+    if (!running) {
+        m_tray.setIcon(m_icon);
+        m_tray.setToolTip(QStringLiteral("Nubo Shot"));
+        return;
+    }
+    // The cloud with a red dot while recording, amber bars while paused.
+    QIcon icon;
+    for (const int side : {16, 22, 24, 32, 48, 64}) {
+        QPixmap pixmap = m_icon.pixmap(QSize(side, side));
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const double r = side * 0.23;
+        const QPointF centre(side - r - 0.5, side - r - 0.5);
+        painter.setPen(QPen(Qt::white, std::max(1.0, side / 16.0)));
+        painter.setBrush(paused ? QColor(240, 170, 30) : QColor(224, 53, 43));
+        painter.drawEllipse(centre, r, r);
+        if (paused) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(Qt::white);
+            const double w = r * 0.32, h = r * 1.0;
+            painter.drawRect(QRectF(centre.x() - w * 1.5, centre.y() - h / 2, w, h));
+            painter.drawRect(QRectF(centre.x() + w * 0.5, centre.y() - h / 2, w, h));
+        }
+        painter.end();
+        icon.addPixmap(pixmap);
+    }
+    m_tray.setIcon(icon);
+    const auto elapsed = recordingElapsed(state);
+    m_tray.setToolTip(state.is<RecordingState::Finishing>()
+                          ? QStringLiteral("Nubo Shot — saving the recording")
+                          : QStringLiteral("Nubo Shot — %1 %2")
+                                .arg(paused ? QStringLiteral("paused at")
+                                            : QStringLiteral("recording"),
+                                     recordingElapsedText(elapsed.value_or(RecordingDuration(0)))));
+}
 
 TrayApplication::Start TrayApplication::start()
 {
@@ -133,24 +250,49 @@ TrayApplication::Start TrayApplication::start()
     m_feature = std::make_unique<ShotFeature>(m_platform, platformProblem, *m_preferences,
                                               ShotRenderer::shared());
     m_feature->setRecents(m_recents.get());
-    m_menu = std::make_unique<ShotStatusMenu>(
-        ShotStatusMenu::Actions{[this](CaptureMode mode) { m_feature->capture(mode); },
-                                [this] { openImage(); }, [this] { showSettings(); },
-                                [this] {
-                                    // Each editor asks about its unsaved changes
-                                    // first; one that stays open keeps us running.
-                                    for (ShotEditorWindow* editor : m_feature->editors()) {
-                                        if (!editor->close()) {
-                                            return;
-                                        }
-                                    }
-                                    QCoreApplication::quit();
-                                },
-                                [this](CaptureMode mode) { return m_feature->isOffered(mode); },
-                                [this] { return m_recents->isEnabled(); },
-                                [this] { return m_recents->entries(); },
-                                [this](const QUuid& id) { m_feature->openRecent(id); },
-                                [this] { m_recents->clear(); }});
+    m_recording = std::make_unique<ShotRecordingFlow>(m_platform, platformProblem, *m_preferences);
+    m_recording->screenIsFree = [this] { return !m_feature->isCapturing(); };
+    ShotStatusMenu::Actions actions;
+    actions.capture = [this](CaptureMode mode) { capture(mode); };
+    actions.openImage = [this] { openImage(); };
+    actions.settings = [this] { showSettings(); };
+    actions.quit = [this] { quit(); };
+    actions.isOffered = [this](CaptureMode mode) { return m_feature->isOffered(mode); };
+    actions.recentEnabled = [this] { return m_recents->isEnabled(); };
+    actions.recentItems = [this] { return m_recents->entries(); };
+    actions.openRecent = [this](const QUuid& id) { m_feature->openRecent(id); };
+    actions.clearRecent = [this] { m_recents->clear(); };
+    actions.canRecord = [this] { return m_recording->canRecord(); };
+    actions.recordScreen = [this] {
+        if (!m_feature->isCapturing()) {
+            m_recording->recordScreen();
+        }
+    };
+    actions.recordableWindows = [this] { return m_recording->recordableWindows(); };
+    actions.recordWindow = [this](const CapturableWindow& window) {
+        m_recording->recordWindow(window);
+    };
+    actions.recordingState = [this] { return m_recording->state(); };
+    const auto tolerant = [](const std::function<void()>& act) {
+        // The menu may be a moment behind the recording: nothing to say.
+        try {
+            act();
+        } catch (const Error& error) {
+            qCInfo(lcApp, "Recording menu: %s", qPrintable(error.message()));
+        }
+    };
+    actions.pauseRecording = [this, tolerant] { tolerant([this] { m_recording->pause(); }); };
+    actions.resumeRecording = [this, tolerant] { tolerant([this] { m_recording->resume(); }); };
+    actions.stopRecording = [this, tolerant] { tolerant([this] { m_recording->stop(); }); };
+    actions.cancelRecording = [this] { m_recording->cancel(); };
+    m_menu = std::make_unique<ShotStatusMenu>(std::move(actions));
+    connect(m_recording.get(), &ShotRecordingFlow::stateChanged, this,
+            [this](const RecordingState& state) {
+                showRecordingState(state);
+                if (m_menu->menu().isVisible()) {
+                    m_menu->refreshRecording();
+                }
+            });
     connect(m_recents.get(), &ShotRecentStore::changed, m_menu.get(),
             &ShotStatusMenu::refreshRecent);
     m_recents->applyPreference();
@@ -162,12 +304,14 @@ TrayApplication::Start TrayApplication::start()
         qCWarning(lcApp) << "Global shortcuts are not available:" << error.message();
     }
     m_shortcuts = std::make_unique<ShotGlobalShortcuts>(
-        std::move(keys), *m_preferences, [this](CaptureMode mode) { m_feature->capture(mode); });
+        std::move(keys), *m_preferences,
+        [this](const QString& action) { shortcutPressed(action); });
     // The menu shows the keys in effect, also after they change in the settings.
     m_shortcuts->changed = [this] {
         for (const CaptureMode mode : allCases<CaptureMode>()) {
             m_menu->setCaptureShortcut(mode, m_shortcuts->shortcut(mode));
         }
+        m_menu->setRecordingShortcut(m_shortcuts->shortcut(QLatin1String(ShotGlobalShortcuts::recording)));
         m_preferences->sync();
     };
     m_shortcuts->changed();
@@ -185,7 +329,7 @@ TrayApplication::Start TrayApplication::start()
                            m_shortcuts->problems().join(QLatin1Char('\n')),
                            QSystemTrayIcon::Warning, 8000);
     }
-    m_service = std::make_unique<ShotBusService>(m_platform, *m_feature);
+    m_service = std::make_unique<ShotBusService>(m_platform, *m_feature, *m_recording);
     if (bus.isConnected() && !bus.registerObject(QLatin1String(GrabOverBus::path), m_service.get(),
                                                  QDBusConnection::ExportAllSlots |
                                                      QDBusConnection::ExportAllSignals)) {

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "capture/CaptureTypes.h"
+#include "recording/RecordingTypes.h"
+
+#include <QIcon>
 #include <QMenu>
 #include <QObject>
 #include <QSystemTrayIcon>
@@ -13,6 +17,7 @@ class ShotBusService;
 class ShotFeature;
 class ShotPreferences;
 class ShotRecentStore;
+class ShotRecordingFlow;
 class ShotGlobalShortcuts;
 class ShotSettingsWindow;
 class ShotStatusMenu;
@@ -37,11 +42,19 @@ public:
 private:
     void openImage();
     void showSettings();
+    void quit();
+    // A capture the menu or a shortcut asks for, unless a recording is being framed.
+    void capture(CaptureMode mode);
+    void shortcutPressed(const QString& action);
+    // The tray icon shows whether a recording runs, and whether it is paused.
+    void showRecordingState(const RecordingState& state);
 
     QSystemTrayIcon m_tray;
+    QIcon m_icon; // the program's own, at rest
     std::unique_ptr<ShotPreferences> m_preferences;
     std::unique_ptr<ShotRecentStore> m_recents;
     std::unique_ptr<ShotFeature> m_feature;
+    std::unique_ptr<ShotRecordingFlow> m_recording;
     std::unique_ptr<ShotStatusMenu> m_menu;
     std::unique_ptr<ShotGlobalShortcuts> m_shortcuts;
     std::shared_ptr<CapturePlatform> m_platform;

@@ -11,6 +11,7 @@
 #include <QSvgRenderer>
 
 #include <cmath>
+#include <optional>
 
 // The icons live in this static library: their resource is registered by
 // hand, since nothing else would pull its object file in.
@@ -35,9 +36,11 @@ QString resourcePath(const QString& name)
 // One SVG drawn in the colour the palette gives its mode and state.
 class TintedSvgEngine final : public QIconEngine {
 public:
-    TintedSvgEngine(QString name, QByteArray svg) : m_name(std::move(name)), m_svg(std::move(svg)) {}
+    TintedSvgEngine(QString name, QByteArray svg, std::optional<QColor> fixed = std::nullopt)
+        : m_name(std::move(name)), m_svg(std::move(svg)), m_fixed(fixed)
+    {}
 
-    QIconEngine* clone() const override { return new TintedSvgEngine(m_name, m_svg); }
+    QIconEngine* clone() const override { return new TintedSvgEngine(m_name, m_svg, m_fixed); }
     QString key() const override { return QStringLiteral("nuboshot-tinted-svg"); }
     QString iconName() override { return m_name; }
     bool isNull() override { return m_svg.isEmpty(); }
@@ -88,8 +91,13 @@ public:
     }
 
 private:
-    static QColor colorFor(QIcon::Mode mode, QIcon::State state)
+    QColor colorFor(QIcon::Mode mode, QIcon::State state) const
     {
+        if (m_fixed) {
+            QColor faded = *m_fixed;
+            faded.setAlphaF(mode == QIcon::Disabled ? 0.35 : 1.0);
+            return faded;
+        }
         const QPalette palette = QGuiApplication::palette();
         if (mode == QIcon::Disabled) {
             return palette.color(QPalette::Disabled, QPalette::ButtonText);
@@ -102,6 +110,7 @@ private:
 
     QString m_name;
     QByteArray m_svg;
+    std::optional<QColor> m_fixed; // drawn in this colour whatever the palette
     QHash<QString, QPixmap> m_cache;
 };
 
@@ -109,13 +118,18 @@ private:
 
 QIcon ShotIcons::icon(const QString& name)
 {
+    return icon(name, std::nullopt);
+}
+
+QIcon ShotIcons::icon(const QString& name, std::optional<QColor> colour)
+{
     registerIconResource();
     QFile file(resourcePath(name));
     if (!file.open(QIODevice::ReadOnly)) {
         Q_ASSERT_X(false, "ShotIcons::icon", "an icon we do not ship");
         return {};
     }
-    return QIcon(new TintedSvgEngine(name, file.readAll()));
+    return QIcon(new TintedSvgEngine(name, file.readAll(), colour));
 }
 
 QCursor ShotIcons::cursor(const QString& name, QPointF hotSpot)

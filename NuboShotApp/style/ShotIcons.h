@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace nubo {
 
 // The program's own icons: SVG drawn on one 24-point grid with one line
@@ -17,6 +19,9 @@ namespace nubo {
 class ShotIcons {
 public:
     static QIcon icon(const QString& name);
+    // The same in one colour whatever the palette (for our dark bars);
+    // disabled, faded.
+    static QIcon icon(const QString& name, std::optional<QColor> colour);
     // A pointer drawn from an icon, black with a white halo so that it shows
     // on any picture; `hotSpot` in the icon's 24-point grid.
     static QCursor cursor(const QString& name, QPointF hotSpot);

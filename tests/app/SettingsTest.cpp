@@ -256,10 +256,10 @@ TEST_F(Settings, ShortcutsAreRecordedAndTakeEffectAtOnce)
     m_preferences->setValue(QStringLiteral("shot.shortcut.window"), QStringLiteral("Ctrl+Alt+K"));
     auto platform = CapturePlatformLoader::load();
     ASSERT_NE(platform, nullptr);
-    QList<CaptureMode> captured;
+    QStringList captured;
     m_shortcuts = std::make_unique<ShotGlobalShortcuts>(
         platform->makeGlobalShortcuts(), *m_preferences,
-        [&](CaptureMode mode) { captured << mode; });
+        [&](const QString& action) { captured << action; });
 
     open(QStringLiteral("Shortcuts"), m_shortcuts.get());
     auto* area = find<QKeySequenceEdit>(QStringLiteral("shortcut.area"));
@@ -288,7 +288,7 @@ TEST_F(Settings, ShortcutsAreRecordedAndTakeEffectAtOnce)
     captured.clear();
     xdotool({"key", "ctrl+alt+a"});
     settle(300);
-    EXPECT_EQ(captured, QList<CaptureMode>{CaptureMode::area}) << "the new keys do not capture";
+    EXPECT_EQ(captured, QStringList{"area"}) << "the new keys do not capture";
     captured.clear();
     xdotool({"key", "shift+Print"});
     settle(300);
@@ -309,7 +309,22 @@ TEST_F(Settings, ShortcutsAreRecordedAndTakeEffectAtOnce)
     captured.clear();
     xdotool({"key", "shift+Print"});
     settle(300);
-    EXPECT_EQ(captured, QList<CaptureMode>{CaptureMode::area});
+    EXPECT_EQ(captured, QStringList{"area"});
+
+    // The recording shortcut is a row like the others: Ctrl+Alt+R, and the
+    // capture keys cannot take it.
+    auto* recording = find<QKeySequenceEdit>(QStringLiteral("shortcut.recording"));
+    ASSERT_TRUE(recording);
+    EXPECT_EQ(recording->keySequence(), QKeySequence(QStringLiteral("Ctrl+Alt+R")));
+    captured.clear();
+    xdotool({"key", "ctrl+alt+r"});
+    settle(300);
+    EXPECT_EQ(captured, QStringList{"recording"});
+    record(area, "ctrl+alt+r");
+    EXPECT_FALSE(m_preferences->contains(QStringLiteral("shot.shortcut.area")));
+    EXPECT_TRUE(find<QLabel>(QStringLiteral("shortcutProblem.area"))
+                    ->text()
+                    .contains(QStringLiteral("Record Screen")));
     test::saveArtifact(m_settings->grab().toImage(), QStringLiteral("settings-shortcuts-used.png"));
 }
 

@@ -6,10 +6,12 @@
 #include "capture/xcb/XcbScreenCapturer.h"
 #include "capture/xcb/XcbScreenRecorder.h"
 #include "capture/xcb/XcbScrollDriver.h"
+#include "core/Logging.h"
 
 #include <QFile>
 
 #include <xcb/res.h>
+#include <xcb/screensaver.h>
 
 namespace nubo {
 
@@ -53,6 +55,46 @@ std::shared_ptr<ScrollDriving> XcbCapturePlatform::scrollDriving()
 std::unique_ptr<ScreenRecording> XcbCapturePlatform::makeRecorder()
 {
     return std::make_unique<XcbScreenRecorder>(m_displayName, m_scale);
+}
+
+bool XcbCapturePlatform::holdScreenSaver(bool hold)
+{
+    // The server lifts a client's suspension when its connection closes, so
+    // a crash never leaves the screen saver off.
+    try {
+        if (!hold) {
+            m_screenSaver.reset();
+            return true;
+        }
+        if (!m_screenSaver || m_screenSaver->broken()) {
+            m_screenSaver = std::make_unique<XcbConnection>(m_displayName);
+        }
+        XcbConnection& x = *m_screenSaver;
+        const xcb_query_extension_reply_t* extension = xcb_get_extension_data(x.c, &xcb_screensaver_id);
+        if (!extension || !extension->present) {
+            qCInfo(lcCapture, "The X server has no screen saver extension to hold off");
+            m_screenSaver.reset();
+            return false;
+        }
+        auto version = xcbReply(xcb_screensaver_query_version_reply(
+            x.c, xcb_screensaver_query_version(x.c, 1, 1), nullptr));
+        if (!version) {
+            m_screenSaver.reset();
+            return false;
+        }
+        const auto error =
+            xcbReply(xcb_request_check(x.c, xcb_screensaver_suspend_checked(x.c, 1)));
+        if (error) {
+            qCWarning(lcCapture, "The X server refused to hold off its screen saver (error %d)",
+                      int(error->error_code));
+            m_screenSaver.reset();
+            return false;
+        }
+        return true;
+    } catch (const Error& error) {
+        qCWarning(lcCapture, "The screen saver is not held off: %s", qPrintable(error.message()));
+        return false;
+    }
 }
 
 std::optional<QString> XcbCapturePlatform::clipboardOwner()

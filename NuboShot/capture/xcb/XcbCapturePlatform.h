@@ -27,6 +27,7 @@ public:
     std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override;
     std::optional<QString> clipboardOwner() override;
     std::unique_ptr<ScreenRecording> makeRecorder() override;
+    bool holdScreenSaver(bool hold) override;
 
 private:
     QByteArray m_displayName;
@@ -35,6 +36,7 @@ private:
     std::shared_ptr<XcbRegionStreaming> m_streaming;
     std::shared_ptr<ScrollDriving> m_driving;
     std::unique_ptr<XcbConnection> m_ownerLookup; // made when first asked
+    std::unique_ptr<XcbConnection> m_screenSaver; // the hold lasts as long as it
 };
 
 } // namespace nubo

@@ -7,6 +7,7 @@
 #include "recording/RecordingWriter.h"
 
 #include <QDir>
+#include <cmath>
 #include <QPainter>
 
 #include <pthread.h>
@@ -277,8 +278,12 @@ void XcbScreenRecorder::start(const RecordingTarget& target, const RecordingOpti
             RecordingWriter* writer = m_writer.get();
             PulseAudioCapture::Callbacks callbacks;
             callbacks.clock = [this] { return now(); };
-            callbacks.deliver = [writer](RecordingAudioMixer::Source source,
-                                         const RecordingAudioInput& input, RecordingDuration at) {
+            callbacks.deliver = [this, writer](RecordingAudioMixer::Source source,
+                                               const RecordingAudioInput& input,
+                                               RecordingDuration at) {
+                if (source == RecordingAudioMixer::Source::microphone) {
+                    noteMicrophoneLevel(input);
+                }
                 writer->appendAudio(source, input, at);
             };
             callbacks.ended = [this, writer, startedAt = now()](RecordingAudioMixer::Source source,
@@ -385,8 +390,15 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
                 }
             }
             const std::lock_guard lock(m_mutex);
-            if (m_writer->appendVideo(frame, captured)) {
-                ++m_captured;
+            if (m_writer->appendVideo(frame, captured) && m_captured++ == 0) {
+                QMetaObject::invokeMethod(
+                    &m_context,
+                    [this, generation] {
+                        if (generation == m_generation && onFirstFrame) {
+                            onFirstFrame();
+                        }
+                    },
+                    Qt::QueuedConnection);
             }
         }
         if (late > 0) {
@@ -514,6 +526,18 @@ void XcbScreenRecorder::cancel()
     m_runningSince.reset();
     qCInfo(lcRecording, "Recording cancelled");
     setState({RecordingState::Idle{}});
+}
+
+void XcbScreenRecorder::noteMicrophoneLevel(const RecordingAudioInput& input)
+{
+    const auto* samples = reinterpret_cast<const float*>(input.data[0]);
+    float loudest = 0;
+    for (qint64 i = 0, n = qint64(input.frames) * input.channels; i < n; ++i) {
+        loudest = std::max(loudest, std::abs(samples[i]));
+    }
+    float held = m_microphoneLevel.load();
+    while (loudest > held && !m_microphoneLevel.compare_exchange_weak(held, loudest)) {
+    }
 }
 
 void XcbScreenRecorder::joinCapture()

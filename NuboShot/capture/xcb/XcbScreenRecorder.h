@@ -18,6 +18,7 @@ namespace nubo {
 
 class PulseAudioCapture;
 class RecordingWriter;
+struct RecordingAudioInput;
 
 // Screen recording on X11: a thread of its own takes the target's pixels at
 // the frame rate (through the still capturer, so our own windows never show
@@ -39,6 +40,7 @@ public:
     void resume() override;
     void stop() override;
     void cancel() override;
+    float takeMicrophoneLevel() override { return m_microphoneLevel.exchange(0); }
 
     // Frames the capture thread took, and frames it found nothing new for.
     qint64 framesCaptured() const { return m_captured; }
@@ -49,6 +51,8 @@ private:
     void setState(RecordingState state);
     void run(std::shared_ptr<Plan> plan, int generation);
     void joinCapture();
+    // Keeps the loudest sample for the level meter (float, interleaved).
+    void noteMicrophoneLevel(const RecordingAudioInput& input);
     void stopAudio();
     RecordingDuration now() const;
     RecordingDuration elapsed() const;
@@ -72,6 +76,7 @@ private:
     std::thread m_thread;
     std::atomic<qint64> m_captured{0};
     std::atomic<qint64> m_unchanged{0};
+    std::atomic<float> m_microphoneLevel{0};
 
     // Elapsed time without pauses, on the main thread.
     RecordingDuration m_recordedBefore{0};

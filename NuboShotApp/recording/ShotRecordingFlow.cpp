@@ -1,0 +1,549 @@
+#include "recording/ShotRecordingFlow.h"
+
+#include "core/Logging.h"
+#include "core/Settings.h"
+#include "output/ShotNotifications.h"
+#include "overlay/ShotOverlayController.h"
+#include "recording/ShotRecordingControls.h"
+#include "recording/ShotRecordingWindows.h"
+#include "recording/ShotScreenSaverInhibitor.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QFutureWatcher>
+#include <QMessageBox>
+#include <QThread>
+#include <QtConcurrent>
+
+namespace nubo {
+
+struct ShotRecordingFlow::Frozen {
+    QList<DisplayCapture> displays;
+    QList<CaptureDisplay> targets;
+    QList<CapturableWindow> windows;
+    QString error; // empty on success
+    bool cancelled = false;
+};
+
+namespace {
+
+// The global rectangle a target covers.
+QRectF targetRect(const RecordingTarget& target)
+{
+    if (const auto* d = std::get_if<RecordingTarget::Display>(&target.target)) {
+        return d->display.space.globalFrame;
+    }
+    if (const auto* a = std::get_if<RecordingTarget::Area>(&target.target)) {
+        return a->globalRect.intersected(a->display.space.globalFrame);
+    }
+    return std::get<RecordingTarget::Window>(target.target).window.frame;
+}
+
+} // namespace
+
+ShotRecordingFlow::ShotRecordingFlow(std::shared_ptr<CapturePlatform> platform,
+                                     QString platformProblem, ShotPreferences& preferences,
+                                     QObject* parent)
+    : QObject(parent), m_platform(std::move(platform)),
+      m_platformProblem(std::move(platformProblem)), m_preferences(preferences),
+      m_overlay(std::make_unique<ShotOverlayController>()),
+      m_inhibitor(std::make_unique<ShotScreenSaverInhibitor>(m_platform))
+{
+    presentAlert = [](const QString& title, const QString& text) {
+        QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok);
+        box.setWindowFlag(Qt::WindowStaysOnTopHint);
+        box.exec();
+    };
+    connect(m_overlay.get(), &ShotOverlayController::answered, this,
+            [this](const ShotOverlayOutcome& outcome) {
+                const auto* recording = std::get_if<ShotOverlayOutcome::Recording>(&outcome.outcome);
+                if (!recording) {
+                    setPhase(Phase::idle);
+                    return;
+                }
+                const RecordingTarget& target = recording->target;
+                QRectF display;
+                if (const auto* d = std::get_if<RecordingTarget::Display>(&target.target)) {
+                    display = d->display.space.globalFrame;
+                } else if (const auto* a = std::get_if<RecordingTarget::Area>(&target.target)) {
+                    display = a->display.space.globalFrame;
+                } else {
+                    const QPointF centre = targetRect(target).center();
+                    for (const ShotCaptureOverlay* o : m_overlay->overlays()) {
+                        if (o->display().space.globalFrame.contains(centre)) {
+                            display = o->display().space.globalFrame;
+                        }
+                    }
+                }
+                choose(target, display);
+            });
+    connect(m_overlay.get(), &ShotOverlayController::shown, this,
+            [] { qCInfo(lcRecording, "Recording overlay shown"); });
+    connect(m_overlay.get(), &ShotOverlayController::cancelled, this, [this] {
+        qCInfo(lcRecording, "Recording cancelled while framing");
+        setPhase(Phase::idle);
+    });
+    m_meter.setInterval(60);
+    connect(&m_meter, &QTimer::timeout, this, [this] {
+        if (m_controls && m_recorder) {
+            m_controls->setMicrophoneLevel(m_recorder->takeMicrophoneLevel());
+        }
+    });
+}
+
+ShotRecordingFlow::~ShotRecordingFlow()
+{
+    closeWindows();
+    if (m_recorder && isRunning()) {
+        m_recorder->onStateChange = nullptr;
+        m_recorder->cancel();
+    }
+}
+
+bool ShotRecordingFlow::canRecord() const
+{
+    return m_platform && m_platform->features().recording;
+}
+
+RecordingState ShotRecordingFlow::state() const
+{
+    return m_recorder ? m_recorder->state() : RecordingState{};
+}
+
+bool ShotRecordingFlow::isRunning() const
+{
+    const RecordingState s = state();
+    return s.is<RecordingState::Recording>() || s.is<RecordingState::Paused>() ||
+           s.is<RecordingState::Finishing>() || s.is<RecordingState::Starting>();
+}
+
+ScreenRecording& ShotRecordingFlow::recorder()
+{
+    if (!m_recorder) {
+        m_recorder = m_platform ? m_platform->makeRecorder() : nullptr;
+        if (!m_recorder) {
+            throw Error(m_platformProblem.isEmpty()
+                            ? QStringLiteral("This desktop cannot be recorded by Nubo Shot yet.")
+                            : m_platformProblem);
+        }
+        m_recorder->onStateChange = [this](const RecordingState& state) { recorderChanged(state); };
+        m_recorder->onFirstFrame = [this] {
+            if (m_startPressed.isValid()) {
+                qCInfo(lcRecording, "Recording first frame written %lld ms after Start",
+                       static_cast<long long>(m_startPressed.elapsed()));
+                m_startPressed.invalidate();
+            }
+        };
+    }
+    return *m_recorder;
+}
+
+QList<CapturableWindow> ShotRecordingFlow::recordableWindows() const
+{
+    if (!canRecord()) {
+        return {};
+    }
+    try {
+        return m_platform->capturer()->listWindows(false).windows;
+    } catch (const Error& error) {
+        qCWarning(lcRecording, "No windows to record: %s", qPrintable(error.message()));
+        return {};
+    }
+}
+
+void ShotRecordingFlow::setPhase(Phase phase)
+{
+    if (phase == Phase::idle) {
+        closeWindows();
+        m_target.reset();
+    }
+    if (phase != m_phase) {
+        m_phase = phase;
+        emit phaseChanged(phase);
+    }
+}
+
+void ShotRecordingFlow::closeWindows()
+{
+    m_keys.reset(); // Return and Escape go back to everyone
+    m_outline.hide();
+    for (QWidget* w : {static_cast<QWidget*>(m_options), static_cast<QWidget*>(m_countdown),
+                       static_cast<QWidget*>(m_controls)}) {
+        if (w) {
+            w->close();
+        }
+    }
+    m_meter.stop();
+}
+
+void ShotRecordingFlow::fail(const QString& message)
+{
+    qCWarning(lcRecording, "Recording failed: %s", qPrintable(message));
+    setPhase(Phase::idle);
+    // Told after the event at hand is done: the alert waits for the user.
+    QTimer::singleShot(0, this, [this, message] {
+        presentAlert(QStringLiteral("Could Not Record Screen"), message);
+    });
+}
+
+void ShotRecordingFlow::grabKeys(const QList<std::pair<QString, QKeySequence>>& keys)
+{
+    // Wherever the keyboard is: Return starts and Escape cancels, even when
+    // the bar never got the focus.
+    m_keys.reset();
+    m_keys = m_platform ? m_platform->makeGlobalShortcuts() : nullptr;
+    if (!m_keys) {
+        return;
+    }
+    m_keys->activated = [this](const QString& id) {
+        // Handled after the key event, outside the platform's own call.
+        QMetaObject::invokeMethod(
+            this,
+            [this, id] {
+                if (id == QLatin1String("cancel")) {
+                    cancel();
+                } else if (id == QLatin1String("start") && m_phase == Phase::choosing) {
+                    begin();
+                }
+            },
+            Qt::QueuedConnection);
+    };
+    QList<GlobalShortcutBinding> bindings;
+    for (const auto& [id, sequence] : keys) {
+        bindings.append({id, sequence});
+    }
+    for (const QString& problem : m_keys->bind(bindings)) {
+        qCInfo(lcRecording, "%s", qPrintable(problem));
+    }
+}
+
+void ShotRecordingFlow::toggle()
+{
+    switch (m_phase) {
+    case Phase::idle:
+        recordScreen();
+        return;
+    case Phase::recording:
+        if (state().is<RecordingState::Recording>() || state().is<RecordingState::Paused>()) {
+            stop();
+        }
+        return;
+    case Phase::choosing:
+        begin();
+        return;
+    case Phase::framing:
+    case Phase::countingDown:
+        return; // already on its way
+    }
+}
+
+void ShotRecordingFlow::recordScreen()
+{
+    Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
+    qCInfo(lcRecording, "Record Screen requested");
+    if (m_phase != Phase::idle) {
+        qCInfo(lcRecording, "Record Screen ignored: a recording is already under way");
+        return;
+    }
+    if (!canRecord()) {
+        fail(m_platformProblem.isEmpty()
+                 ? QStringLiteral("This desktop cannot be recorded by Nubo Shot yet.")
+                 : m_platformProblem);
+        return;
+    }
+    if (screenIsFree && !screenIsFree()) {
+        qCInfo(lcRecording, "Record Screen ignored: a capture is under way");
+        return;
+    }
+    setPhase(Phase::framing);
+    auto work = [capturer = m_platform->capturer()]() {
+        Frozen result;
+        try {
+            capturer->probe();
+            result.targets = capturer->displays();
+            result.displays = capturer->captureDisplays();
+            result.windows = capturer->listWindows(false).windows;
+        } catch (const CaptureError& error) {
+            result.cancelled = error.code() == CaptureError::Code::cancelled;
+            result.error = error.message();
+        } catch (const Error& error) {
+            result.error = error.message();
+        }
+        return result;
+    };
+    auto* watcher = new QFutureWatcher<Frozen>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        frozen(watcher->result());
+    });
+    watcher->setFuture(QtConcurrent::run(std::move(work)));
+}
+
+void ShotRecordingFlow::frozen(const Frozen& result)
+{
+    if (m_phase != Phase::framing) {
+        return; // cancelled meanwhile
+    }
+    if (result.cancelled) {
+        setPhase(Phase::idle);
+        return;
+    }
+    if (!result.error.isEmpty()) {
+        fail(result.error);
+        return;
+    }
+    m_overlay->presentRecording(result.displays, result.targets, result.windows);
+}
+
+void ShotRecordingFlow::recordWindow(const CapturableWindow& window)
+{
+    if (m_phase != Phase::idle || !canRecord()) {
+        return;
+    }
+    QRectF display;
+    try {
+        for (const CaptureDisplay& d : m_platform->capturer()->displays()) {
+            if (d.space.globalFrame.contains(window.frame.center()) || display.isEmpty()) {
+                display = d.space.globalFrame;
+            }
+        }
+    } catch (const Error& error) {
+        fail(error.message());
+        return;
+    }
+    choose({RecordingTarget::Window{window}}, display);
+}
+
+void ShotRecordingFlow::choose(const RecordingTarget& target, const QRectF& display)
+{
+    m_target = target;
+    m_targetRect = targetRect(target);
+    m_displayRect = display;
+    setPhase(Phase::choosing);
+    RecordingCapabilities capabilities;
+    try {
+        capabilities = recorder().capabilities();
+    } catch (const Error& error) {
+        fail(error.message());
+        return;
+    }
+    const double scale = [&] {
+        if (const auto* d = std::get_if<RecordingTarget::Display>(&target.target)) {
+            return d->display.space.scale;
+        }
+        if (const auto* a = std::get_if<RecordingTarget::Area>(&target.target)) {
+            return a->display.space.scale;
+        }
+        return 1.0;
+    }();
+    const QString size = QStringLiteral("%1 \u00d7 %2")
+                             .arg(qRound(m_targetRect.width() * scale))
+                             .arg(qRound(m_targetRect.height() * scale));
+    m_options = new ShotRecordingOptionsBar(m_preferences, capabilities, size);
+    connect(m_options, &ShotRecordingOptionsBar::startRequested, this, &ShotRecordingFlow::begin);
+    connect(m_options, &ShotRecordingOptionsBar::cancelled, this, &ShotRecordingFlow::cancel);
+    const auto place = [this] {
+        if (m_options) {
+            m_options->adjustSize();
+            m_options->move(ShotRecordingLayout::beside(m_targetRect, QSizeF(m_options->size()),
+                                                        m_displayRect)
+                                .toPoint());
+        }
+    };
+    connect(&m_options->controls(), &ShotRecordingControls::changed, this, place);
+    place();
+    if (m_targetRect != m_displayRect) {
+        m_outline.show(m_targetRect, 2, QColor(0x2f, 0x80, 0xed),
+                       QStringLiteral("Nubo Shot Recording Area"));
+    }
+    m_options->show();
+    m_options->raise();
+    m_options->activateWindow();
+    grabKeys({{QStringLiteral("start"), QKeySequence(Qt::Key_Return)},
+              {QStringLiteral("start"), QKeySequence(Qt::Key_Enter)},
+              {QStringLiteral("cancel"), QKeySequence(Qt::Key_Escape)}});
+    qCInfo(lcRecording, "Recording options shown");
+}
+
+void ShotRecordingFlow::begin()
+{
+    if (m_phase != Phase::choosing || !m_options || !m_target) {
+        return;
+    }
+    m_startPressed.start();
+    m_options->close();
+    const bool countdown = m_preferences.boolean(keys::recordingCountdown, true);
+    const RecordingOptions options = RecordingOptions::read(m_preferences);
+    m_options = nullptr;
+    m_outline.hide();
+    if (!countdown) {
+        startRecorder(*m_target, options, recordingFolder(m_preferences));
+        return;
+    }
+    setPhase(Phase::countingDown);
+    m_countdown = new ShotRecordingCountdown;
+    const QRectF visible = m_targetRect.intersected(m_displayRect);
+    const QPointF centre = (visible.isEmpty() ? m_displayRect : visible).center();
+    m_countdown->move((centre - QPointF(m_countdown->width(), m_countdown->height()) / 2).toPoint());
+    connect(m_countdown, &ShotRecordingCountdown::finished, this, [this, options] {
+        if (m_countdown) {
+            m_countdown->close();
+        }
+        m_keys.reset();
+        if (m_phase == Phase::countingDown && m_target) {
+            startRecorder(*m_target, options, recordingFolder(m_preferences));
+        }
+    });
+    m_countdown->show();
+    m_countdown->raise();
+    m_countdown->start();
+    grabKeys({{QStringLiteral("cancel"), QKeySequence(Qt::Key_Escape)}});
+    qCInfo(lcRecording, "Recording countdown shown");
+}
+
+void ShotRecordingFlow::startNow(const RecordingTarget& target, const RecordingOptions& options,
+                                 const QString& folder)
+{
+    if (m_phase != Phase::idle) {
+        throw RecordingError(RecordingError::Code::invalidState);
+    }
+    m_target = target;
+    m_targetRect = targetRect(target);
+    m_displayRect = m_targetRect;
+    try {
+        for (const CaptureDisplay& d : m_platform ? m_platform->capturer()->displays()
+                                                  : QList<CaptureDisplay>()) {
+            if (d.space.globalFrame.contains(m_targetRect.center())) {
+                m_displayRect = d.space.globalFrame;
+            }
+        }
+    } catch (const Error&) {
+        // The bar then goes at the target's own edge.
+    }
+    m_startPressed.start();
+    recorder().start(target, options, folder); // throws before anything shows
+    m_options = nullptr;
+    showControls(options);
+}
+
+void ShotRecordingFlow::startRecorder(const RecordingTarget& target,
+                                      const RecordingOptions& options, const QString& folder)
+{
+    try {
+        recorder().start(target, options, folder);
+    } catch (const Error& error) {
+        fail(error.message());
+        return;
+    }
+    showControls(options);
+}
+
+void ShotRecordingFlow::showControls(const RecordingOptions& options)
+{
+    setPhase(Phase::recording);
+    m_inhibitor->hold(QStringLiteral("Recording the screen"));
+    m_controls = new ShotRecordingControlBar(options.microphone);
+    connect(m_controls, &ShotRecordingControlBar::pauseToggled, this, [this] {
+        try {
+            if (state().is<RecordingState::Paused>()) {
+                resume();
+            } else {
+                pause();
+            }
+        } catch (const Error& error) {
+            qCInfo(lcRecording, "Pause not possible now: %s", qPrintable(error.message()));
+        }
+    });
+    connect(m_controls, &ShotRecordingControlBar::stopRequested, this, [this] {
+        if (isRunning() && !state().is<RecordingState::Finishing>()) {
+            stop();
+        }
+    });
+    connect(m_controls, &ShotRecordingControlBar::cancelRequested, this,
+            &ShotRecordingFlow::cancel);
+    m_controls->adjustSize();
+    m_controls->move(
+        ShotRecordingLayout::beside(m_targetRect, QSizeF(m_controls->size()), m_displayRect)
+            .toPoint());
+    m_controls->show();
+    m_controls->raise();
+    if (options.microphone) {
+        m_meter.start();
+    }
+    if (std::holds_alternative<RecordingTarget::Area>(m_target->target)) {
+        m_outline.show(m_targetRect, 2, QColor(224, 53, 43),
+                       QStringLiteral("Nubo Shot Recording Area"));
+    }
+    qCInfo(lcRecording, "Recording control bar shown");
+}
+
+void ShotRecordingFlow::recorderChanged(const RecordingState& state)
+{
+    if (m_controls) {
+        m_controls->showState(state);
+    }
+    emit stateChanged(state);
+    if (const auto* finished = std::get_if<RecordingState::Finished>(&state.state)) {
+        m_inhibitor->release();
+        setPhase(Phase::idle);
+        qCInfo(lcRecording, "Recording saved to %s", qPrintable(finished->file));
+        ShotNotifications::shared().notifyFile(QStringLiteral("Recording saved"), finished->file,
+                                               QFileInfo(finished->file).fileName());
+    } else if (const auto* failed = std::get_if<RecordingState::Failed>(&state.state)) {
+        m_inhibitor->release();
+        if (m_phase == Phase::recording) { // a start that failed is told by its caller
+            fail(failed->message);
+        }
+    } else if (state.is<RecordingState::Idle>()) {
+        m_inhibitor->release();
+        setPhase(Phase::idle);
+    }
+}
+
+void ShotRecordingFlow::pause()
+{
+    if (!m_recorder) {
+        throw RecordingError(RecordingError::Code::invalidState);
+    }
+    m_recorder->pause();
+}
+
+void ShotRecordingFlow::resume()
+{
+    if (!m_recorder) {
+        throw RecordingError(RecordingError::Code::invalidState);
+    }
+    m_recorder->resume();
+}
+
+void ShotRecordingFlow::stop()
+{
+    if (!m_recorder) {
+        throw RecordingError(RecordingError::Code::invalidState);
+    }
+    m_recorder->stop();
+}
+
+void ShotRecordingFlow::cancel()
+{
+    switch (m_phase) {
+    case Phase::framing:
+        m_overlay->cancel();
+        setPhase(Phase::idle);
+        return;
+    case Phase::choosing:
+    case Phase::countingDown:
+        qCInfo(lcRecording, "Recording cancelled before it started");
+        setPhase(Phase::idle);
+        return;
+    case Phase::recording:
+    case Phase::idle:
+        if (m_recorder && !m_recorder->state().is<RecordingState::Idle>()) {
+            m_recorder->cancel(); // reports idle, which ends the flow
+        }
+        setPhase(Phase::idle);
+        return;
+    }
+}
+
+} // namespace nubo

@@ -1,0 +1,153 @@
+#include "core/Settings.h"
+#include "recording/ShotRecordingControls.h"
+#include "settings/ShotSettingsPage.h"
+#include "settings/ShotShortcutField.h"
+#include "shell/ShotGlobalShortcuts.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QStandardPaths>
+
+namespace nubo {
+
+namespace {
+
+class RecordingSettingsPage : public ShotSettingsPage {
+public:
+    RecordingSettingsPage(const ShotSettingsContext& context, QWidget* parent)
+        : ShotSettingsPage(context, QStringLiteral("Recording"), QStringLiteral("media-record"),
+                           parent)
+    {
+        const RecordingCapabilities capabilities = context.recordingCapabilities
+                                                       ? context.recordingCapabilities()
+                                                       : RecordingCapabilities{};
+        m_controls = new ShotRecordingControls(preferences(), capabilities,
+                                               ShotRecordingControls::Look::form, this);
+        connect(m_controls, &ShotRecordingControls::changed, this,
+                [this] { told(QLatin1String(keys::recordingCodec)); });
+
+        QFormLayout* video = addSection(QStringLiteral("Video"));
+        video->addRow(QStringLiteral("Format:"), m_controls->codec);
+        const QString hevc = ShotRecordingProblems::hevc(capabilities);
+        if (!hevc.isEmpty()) {
+            addNote(video, hevc)->setObjectName(QStringLiteral("recording.codecProblem"));
+        }
+        video->addRow(QStringLiteral("Frame rate:"), m_controls->frameRate);
+        video->addRow(QStringLiteral("Resolution:"), m_controls->resolution);
+
+        QFormLayout* sound = addSection(QStringLiteral("Sound"));
+        sound->addRow(m_controls->systemAudio);
+        sound->addRow(m_controls->microphone);
+        sound->addRow(QStringLiteral("Microphone:"), m_controls->microphoneDevice);
+        if (const QString why = ShotRecordingProblems::microphone(capabilities); !why.isEmpty()) {
+            addNote(sound, why)->setObjectName(QStringLiteral("recording.microphoneProblem"));
+        }
+        m_controls->loadMicrophones();
+
+        QFormLayout* shown = addSection(QStringLiteral("In the recording"));
+        m_controls->cursor->setText(QStringLiteral("Show the pointer"));
+        shown->addRow(m_controls->cursor);
+        m_controls->clicks->setText(QStringLiteral("Highlight clicks"));
+        shown->addRow(m_controls->clicks);
+        if (const QString why = ShotRecordingProblems::clickHighlight(capabilities);
+            !why.isEmpty()) {
+            addNote(shown, why)->setObjectName(QStringLiteral("recording.clicksProblem"));
+        }
+        m_controls->camera->setText(QStringLiteral("Camera bubble"));
+        shown->addRow(m_controls->camera);
+        addNote(shown, ShotRecordingProblems::camera());
+        addSwitch(shown, QStringLiteral("Count down 3 seconds before recording"),
+                  QLatin1String(keys::recordingCountdown), true)
+            ->setObjectName(QStringLiteral("recording.countdown"));
+
+        QFormLayout* saving = addSection(QStringLiteral("Saving"));
+        auto* folderRow = new QWidget(this);
+        auto* line = new QHBoxLayout(folderRow);
+        line->setContentsMargins(0, 0, 0, 0);
+        m_folder = new QLabel(folderRow);
+        m_folder->setObjectName(QStringLiteral("recording.folder"));
+        m_folder->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        line->addWidget(m_folder, 1);
+        auto* choose = new QPushButton(QStringLiteral("Choose\u2026"), folderRow);
+        choose->setObjectName(QStringLiteral("recording.chooseFolder"));
+        line->addWidget(choose);
+        auto* standard = new QPushButton(QStringLiteral("Default"), folderRow);
+        standard->setObjectName(QStringLiteral("recording.defaultFolder"));
+        line->addWidget(standard);
+        saving->addRow(QStringLiteral("Recordings folder:"), folderRow);
+        connect(choose, &QPushButton::clicked, this, [this] {
+            const QString folder = QFileDialog::getExistingDirectory(
+                this, QStringLiteral("Recordings Folder"), shownFolder());
+            if (!folder.isEmpty()) {
+                preferences().setValue(keys::recordingFolder, folder);
+                told(QLatin1String(keys::recordingFolder));
+                reload();
+            }
+        });
+        connect(standard, &QPushButton::clicked, this, [this] {
+            preferences().remove(keys::recordingFolder);
+            told(QLatin1String(keys::recordingFolder));
+            reload();
+        });
+
+        QFormLayout* keys = addSection(QStringLiteral("Shortcut"));
+        m_shortcut =
+            new ShotShortcutField(context, QLatin1String(ShotGlobalShortcuts::recording), keys, this);
+        connect(m_shortcut, &ShotShortcutField::changed, this,
+                &ShotSettingsPage::storedValuesReplaced);
+        addNote(keys, QStringLiteral("Starts a recording, and stops the one under way."));
+        reload();
+    }
+
+    void reload() override
+    {
+        m_controls->reload();
+        reloadSwitches();
+        m_shortcut->reload();
+        const auto chosen = preferences().string(keys::recordingFolder);
+        m_folder->setText(QDir::toNativeSeparators(shownFolder()) +
+                          (chosen && !chosen->isEmpty() ? QString() : QStringLiteral(" (default)")));
+    }
+
+private:
+    // The folder recordings go to, without creating it.
+    QString shownFolder() const
+    {
+        if (const auto chosen = preferences().string(keys::recordingFolder);
+            chosen && !chosen->isEmpty()) {
+            return *chosen;
+        }
+        QString videos = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
+        if (videos.isEmpty()) {
+            videos = QDir::homePath() + QStringLiteral("/Videos");
+        }
+        return videos + QStringLiteral("/Nubo Shot");
+    }
+
+    void told(const QString& key)
+    {
+        if (m_context.changed) {
+            m_context.changed(key);
+        }
+    }
+
+    ShotRecordingControls* m_controls = nullptr;
+    ShotShortcutField* m_shortcut = nullptr;
+    QLabel* m_folder = nullptr;
+};
+
+} // namespace
+
+ShotSettingsPage* makeRecordingSettingsPage(const ShotSettingsContext& context, QWidget* parent)
+{
+    return new RecordingSettingsPage(context, parent);
+}
+
+} // namespace nubo
