@@ -81,6 +81,7 @@ QToolButton* barButton(QWidget* parent, const QString& icon, const QString& tip,
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::NoFocus);
     button->setIconSize(QSize(18, 18));
+    button->setFixedSize(ShotRecordingControlBar::buttonWidth, 28); // one size: the bar reads as a row of equals
     return button;
 }
 
@@ -278,8 +279,8 @@ ShotRecordingControlBar::ShotRecordingControlBar(bool microphone)
 {
     setObjectName(QStringLiteral("recordingControls"));
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(10, 4, 6, 4);
-    row->setSpacing(6);
+    row->setContentsMargins(10, 4, rightMargin, 4);
+    row->setSpacing(buttonSpacing);
     m_dot = new QLabel(this);
     m_dot->setFixedSize(12, 12);
     row->addWidget(m_dot);

@@ -83,6 +83,9 @@ private:
 class ShotRecordingControlBar : public ShotRecordingBar {
     Q_OBJECT
 public:
+    // Its buttons, right to left: cancel, stop, pause; each this wide, this
+    // far apart, after this margin at the right.
+    static constexpr int buttonWidth = 30, buttonSpacing = 6, rightMargin = 6;
     explicit ShotRecordingControlBar(bool microphone);
     void showState(const RecordingState& state);
     // 0 to 1, the loudest sample since the last call.

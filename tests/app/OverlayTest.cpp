@@ -226,24 +226,163 @@ TEST(ShotStatusMenu, ItemsInTheDesignedOrder)
                              quit = true;
                          }});
     QStringList titles;
-    for (const QAction* action : menu.menu().actions()) {
-        titles << (action->isSeparator() ? QStringLiteral("-") : action->text());
+    QList<QAction*> shown;
+    for (QAction* action : menu.menu().actions()) {
+        if (action->isVisible()) {
+            titles << (action->isSeparator() ? QStringLiteral("-") : action->text());
+            shown << action;
+        }
     }
     EXPECT_EQ(titles.join(u'|'),
-              QStringLiteral("Capture Area|Capture Window|Capture Fullscreen|Capture Scrolling|-|"
-                             "Open Image in Nubo Shot\u2026|Recent|-|Settings\u2026|-|Quit Nubo Shot"));
-    const auto actions = menu.menu().actions();
-    EXPECT_EQ(actions[0]->data().toString(), QStringLiteral("area"));
-    EXPECT_EQ(actions[2]->data().toString(), QStringLiteral("fullscreen"));
-    EXPECT_EQ(actions[3]->data().toString(), QStringLiteral("scrolling"));
-    EXPECT_EQ(actions[5]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
-    EXPECT_EQ(actions.last()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
-    actions[1]->trigger();
+              QStringLiteral("Capture Area|Capture Window|Capture Fullscreen|Capture Scrolling|"
+                             "Record Screen|Record Window|-|"
+                             "Open Image in Nubo Shot\u2026|-|Settings\u2026|-|Quit Nubo Shot"))
+        << titles.join(u'|').toStdString(); // Recent shows only while recents are on
+    EXPECT_EQ(shown[0]->data().toString(), QStringLiteral("area"));
+    EXPECT_EQ(shown[2]->data().toString(), QStringLiteral("fullscreen"));
+    EXPECT_EQ(shown[3]->data().toString(), QStringLiteral("scrolling"));
+    EXPECT_EQ(shown[5]->menu()->objectName(), QStringLiteral("shot.recordWindow"));
+    EXPECT_EQ(shown[7]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
+    EXPECT_EQ(shown.last()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
+    shown[1]->trigger();
     EXPECT_EQ(chosen, CaptureMode::window);
-    actions[5]->trigger();
+    shown[7]->trigger();
     EXPECT_TRUE(opened);
-    actions.last()->trigger();
+    shown.last()->trigger();
     EXPECT_TRUE(quit);
+}
+
+// While a recording runs the menu offers what can be done with it and its
+// elapsed time; "Record Window" lists the windows when it opens.
+TEST(ShotStatusMenu, RecordingItemsFollowTheRecording)
+{
+    RecordingState state;
+    QStringList done;
+    ShotStatusMenu::Actions actions;
+    actions.recordingState = [&] { return state; };
+    actions.recordableWindows = [] {
+        return QList<CapturableWindow>{{11, QStringLiteral("Notes & Plans"), QStringLiteral("Writer"), {}, 0},
+                                       {12, QString(), QStringLiteral("Terminal"), {}, 0}};
+    };
+    actions.recordWindow = [&](const CapturableWindow& w) { done << QString::number(w.id); };
+    actions.pauseRecording = [&] { done << QStringLiteral("pause"); };
+    actions.resumeRecording = [&] { done << QStringLiteral("resume"); };
+    actions.stopRecording = [&] { done << QStringLiteral("stop"); };
+    actions.cancelRecording = [&] { done << QStringLiteral("cancel"); };
+    ShotStatusMenu menu(std::move(actions));
+    const auto visible = [&] {
+        QStringList titles;
+        for (const QAction* action : menu.menu().actions()) {
+            if (action->isVisible() && !action->isSeparator() &&
+                menu.menu().actions().indexOf(action) >= 4 &&
+                menu.menu().actions().indexOf(action) < 10) {
+                titles << action->text();
+            }
+        }
+        return titles.join(u'|');
+    };
+    const auto item = [&](const QString& title) {
+        for (QAction* action : menu.menu().actions()) {
+            if (action->isVisible() && action->text() == title) {
+                return action;
+            }
+        }
+        return static_cast<QAction*>(nullptr);
+    };
+    struct Step {
+        RecordingState state;
+        const char* items;
+    };
+    using std::chrono::seconds;
+    const Step steps[] = {
+        {{RecordingState::Idle{}}, "Record Screen|Record Window"},
+        {{RecordingState::Recording{seconds(65)}},
+         "01:05|Pause Recording|Stop Recording|Cancel Recording"},
+        {{RecordingState::Paused{seconds(3599)}},
+         "59:59|Resume Recording|Stop Recording|Cancel Recording"},
+        {{RecordingState::Recording{seconds(6001)}},
+         "100:01|Pause Recording|Stop Recording|Cancel Recording"},
+        {{RecordingState::Finishing{}}, "Saving the recording\u2026"},
+        {{RecordingState::Finished{QStringLiteral("/tmp/a.mp4")}}, "Record Screen|Record Window"},
+    };
+    for (const Step& step : steps) {
+        state = step.state;
+        menu.refreshRecording();
+        EXPECT_EQ(visible(), QString::fromUtf8(step.items)) << state.describe().toStdString();
+    }
+    state = {RecordingState::Recording{seconds(2)}};
+    menu.refreshRecording();
+    item(QStringLiteral("Pause Recording"))->trigger();
+    state = {RecordingState::Paused{seconds(2)}};
+    menu.refreshRecording();
+    item(QStringLiteral("Resume Recording"))->trigger();
+    item(QStringLiteral("Stop Recording"))->trigger();
+    item(QStringLiteral("Cancel Recording"))->trigger();
+    EXPECT_EQ(done.join(u','), QStringLiteral("pause,resume,stop,cancel"));
+
+    emit menu.recordWindowMenu().aboutToShow();
+    QStringList windows;
+    for (QAction* action : menu.recordWindowMenu().actions()) {
+        windows << action->text();
+    }
+    EXPECT_EQ(windows.join(u'|'), QStringLiteral("Notes && Plans \u2014 Writer|Terminal"));
+    menu.recordWindowMenu().actions().at(1)->trigger();
+    EXPECT_EQ(done.last(), QStringLiteral("12"));
+}
+
+// The recording variant answers with what to record: the dragged area, the
+// whole display for a click or F, a window picked after Space.
+TEST_F(OverlayFraming, TheRecordingVariantAnswersWithATarget)
+{
+    CaptureDisplay target;
+    target.id = m_display.id;
+    target.space = m_display.space;
+    target.pixelGeometry = m_display.space.captureFrame.toRect();
+    struct Case {
+        const char* name;
+        QStringList input;
+        RecordingTarget expected;
+    };
+    const Case cases[] = {
+        {"a drag",
+         {"mousemove", "100", "50", "mousedown", "1", "mousemove", "250", "150", "mousemove", "400",
+          "250", "mouseup", "1"},
+         {RecordingTarget::Area{target, QRectF(100, 50, 300, 200)}}},
+        {"a click", {"mousemove", "500", "400", "click", "1"}, {RecordingTarget::Display{target}}},
+        {"F", {"mousemove", "500", "400", "key", "f"}, {RecordingTarget::Display{target}}},
+        {"Space, then a window",
+         {"mousemove", "350", "250", "key", "space", "mousemove", "360", "260", "click", "1"},
+         {RecordingTarget::Window{m_window}}},
+        {"Space, then F", {"mousemove", "10", "10", "key", "space", "key", "f"},
+         {RecordingTarget::Display{target}}},
+    };
+    for (const Case& c : cases) {
+        m_outcome.reset();
+        m_overlay.presentRecording({m_display}, {target}, {m_window});
+        const QDeadlineTimer shown(5000);
+        while ((m_overlay.overlays().isEmpty() || !m_overlay.overlays().first()->isVisible()) &&
+               !shown.hasExpired()) {
+            test::settle(20);
+        }
+        ASSERT_FALSE(m_overlay.overlays().isEmpty()) << c.name;
+        EXPECT_TRUE(m_overlay.overlays().first()->isRecording());
+        test::settle();
+        test::xdotool(c.input);
+        const QDeadlineTimer answered(5000);
+        while (!m_outcome && !answered.hasExpired()) {
+            test::settle(20);
+        }
+        ASSERT_TRUE(m_outcome) << c.name << ": no answer";
+        const auto* recording = std::get_if<ShotOverlayOutcome::Recording>(&m_outcome->outcome);
+        ASSERT_TRUE(recording) << c.name << ": answered for a still";
+        EXPECT_EQ(recording->target, c.expected) << c.name;
+    }
+    EXPECT_EQ(ShotCaptureOverlay::instruction(ShotCaptureOverlay::Mode::area, true),
+              QStringLiteral("Drag an area to record \u00b7 Click or F: Whole Screen \u00b7 "
+                             "Space: Window \u00b7 Esc: Cancel"));
+    EXPECT_EQ(ShotCaptureOverlay::instruction(ShotCaptureOverlay::Mode::window, true),
+              QStringLiteral("Click a window to record \u00b7 Space: Area \u00b7 F: Whole Screen "
+                             "\u00b7 Esc: Cancel"));
 }
 
 } // namespace

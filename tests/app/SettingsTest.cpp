@@ -37,6 +37,8 @@
 #include <QSpinBox>
 #include <QToolButton>
 
+#include <QStandardItemModel>
+
 #include <gtest/gtest.h>
 
 namespace nubo {
@@ -66,7 +68,7 @@ protected:
     {
         m_settings = std::make_unique<ShotSettingsWindow>(ShotSettingsContext{
             *m_preferences, shortcuts, QStringLiteral("/opt/Nubo Shot/bin/nuboshot"),
-            std::move(changed)});
+            std::move(changed), [this] { return m_capabilities; }});
         m_settings->showPage(page);
         activate(*m_settings);
         settle();
@@ -88,6 +90,7 @@ protected:
 
     std::unique_ptr<ShotSettingsWindow> m_settings;
     std::unique_ptr<ShotGlobalShortcuts> m_shortcuts;
+    RecordingCapabilities m_capabilities{true, true, false};
 };
 
 TEST_F(Settings, OneWindowWithItsPagesInASidebar)
@@ -100,7 +103,7 @@ TEST_F(Settings, OneWindowWithItsPagesInASidebar)
         titles << sidebar->item(i)->text();
         EXPECT_FALSE(sidebar->item(i)->icon().isNull());
     }
-    EXPECT_EQ(titles.join(u','), QStringLiteral("General,Shortcuts,Output,Editor,Backup"));
+    EXPECT_EQ(titles.join(u','), QStringLiteral("General,Shortcuts,Output,Recording,Editor,Backup"));
     // Page by page with the keyboard, as on any scale.
     sidebar->setFocus();
     for (int i = 0; i < sidebar->count(); ++i) {
@@ -326,6 +329,55 @@ TEST_F(Settings, ShortcutsAreRecordedAndTakeEffectAtOnce)
                     ->text()
                     .contains(QStringLiteral("Record Screen")));
     test::saveArtifact(m_settings->grab().toImage(), QStringLiteral("settings-shortcuts-used.png"));
+}
+
+// The Recording page stores what the next recording uses, and shows what
+// this computer cannot record disabled, with the reason.
+TEST_F(Settings, RecordingPageStoresTheNextRecordingsOptions)
+{
+    open(QStringLiteral("Recording"));
+    auto* codec = find<QComboBox>(QStringLiteral("recording.codec"));
+    auto* rate = find<QComboBox>(QStringLiteral("recording.frameRate"));
+    ASSERT_TRUE(codec && rate);
+    // No hardware HEVC encoder here: HEVC is listed, disabled, with why.
+    const auto* model = qobject_cast<const QStandardItemModel*>(codec->model());
+    ASSERT_TRUE(model);
+    EXPECT_FALSE(model->item(1)->isEnabled());
+    EXPECT_TRUE(codec->itemData(1, Qt::ToolTipRole).toString().contains(QStringLiteral("VAAPI")));
+    EXPECT_TRUE(find<QLabel>(QStringLiteral("recording.codecProblem"))->isVisible());
+
+    click(rate);
+    settle(300);
+    xdotool({"key", "Down", "Return"});
+    settle(200);
+    EXPECT_EQ(m_preferences->string(keys::recordingFrameRate), std::optional(QStringLiteral("fps60")));
+    EXPECT_EQ(RecordingOptions::read(*m_preferences).frameRate, RecordingFrameRate::fps60);
+
+    tick(find<QCheckBox>(QStringLiteral("recording.microphone")));
+    EXPECT_TRUE(m_preferences->boolean(keys::recordingMicrophone, false));
+    tick(find<QCheckBox>(QStringLiteral("recording.countdown")));
+    EXPECT_FALSE(m_preferences->boolean(keys::recordingCountdown, true));
+    EXPECT_EQ(find<QKeySequenceEdit>(QStringLiteral("shortcut.recording"))->keySequence(),
+              QKeySequence(QStringLiteral("Ctrl+Alt+R")));
+    test::saveArtifact(m_settings->grab().toImage(), QStringLiteral("settings-recording-page.png"));
+
+    // Without an audio server and XInput: those two are disabled and say why;
+    // what was stored for them stays.
+    m_capabilities = {false, false, false};
+    open(QStringLiteral("Recording"));
+    auto* microphone = find<QCheckBox>(QStringLiteral("recording.microphone"));
+    EXPECT_FALSE(microphone->isEnabled());
+    EXPECT_EQ(microphone->toolTip(),
+              QStringLiteral("Microphone recording requires a running audio server."));
+    EXPECT_EQ(find<QLabel>(QStringLiteral("recording.microphoneProblem"))->text(),
+              microphone->toolTip());
+    auto* clicks = find<QCheckBox>(QStringLiteral("recording.clicks"));
+    EXPECT_FALSE(clicks->isEnabled());
+    EXPECT_EQ(clicks->toolTip(),
+              QStringLiteral("Click highlighting requires the X Input extension."));
+    tick(find<QCheckBox>(QStringLiteral("recording.systemAudio")));
+    EXPECT_TRUE(m_preferences->boolean(keys::recordingSystemAudio, false));
+    EXPECT_TRUE(m_preferences->boolean(keys::recordingMicrophone, false));
 }
 
 TEST_F(Settings, EditorDefaultsAreWhatNewMarksTake)

@@ -61,6 +61,33 @@ bool windowShown(const QString& name)
                 .isEmpty();
 }
 
+QRect windowGeometry(const QString& id)
+{
+    const QString info = run(QStringLiteral("xwininfo"), {"-id", id});
+    const auto number = [&](const char* label) {
+        const auto match =
+            QRegularExpression(QString::fromLatin1(label) + QStringLiteral(":\\s+(-?\\d+)"))
+                .match(info);
+        return match.hasMatch() ? match.captured(1).toInt() : -1;
+    };
+    return {number("Absolute upper-left X"), number("Absolute upper-left Y"), number("Width"),
+            number("Height")};
+}
+
+QRect shownWindowGeometry(const QString& name)
+{
+    const QStringList ids = run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", name})
+                                .split(u'\n', Qt::SkipEmptyParts);
+    QRect largest;
+    for (const QString& id : ids) {
+        const QRect r = windowGeometry(id);
+        if (r.width() * r.height() > largest.width() * largest.height()) {
+            largest = r;
+        }
+    }
+    return largest;
+}
+
 // The on-screen rectangle of the tray icon's window, as xwininfo reports it.
 QRect trayIconGeometry()
 {
@@ -68,15 +95,7 @@ QRect trayIconGeometry()
         run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--classname", "nuboshot"})
             .split(u'\n', Qt::SkipEmptyParts);
     for (const QString& id : ids) {
-        const QString info = run(QStringLiteral("xwininfo"), {"-id", id});
-        const auto number = [&](const char* label) {
-            const auto match =
-                QRegularExpression(QString::fromLatin1(label) + QStringLiteral(":\\s+(-?\\d+)"))
-                    .match(info);
-            return match.hasMatch() ? match.captured(1).toInt() : -1;
-        };
-        const QRect rect(number("Absolute upper-left X"), number("Absolute upper-left Y"),
-                         number("Width"), number("Height"));
+        const QRect rect = windowGeometry(id);
         if (rect.width() > 4 && rect.width() < 100 && rect.height() > 4 && rect.height() < 100) {
             return rect;
         }

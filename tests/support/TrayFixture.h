@@ -23,6 +23,11 @@ bool startRecordCommand(QProcess& recorder, const QStringList& arguments, const 
                         QString& log);
 // Waits for the command's end; the movie's path it printed.
 QString finishRecordCommand(QProcess& recorder, QString& log, int timeoutMs = 60000);
+// A window's rectangle on screen (xwininfo), by its id.
+QRect windowGeometry(const QString& id);
+// The rectangle of the largest visible window whose name matches `name` (a
+// regular expression); empty when none shows.
+QRect shownWindowGeometry(const QString& name);
 // The on-screen rectangle of the tray icon's window; empty when none shows.
 QRect trayIconGeometry();
 
