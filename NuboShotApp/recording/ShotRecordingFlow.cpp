@@ -156,6 +156,7 @@ void ShotRecordingFlow::setPhase(Phase phase)
     if (phase == Phase::idle) {
         closeWindows();
         m_target.reset();
+        m_inhibitor->release();
     }
     if (phase != m_phase) {
         m_phase = phase;
@@ -371,6 +372,9 @@ void ShotRecordingFlow::begin()
         return;
     }
     m_startPressed.start();
+    m_keys.reset(); // Return and Escape are everyone's again
+    // Held from here: the countdown is part of the recording to the user.
+    m_inhibitor->hold(QStringLiteral("Recording the screen"));
     m_options->close();
     const bool countdown = m_preferences.boolean(keys::recordingCountdown, true);
     const RecordingOptions options = RecordingOptions::read(m_preferences);
@@ -440,6 +444,7 @@ void ShotRecordingFlow::startRecorder(const RecordingTarget& target,
 
 void ShotRecordingFlow::showControls(const RecordingOptions& options)
 {
+    m_keys.reset();
     setPhase(Phase::recording);
     m_inhibitor->hold(QStringLiteral("Recording the screen"));
     m_controls = new ShotRecordingControlBar(options.microphone);

@@ -25,6 +25,7 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
+#include <QTimer>
 #include <QFutureWatcher>
 #include <QtConcurrent>
 #include <QCursor>
@@ -121,6 +122,11 @@ void TrayApplication::quit()
         box.addButton(QMessageBox::Cancel);
         box.setDefaultButton(stop);
         box.setWindowFlag(Qt::WindowStaysOnTopHint);
+        // Asked from the tray: the question takes the keyboard once it shows.
+        QTimer::singleShot(100, &box, [&box] {
+            box.raise();
+            box.activateWindow();
+        });
         box.exec();
         if (box.clickedButton() != stop) {
             return;

@@ -39,6 +39,7 @@ protected:
         ASSERT_TRUE(m_folder.isValid());
         ShotPreferences preferences;
         preferences.setValue(keys::recordingFolder, m_folder.path());
+        preferences.remove(keys::recordingCountdown); // on, as a new user has it
         preferences.sync();
     }
     void TearDown() override
@@ -258,7 +259,8 @@ TEST_F(RecordingFlow, EscapeDuringTheCountdownLeavesNothing)
     ASSERT_TRUE(waitForLog(QStringLiteral("Recording countdown shown")));
     QThread::msleep(600);
     key(QStringLiteral("Escape"));
-    ASSERT_TRUE(waitForLog(QStringLiteral("Recording cancelled before it started")));
+    ASSERT_TRUE(waitForLog(QStringLiteral("Recording cancelled before it started")))
+        << m_log.toStdString();
     QThread::msleep(3500); // past the countdown's end
     EXPECT_FALSE(m_log.contains(QStringLiteral("Writing "))) << m_log.toStdString();
     EXPECT_TRUE(moviesInFolder().isEmpty());
@@ -307,9 +309,10 @@ TEST_F(RecordingFlow, RecordWindowFromTheMenuRecordsThatWindow)
     EXPECT_GE(decoded.height, qRound(260 * scale));
     EXPECT_LE(decoded.height, qRound(260 * scale) + 60);
     const QColor middle = decoded.frames.last().pixelColor(decoded.width / 2, decoded.height / 2);
-    EXPECT_NEAR(middle.red(), 0x20, 12);
-    EXPECT_NEAR(middle.green(), 0xa0, 12);
-    EXPECT_NEAR(middle.blue(), 0x40, 12);
+    // (through 4:2:0 video in limited range: near, not exact)
+    EXPECT_NEAR(middle.red(), 0x20, 24);
+    EXPECT_NEAR(middle.green(), 0xa0, 24);
+    EXPECT_NEAR(middle.blue(), 0x40, 24);
 }
 
 // Quitting while recording asks first; "Stop and Quit" keeps the movie.
@@ -338,7 +341,9 @@ TEST_F(RecordingFlow, QuittingWhileRecordingAsksAndKeepsTheMovie)
     EXPECT_EQ(m_app.state(), QProcess::Running) << "quit without asking";
     EXPECT_TRUE(moviesInFolder().size() == 1);
     key(QStringLiteral("Return")); // Stop and Quit
-    ASSERT_TRUE(m_app.waitForFinished(20000)) << "did not quit";
+    const bool quit = m_app.waitForFinished(20000);
+    m_log += QString::fromUtf8(m_app.readAllStandardError());
+    ASSERT_TRUE(quit) << "did not quit: " << m_log.toStdString();
     EXPECT_EQ(m_app.exitCode(), 0);
     m_log += QString::fromUtf8(m_app.readAllStandardError());
     EXPECT_TRUE(m_log.contains(QStringLiteral("Recording saved to "))) << m_log.toStdString();

@@ -90,6 +90,9 @@ bool XcbCapturePlatform::holdScreenSaver(bool hold)
             m_screenSaver.reset();
             return false;
         }
+        // A screen saver that started already (during a countdown) goes.
+        xcb_force_screen_saver(x.c, XCB_SCREEN_SAVER_RESET);
+        xcb_flush(x.c);
         return true;
     } catch (const Error& error) {
         qCWarning(lcCapture, "The screen saver is not held off: %s", qPrintable(error.message()));
