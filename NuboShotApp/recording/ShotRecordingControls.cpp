@@ -250,7 +250,7 @@ void ShotRecordingControls::write()
         o.codec = codec->currentIndex() == 1 ? RecordingCodec::hevc : RecordingCodec::h264;
     }
     o.write(m_preferences);
-    microphoneDevice->setVisible(m_look == Look::form || o.microphone);
+    microphoneDevice->setVisible(m_look == Look::form || (o.microphone && microphone->isEnabled()));
     emit changed();
 }
 

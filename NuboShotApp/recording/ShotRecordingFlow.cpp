@@ -77,8 +77,10 @@ ShotRecordingFlow::ShotRecordingFlow(std::shared_ptr<CapturePlatform> platform,
                 }
                 choose(target, display);
             });
-    connect(m_overlay.get(), &ShotOverlayController::shown, this,
-            [] { qCInfo(lcRecording, "Recording overlay shown"); });
+    connect(m_overlay.get(), &ShotOverlayController::shown, this, [this] {
+        qCInfo(lcRecording, "Recording overlay shown after %lld ms",
+               static_cast<long long>(m_requested.elapsed()));
+    });
     connect(m_overlay.get(), &ShotOverlayController::cancelled, this, [this] {
         qCInfo(lcRecording, "Recording cancelled while framing");
         setPhase(Phase::idle);
@@ -242,6 +244,7 @@ void ShotRecordingFlow::recordScreen()
 {
     Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
     qCInfo(lcRecording, "Record Screen requested");
+    m_requested.start();
     if (m_phase != Phase::idle) {
         qCInfo(lcRecording, "Record Screen ignored: a recording is already under way");
         return;

@@ -110,6 +110,7 @@ private:
     QPointer<ShotRecordingControlBar> m_controls;
     ShotAreaOutline m_outline;
     QTimer m_meter; // the microphone's level on the control bar
+    QElapsedTimer m_requested;    // Record Screen to the overlay, for the log
     QElapsedTimer m_startPressed; // Start to the first frame, for the log
 };
 

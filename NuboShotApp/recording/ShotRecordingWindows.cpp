@@ -119,10 +119,11 @@ QPointF ShotRecordingLayout::beside(const QRectF& target, const QSizeF& bar,
 }
 
 ShotRecordingBar::ShotRecordingBar(const QString& title, bool takesFocus)
+    // Placed exactly where asked, beside the window manager (no taskbar
+    // entry, no decoration); the options bar still takes the keyboard.
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                           (takesFocus ? Qt::WindowFlags()
-                                       : Qt::WindowDoesNotAcceptFocus |
-                                             Qt::X11BypassWindowManagerHint))
+                           Qt::X11BypassWindowManagerHint |
+                           (takesFocus ? Qt::WindowFlags() : Qt::WindowDoesNotAcceptFocus))
 {
     setWindowTitle(title);
     setAttribute(Qt::WA_DeleteOnClose);

@@ -60,10 +60,10 @@ TEST(ShotRecordingOptionsBar, ChoicesAreStoredAndUnavailableOnesSayWhy)
     preferences.setValue(keys::recordingCodec, QStringLiteral("hevc"));
     ShotRecordingOptionsBar bar(preferences, {false, true, false}, QStringLiteral("600 \u00d7 400"));
     bar.setAttribute(Qt::WA_DeleteOnClose, false);
-    bar.move(200, 200);
+    bar.move(0, 200);
     bar.show();
     bar.activateWindow();
-    test::settle(300);
+    test::settle(600); // the microphone list has come, the bar has its size
     ShotRecordingControls& c = bar.controls();
 
     EXPECT_FALSE(c.microphone->isEnabled());
@@ -80,7 +80,8 @@ TEST(ShotRecordingOptionsBar, ChoicesAreStoredAndUnavailableOnesSayWhy)
     EXPECT_EQ(asked.codec, RecordingCodec::h264);
 
     const auto press = [](QWidget* w) {
-        const QPoint p = w->mapToGlobal(w->rect().center());
+        // xdotool speaks the screen's pixels; the widgets, points.
+        const QPoint p = w->mapToGlobal(w->rect().center()) * w->devicePixelRatioF();
         test::xdotool({"mousemove", QString::number(p.x()), QString::number(p.y()), "click", "1"});
         test::settle(150);
     };
