@@ -438,6 +438,12 @@ void ShotRecordingFlow::startRecorder(const RecordingTarget& target,
 {
     try {
         recorder().start(target, options, folder);
+    } catch (const CaptureError& error) {
+        // The designed line, and what exactly was missing.
+        fail(error.detail().isEmpty()
+                 ? error.message()
+                 : QStringLiteral("%1 (%2)").arg(error.message(), error.detail()));
+        return;
     } catch (const Error& error) {
         fail(error.message());
         return;

@@ -315,6 +315,43 @@ TEST_F(RecordingFlow, RecordWindowFromTheMenuRecordsThatWindow)
     EXPECT_NEAR(middle.blue(), 0x40, 24);
 }
 
+// A window that closes while its options are chosen: the recording cannot
+// start, and an alert says so by its name; nothing is left.
+TEST_F(RecordingFlow, AWindowGoneBeforeStartIsAClearAlert)
+{
+    setPreference(keys::recordingCountdown, false);
+    ASSERT_NO_FATAL_FAILURE(openWindow(QRect(300, 200, 420, 260), QStringLiteral("a02020"),
+                                       QStringLiteral("Short Lived")));
+    ASSERT_NO_FATAL_FAILURE(startTray());
+    ASSERT_TRUE(openTrayMenu());
+    for (int i = 0; i < 6; ++i) {
+        key(QStringLiteral("Down"));
+    }
+    key(QStringLiteral("Right"));
+    QThread::msleep(400);
+    key(QStringLiteral("Return"));
+    ASSERT_TRUE(waitForLog(QStringLiteral("Recording options shown"))) << m_log.toStdString();
+    m_window.kill();
+    m_window.waitForFinished();
+    QThread::msleep(500);
+    key(QStringLiteral("Return"));
+    ASSERT_TRUE(waitUntil([] {
+        return !shownWindowGeometry(QStringLiteral("^Could Not Record Screen$")).isEmpty();
+    })) << m_log.toStdString();
+    saveArtifact(screen(), QStringLiteral("recording-failed-alert.png"));
+    EXPECT_TRUE(waitForLog(QStringLiteral("Recording failed: No screen content is available. (")))
+        << "the alert does not say what is missing: " << m_log.toStdString();
+    EXPECT_TRUE(moviesInFolder().isEmpty());
+    key(QStringLiteral("Return")); // OK
+    EXPECT_TRUE(waitUntil([] {
+        return shownWindowGeometry(QStringLiteral("^Could Not Record Screen$")).isEmpty();
+    }));
+    // The flow is ready again: the shortcut starts a new one.
+    key(QStringLiteral("ctrl+alt+r"));
+    EXPECT_TRUE(waitForLog(QStringLiteral("Recording overlay shown")));
+    key(QStringLiteral("Escape"));
+}
+
 // Quitting while recording asks first; "Stop and Quit" keeps the movie.
 TEST_F(RecordingFlow, QuittingWhileRecordingAsksAndKeepsTheMovie)
 {
