@@ -112,8 +112,12 @@ public:
         reloadSwitches();
         m_shortcut->reload();
         const auto chosen = preferences().string(keys::recordingFolder);
-        m_folder->setText(QDir::toNativeSeparators(shownFolder()) +
-                          (chosen && !chosen->isEmpty() ? QString() : QStringLiteral(" (default)")));
+        const QString folder = QDir::toNativeSeparators(shownFolder()) +
+                               (chosen && !chosen->isEmpty() ? QString()
+                                                             : QStringLiteral(" (default)"));
+        // A long path is shortened in its middle; the whole one is the tip.
+        m_folder->setText(m_folder->fontMetrics().elidedText(folder, Qt::ElideMiddle, 320));
+        m_folder->setToolTip(folder);
     }
 
 private:
