@@ -116,7 +116,7 @@ public:
                                (chosen && !chosen->isEmpty() ? QString()
                                                              : QStringLiteral(" (default)"));
         // A long path is shortened in its middle; the whole one is the tip.
-        m_folder->setText(m_folder->fontMetrics().elidedText(folder, Qt::ElideMiddle, 320));
+        m_folder->setText(m_folder->fontMetrics().elidedText(folder, Qt::ElideMiddle, 220));
         m_folder->setToolTip(folder);
     }
 
