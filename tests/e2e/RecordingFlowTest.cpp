@@ -77,6 +77,21 @@ protected:
         QThread::msleep(300);
     }
     static void key(const QString& keys) { run(QStringLiteral("xdotool"), {"key", keys}); }
+    // Opens the tray menu's "Record Window" submenu with the keyboard: the
+    // sixth item (Capture Area, Window, Fullscreen, Scrolling, Record
+    // Screen, Record Window), its first entry (the front-most window) active.
+    bool openRecordWindowMenu()
+    {
+        if (!openTrayMenu()) {
+            return false;
+        }
+        for (int i = 0; i < 6; ++i) {
+            key(QStringLiteral("Down"));
+        }
+        key(QStringLiteral("Right"));
+        QThread::msleep(400);
+        return true;
+    }
     static void clickAt(QPoint p)
     {
         run(QStringLiteral("xdotool"),
@@ -281,14 +296,7 @@ TEST_F(RecordingFlow, RecordWindowFromTheMenuRecordsThatWindow)
     ASSERT_NO_FATAL_FAILURE(openWindow(QRect(300, 200, 420, 260), QStringLiteral("20a040"),
                                        QStringLiteral("Green Notes")));
     ASSERT_NO_FATAL_FAILURE(startTray());
-    ASSERT_TRUE(openTrayMenu());
-    // Capture Area, Window, Fullscreen, Scrolling, Record Screen, Record Window.
-    key(QStringLiteral("Down"));
-    for (int i = 0; i < 5; ++i) {
-        key(QStringLiteral("Down"));
-    }
-    key(QStringLiteral("Right"));
-    QThread::msleep(500);
+    ASSERT_TRUE(openRecordWindowMenu());
     saveArtifact(screen(), QStringLiteral("recording-window-menu.png"));
     key(QStringLiteral("Return")); // the front-most window: ours
     ASSERT_TRUE(waitForLog(QStringLiteral("Recording options shown"))) << m_log.toStdString();
@@ -323,12 +331,7 @@ TEST_F(RecordingFlow, AWindowGoneBeforeStartIsAClearAlert)
     ASSERT_NO_FATAL_FAILURE(openWindow(QRect(300, 200, 420, 260), QStringLiteral("a02020"),
                                        QStringLiteral("Short Lived")));
     ASSERT_NO_FATAL_FAILURE(startTray());
-    ASSERT_TRUE(openTrayMenu());
-    for (int i = 0; i < 6; ++i) {
-        key(QStringLiteral("Down"));
-    }
-    key(QStringLiteral("Right"));
-    QThread::msleep(400);
+    ASSERT_TRUE(openRecordWindowMenu());
     key(QStringLiteral("Return"));
     ASSERT_TRUE(waitForLog(QStringLiteral("Recording options shown"))) << m_log.toStdString();
     m_window.kill();
