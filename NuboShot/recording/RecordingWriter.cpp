@@ -1,6 +1,7 @@
 #include "recording/RecordingWriter.h"
 
 #include "core/Logging.h"
+#include "recording/RecordingEncoder.h"
 #include "recording/RecordingRecovery.h"
 
 #include <QFile>
@@ -76,9 +77,10 @@ AVPixelFormat sourceFormat(const QImage& image)
 
 struct RecordingWriter::Encoder {
     AVFormatContext* format = nullptr;
-    AVCodecContext* codec = nullptr;
+    std::unique_ptr<RecordingVideoEncoder> video;
+    AVCodecContext* codec = nullptr; // the video encoder's
+    AVFrame* frame = nullptr;        // its input picture
     AVStream* stream = nullptr;
-    AVFrame* frame = nullptr;
     AVPacket* packet = nullptr;
     SwsContext* scaler = nullptr;
     QSize scalerSource;
@@ -97,8 +99,6 @@ struct RecordingWriter::Encoder {
         avcodec_free_context(&audioCodec);
         sws_freeContext(scaler);
         av_packet_free(&packet);
-        av_frame_free(&frame);
-        avcodec_free_context(&codec);
         if (format) {
             if (format->pb) {
                 avio_closep(&format->pb);
@@ -182,45 +182,20 @@ void RecordingWriter::open()
     if (status < 0) {
         fail(QStringLiteral("createOutput"), status);
     }
-    const AVCodec* codec = avcodec_find_encoder_by_name("libx264");
-    if (!codec) {
-        codec = avcodec_find_encoder(AV_CODEC_ID_H264);
-    }
-    if (!codec) {
-        throw RecordingError(RecordingError::Code::codecUnsupported);
-    }
     const int fps = framesPerSecond(m_options.frameRate);
-    e->codec = avcodec_alloc_context3(codec);
-    e->codec->width = m_size.width();
-    e->codec->height = m_size.height();
-    e->codec->pix_fmt = AV_PIX_FMT_YUV420P;
-    e->codec->time_base = movieTimeBase;
-    e->codec->framerate = AVRational{fps, 1};
-    e->codec->bit_rate = recordingBitRate(m_size.width(), m_size.height(), m_options.frameRate,
-                                          RecordingCodec::h264);
-    e->codec->rc_max_rate = e->codec->bit_rate * 3 / 2;
-    e->codec->rc_buffer_size = int(std::min<qint64>(e->codec->bit_rate * 2, INT_MAX));
-    e->codec->gop_size = 2 * fps;
-    e->codec->max_b_frames = 0;
-    e->codec->profile = FF_PROFILE_H264_HIGH;
-    e->codec->color_primaries = AVCOL_PRI_BT709;
-    e->codec->color_trc = AVCOL_TRC_IEC61966_2_1;
-    e->codec->colorspace = AVCOL_SPC_BT709;
-    e->codec->color_range = AVCOL_RANGE_MPEG;
-    if (e->format->oformat->flags & AVFMT_GLOBALHEADER) {
-        e->codec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
-    }
-    AVDictionary* codecOptions = nullptr;
-    av_dict_set(&codecOptions, "preset", "superfast", 0); // made for real time
-    av_dict_set(&codecOptions, "profile", "high", 0);
-    status = avcodec_open2(e->codec, codec, &codecOptions);
-    av_dict_free(&codecOptions);
-    if (status < 0) {
-        fail(QStringLiteral("openEncoder"), status);
-    }
+    e->video = RecordingVideoEncoder::open(
+        m_options.codec,
+        {m_size, fps,
+         recordingBitRate(m_size.width(), m_size.height(), m_options.frameRate, m_options.codec),
+         (e->format->oformat->flags & AVFMT_GLOBALHEADER) != 0});
+    e->codec = e->video->context();
+    e->frame = e->video->input();
     e->stream = avformat_new_stream(e->format, nullptr);
     e->stream->time_base = movieTimeBase;
     avcodec_parameters_from_context(e->stream->codecpar, e->codec);
+    if (e->codec->codec_id == AV_CODEC_ID_HEVC) {
+        e->stream->codecpar->codec_tag = MKTAG('h', 'v', 'c', '1'); // what players ask for
+    }
     if (m_audio) {
         const AVCodec* aac = avcodec_find_encoder(AV_CODEC_ID_AAC);
         if (!aac) {
@@ -270,17 +245,6 @@ void RecordingWriter::open()
         fail(QStringLiteral("startWriting"), status);
     }
     e->headerWritten = true;
-    e->frame = av_frame_alloc();
-    e->frame->format = AV_PIX_FMT_YUV420P;
-    e->frame->width = m_size.width();
-    e->frame->height = m_size.height();
-    e->frame->color_primaries = AVCOL_PRI_BT709;
-    e->frame->color_trc = AVCOL_TRC_IEC61966_2_1;
-    e->frame->colorspace = AVCOL_SPC_BT709;
-    e->frame->color_range = AVCOL_RANGE_MPEG;
-    if ((status = av_frame_get_buffer(e->frame, 0)) < 0) {
-        fail(QStringLiteral("allocateFrame"), status);
-    }
     e->packet = av_packet_alloc();
     {
         const std::lock_guard lock(m_muxMutex);
@@ -289,7 +253,7 @@ void RecordingWriter::open()
     m_opened = true;
     qCInfo(lcRecordingWriter, "Writing %dx%d at %d fps, %lld bit/s with %s%s into %s",
            m_size.width(), m_size.height(), fps, static_cast<long long>(m_encoder->codec->bit_rate),
-           codec->name, m_audio ? " and AAC sound" : "", qPrintable(m_file));
+           qPrintable(m_encoder->video->name()), m_audio ? " and AAC sound" : "", qPrintable(m_file));
 }
 
 bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captureTime)
@@ -323,7 +287,7 @@ bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captu
     if (!e.scaler || e.scalerSource != picture.size() || e.scalerFormat != format) {
         sws_freeContext(e.scaler);
         e.scaler = sws_getContext(picture.width(), picture.height(), format, m_size.width(),
-                                  m_size.height(), AV_PIX_FMT_YUV420P,
+                                  m_size.height(), e.video->inputFormat(),
                                   picture.size() == m_size ? SWS_POINT : SWS_AREA, nullptr,
                                   nullptr, nullptr);
         if (!e.scaler) {
@@ -342,8 +306,7 @@ bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captu
     const uint8_t* source[1] = {picture.constBits()};
     const int stride[1] = {int(picture.bytesPerLine())};
     sws_scale(e.scaler, source, stride, 0, picture.height(), e.frame->data, e.frame->linesize);
-    e.frame->pts = pts;
-    status = avcodec_send_frame(e.codec, e.frame);
+    status = e.video->send(pts);
     if (status < 0) {
         fail(QStringLiteral("appendVideo"), status);
     }
@@ -824,7 +787,8 @@ void RecordingWriter::moveIndexToFront(const QString& file)
         AVStream* stream = avformat_new_stream(output, nullptr);
         check(stream ? 0 : AVERROR(ENOMEM), "indexMovie");
         check(avcodec_parameters_copy(stream->codecpar, input->streams[i]->codecpar), "indexMovie");
-        stream->codecpar->codec_tag = 0;
+        stream->codecpar->codec_tag =
+            stream->codecpar->codec_id == AV_CODEC_ID_HEVC ? MKTAG('h', 'v', 'c', '1') : 0;
         stream->time_base = input->streams[i]->time_base;
     }
     check(avio_open(&output->pb, to.constData(), AVIO_FLAG_WRITE), "indexMovie");

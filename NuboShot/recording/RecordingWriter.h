@@ -15,9 +15,8 @@
 
 namespace nubo {
 
-// Writes one recording into an MP4 through FFmpeg: H.264 (High, no
-// B-frames, a key frame every two seconds, the design's bit rate, BT.709
-// tags), frames timed by their capture time through the timeline; with
+// Writes one recording into an MP4 through FFmpeg: H.264 or HEVC (see
+// RecordingVideoEncoder), frames timed by their capture time through the timeline; with
 // system audio or a microphone, AAC at 48 kHz stereo, 192 kb/s, mixed from
 // both. While recording the file is a fragmented MP4 with a fragment at every
 // key frame and at least every two seconds, so a killed process leaves a
@@ -71,7 +70,8 @@ public:
     qint64 videoFrames() const { return m_frames; }
     std::optional<RecordingDuration> lastVideoTime() const { return m_lastVideoTime; }
     RecordingTimeline timeline() const;
-    // The encoder in use ("libx264", "h264_vaapi"); empty before the first frame.
+    // The video encoder in use ("libx264", "h264_vaapi", "hevc_nvenc"…);
+    // empty before the first frame.
     QString encoderName() const;
 
     // Rewrites a movie (a fragmented one included) with its index at the

@@ -12,6 +12,7 @@
 #include "shell/ShotGlobalShortcuts.h"
 #include "output/ShotClipboard.h"
 #include "output/ShotNotifications.h"
+#include "recording/RecordingEncoder.h"
 #include "recording/RecordingRecovery.h"
 #include "recording/ShotRecordingFlow.h"
 #include "recents/ShotRecentStore.h"
@@ -357,6 +358,8 @@ TrayApplication::Start TrayApplication::start()
         }
     });
     recovery->setFuture(QtConcurrent::run(&RecordingRecovery::recoverInterrupted));
+    // Which GPU encoders open is asked now, so the first recording does not wait for it.
+    (void)QtConcurrent::run([] { (void)recordingEncoderSupport(); });
     return Start::started;
 }
 

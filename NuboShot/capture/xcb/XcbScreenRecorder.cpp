@@ -4,6 +4,7 @@
 #include "capture/xcb/XcbConnection.h"
 #include "core/Logging.h"
 #include "recording/PulseAudioCapture.h"
+#include "recording/RecordingEncoder.h"
 #include "recording/RecordingWriter.h"
 
 #include <QDir>
@@ -219,7 +220,7 @@ RecordingCapabilities XcbScreenRecorder::capabilities()
     } catch (const Error&) {
     }
     c.supportsMicrophone = !RecordingAudioServer::unavailable();
-    // No hardware HEVC encoder is driven yet.
+    c.supportsHEVC = !recordingEncoderSupport().hevc.isEmpty();
     return c;
 }
 

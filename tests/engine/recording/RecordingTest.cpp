@@ -2,6 +2,7 @@
 // what was written with FFmpeg.
 
 #include "core/Settings.h"
+#include "recording/RecordingEncoder.h"
 #include "recording/RecordingTimeline.h"
 #include "recording/RecordingTypes.h"
 #include "recording/RecordingWriter.h"
@@ -13,6 +14,10 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+}
 
 namespace nubo {
 namespace {
@@ -245,6 +250,68 @@ TEST(RecordingWriter, FramesInOrderPausesCutExactlyAndTheIndexIsInFront)
         // The pause shortens the movie by exactly its length.
         EXPECT_NEAR(movie.times[k], k / 30.0, 1e-4) << k;
         EXPECT_EQ(movie.keyFrames[k], k % 60 == 0) << k;
+    }
+}
+
+// Whichever encoder opens here (a GPU's where there is one, else libx264
+// for H.264 and nothing for HEVC), it is set up alike.
+TEST(RecordingVideoEncoder, TheBestEncoderThatOpensIsSetUpAsDesigned)
+{
+    const RecordingEncoderSupport& support = recordingEncoderSupport();
+    if (!QDir(QStringLiteral("/dev/dri")).exists() && !QFile::exists(QStringLiteral("/dev/nvidiactl"))) {
+        EXPECT_TRUE(support.h264Hardware.isEmpty() && support.hevc.isEmpty())
+            << "a hardware encoder without a GPU";
+    }
+    struct Case {
+        RecordingCodec codec;
+        QString expected; // empty: none opens
+        AVCodecID id;
+        int profile;
+    };
+    const Case cases[] = {
+        {RecordingCodec::h264,
+         support.h264Hardware.isEmpty() ? QStringLiteral("libx264") : support.h264Hardware,
+         AV_CODEC_ID_H264, FF_PROFILE_H264_HIGH},
+        {RecordingCodec::hevc, support.hevc, AV_CODEC_ID_HEVC, FF_PROFILE_HEVC_MAIN},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(toString(c.codec).toStdString());
+        const RecordingVideoEncoder::Settings settings{QSize(1000, 700), 60, 6'720'000, true};
+        if (c.expected.isEmpty()) {
+            try {
+                RecordingVideoEncoder::open(c.codec, settings);
+                ADD_FAILURE() << "an encoder opened that the probe did not find";
+            } catch (const RecordingError& error) {
+                EXPECT_EQ(error.code(), Code::codecUnsupported);
+            }
+            continue;
+        }
+        const auto encoder = RecordingVideoEncoder::open(c.codec, settings);
+        EXPECT_EQ(encoder->name(), c.expected);
+        EXPECT_EQ(encoder->isHardware(), c.expected != QLatin1String("libx264"));
+        const AVCodecContext* context = encoder->context();
+        EXPECT_EQ(context->codec_id, c.id);
+        EXPECT_EQ(context->profile, c.profile);
+        EXPECT_EQ(QSize(context->width, context->height), QSize(1000, 700));
+        EXPECT_EQ(context->gop_size, 120) << "a key frame every two seconds";
+        EXPECT_EQ(context->max_b_frames, 0);
+        EXPECT_EQ(context->bit_rate, 6'720'000);
+        EXPECT_EQ(context->colorspace, AVCOL_SPC_BT709);
+        EXPECT_TRUE(context->flags & AV_CODEC_FLAG_GLOBAL_HEADER);
+        EXPECT_GT(context->extradata_size, 0) << "no parameter sets for the container";
+        EXPECT_EQ(encoder->input()->format,
+                  encoder->name().endsWith(QLatin1String("_vaapi")) ? AV_PIX_FMT_NV12
+                                                                    : AV_PIX_FMT_YUV420P);
+    }
+    // The writer asks for the same and fails the same: HEVC without an
+    // encoder leaves no file behind.
+    if (support.hevc.isEmpty()) {
+        QTemporaryDir dir;
+        RecordingOptions options;
+        options.codec = RecordingCodec::hevc;
+        RecordingWriter writer(dir.filePath("hevc.mp4"), QSize(320, 240), options);
+        EXPECT_THROW(writer.appendVideo(counterFrame(0, QSize(320, 240)), ms(0)), RecordingError);
+        EXPECT_FALSE(QFileInfo::exists(dir.filePath("hevc.mp4")));
     }
 }
 

@@ -1,0 +1,271 @@
+#include "recording/RecordingEncoder.h"
+
+#include "core/Logging.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <mutex>
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavutil/hwcontext.h>
+#include <libavutil/opt.h>
+}
+
+namespace nubo {
+
+namespace {
+
+constexpr AVRational movieTimeBase{1, 90000};
+
+QString avError(int code)
+{
+    char text[AV_ERROR_MAX_STRING_SIZE] = {};
+    av_strerror(code, text, sizeof text);
+    return QString::fromUtf8(text);
+}
+
+bool isVaapi(const QString& name) { return name.endsWith(QLatin1String("_vaapi")); }
+bool isNvenc(const QString& name) { return name.endsWith(QLatin1String("_nvenc")); }
+
+// The GPUs' render nodes, where VAAPI devices are opened.
+QStringList renderNodes()
+{
+    QStringList nodes;
+    const QDir dri(QStringLiteral("/dev/dri"));
+    for (const QString& node :
+         dri.entryList({QStringLiteral("renderD*")}, QDir::System | QDir::Files, QDir::Name)) {
+        nodes << dri.filePath(node);
+    }
+    return nodes;
+}
+
+RecordingEncoderSupport probe()
+{
+    RecordingEncoderSupport support;
+    const RecordingVideoEncoder::Settings small{QSize(640, 360), 30, 1'000'000, false};
+    const auto best = [&](RecordingCodec codec) {
+        try {
+            return RecordingVideoEncoder::open(codec, small)->name();
+        } catch (const RecordingError&) {
+            return QString();
+        }
+    };
+    support.hevc = best(RecordingCodec::hevc);
+    if (const QString h264 = best(RecordingCodec::h264); h264 == QLatin1String("h264_vaapi")) {
+        support.h264Hardware = h264;
+    }
+    qCInfo(lcRecordingWriter, "Hardware video encoders: H.264 %s, HEVC %s",
+           support.h264Hardware.isEmpty() ? "none" : qPrintable(support.h264Hardware),
+           support.hevc.isEmpty() ? "none" : qPrintable(support.hevc));
+    return support;
+}
+
+std::once_flag probeOnce;
+RecordingEncoderSupport probed;
+thread_local bool probing = false;
+
+} // namespace
+
+QStringList RecordingVideoEncoder::candidates(RecordingCodec codec)
+{
+    switch (codec) {
+    case RecordingCodec::hevc:
+        return {QStringLiteral("hevc_vaapi"), QStringLiteral("hevc_nvenc")};
+    case RecordingCodec::h264:
+        break;
+    }
+    return {QStringLiteral("h264_vaapi"), QStringLiteral("libx264")};
+}
+
+std::unique_ptr<RecordingVideoEncoder> RecordingVideoEncoder::open(RecordingCodec codec,
+                                                                   const Settings& settings)
+{
+    // While probing every hardware encoder is tried; afterwards only those
+    // that opened then (a missing GPU is not asked again for each movie).
+    const RecordingEncoderSupport* support = probing ? nullptr : &recordingEncoderSupport();
+    std::unique_ptr<RecordingVideoEncoder> encoder(new RecordingVideoEncoder);
+    std::optional<std::pair<QString, int>> refusal;
+    for (const QString& name : candidates(codec)) {
+        const bool hardware = isVaapi(name) || isNvenc(name);
+        if (!avcodec_find_encoder_by_name(name.toLatin1().constData()) ||
+            (hardware && support && !support->opens(name))) {
+            continue;
+        }
+        const int status = encoder->tryOpen(name, settings);
+        if (status >= 0) {
+            return encoder;
+        }
+        if (!probing) {
+            qCWarning(lcRecordingWriter, "The %s encoder does not open: %s", qPrintable(name),
+                      qPrintable(avError(status)));
+        }
+        refusal = std::pair(name, status);
+    }
+    if (!refusal) {
+        throw RecordingError(RecordingError::Code::codecUnsupported);
+    }
+    qCWarning(lcRecordingWriter, "Writer failure operation=openEncoder status=%d errors=%s",
+              refusal->second, qPrintable(avError(refusal->second)));
+    throw RecordingError(RecordingError::Code::writerFailed,
+                         avError(refusal->second) + QLatin1Char('.'));
+}
+
+int RecordingVideoEncoder::tryOpen(const QString& name, const Settings& settings)
+{
+    const AVCodec* codec = avcodec_find_encoder_by_name(name.toLatin1().constData());
+    if (!codec) {
+        return AVERROR_ENCODER_NOT_FOUND;
+    }
+    const bool vaapi = isVaapi(name);
+    const bool hevc = codec->id == AV_CODEC_ID_HEVC;
+    int status = 0;
+    const auto undo = [this](int failure) {
+        av_frame_free(&m_upload);
+        av_frame_free(&m_input);
+        avcodec_free_context(&m_context);
+        av_buffer_unref(&m_frames);
+        av_buffer_unref(&m_device);
+        return failure;
+    };
+    if (isNvenc(name) && !QFile::exists(QStringLiteral("/dev/nvidiactl"))) {
+        return AVERROR(ENODEV); // no NVIDIA driver: CUDA is not even loaded
+    }
+    if (vaapi) {
+        const QStringList nodes = renderNodes();
+        status = AVERROR(ENODEV);
+        for (const QString& node : nodes) {
+            status = av_hwdevice_ctx_create(&m_device, AV_HWDEVICE_TYPE_VAAPI,
+                                            QFile::encodeName(node).constData(), nullptr, 0);
+            if (status >= 0) {
+                break;
+            }
+        }
+        if (status < 0) {
+            return undo(status);
+        }
+        m_frames = av_hwframe_ctx_alloc(m_device);
+        if (!m_frames) {
+            return undo(AVERROR(ENOMEM));
+        }
+        auto* frames = reinterpret_cast<AVHWFramesContext*>(m_frames->data);
+        frames->format = AV_PIX_FMT_VAAPI;
+        frames->sw_format = AV_PIX_FMT_NV12;
+        frames->width = settings.size.width();
+        frames->height = settings.size.height();
+        frames->initial_pool_size = 8;
+        if ((status = av_hwframe_ctx_init(m_frames)) < 0) {
+            return undo(status);
+        }
+        m_inputFormat = AV_PIX_FMT_NV12;
+    } else {
+        m_inputFormat = AV_PIX_FMT_YUV420P;
+    }
+    m_context = avcodec_alloc_context3(codec);
+    if (!m_context) {
+        return undo(AVERROR(ENOMEM));
+    }
+    AVCodecContext* c = m_context;
+    c->width = settings.size.width();
+    c->height = settings.size.height();
+    c->pix_fmt = vaapi ? AV_PIX_FMT_VAAPI : AV_PIX_FMT_YUV420P;
+    if (vaapi) {
+        c->hw_frames_ctx = av_buffer_ref(m_frames);
+    }
+    c->time_base = movieTimeBase;
+    c->framerate = AVRational{settings.framesPerSecond, 1};
+    c->bit_rate = settings.bitRate;
+    c->rc_max_rate = settings.bitRate * 3 / 2;
+    c->rc_buffer_size = int(std::min<int64_t>(settings.bitRate * 2, INT_MAX));
+    c->gop_size = 2 * settings.framesPerSecond;
+    c->max_b_frames = 0;
+    c->profile = hevc ? FF_PROFILE_HEVC_MAIN : FF_PROFILE_H264_HIGH;
+    c->color_primaries = AVCOL_PRI_BT709;
+    c->color_trc = AVCOL_TRC_IEC61966_2_1;
+    c->colorspace = AVCOL_SPC_BT709;
+    c->color_range = AVCOL_RANGE_MPEG;
+    if (settings.globalHeader) {
+        c->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
+    }
+    AVDictionary* options = nullptr;
+    if (name == QLatin1String("libx264")) {
+        av_dict_set(&options, "preset", "superfast", 0); // made for real time
+        av_dict_set(&options, "profile", "high", 0);
+    } else if (isNvenc(name)) {
+        av_dict_set(&options, "preset", "p4", 0);
+        av_dict_set(&options, "tune", "ll", 0); // low latency: no frames held back
+        av_dict_set(&options, "rc", "vbr", 0);
+    }
+    status = avcodec_open2(c, codec, &options);
+    av_dict_free(&options);
+    if (status < 0) {
+        return undo(status);
+    }
+    m_input = av_frame_alloc();
+    if (!m_input) {
+        return undo(AVERROR(ENOMEM));
+    }
+    m_input->format = m_inputFormat;
+    m_input->width = c->width;
+    m_input->height = c->height;
+    m_input->color_primaries = c->color_primaries;
+    m_input->color_trc = c->color_trc;
+    m_input->colorspace = c->colorspace;
+    m_input->color_range = c->color_range;
+    if ((status = av_frame_get_buffer(m_input, 0)) < 0) {
+        return undo(status);
+    }
+    if (vaapi && !(m_upload = av_frame_alloc())) {
+        return undo(AVERROR(ENOMEM));
+    }
+    m_hardware = vaapi || isNvenc(name);
+    return 0;
+}
+
+RecordingVideoEncoder::~RecordingVideoEncoder()
+{
+    av_frame_free(&m_upload);
+    av_frame_free(&m_input);
+    avcodec_free_context(&m_context);
+    av_buffer_unref(&m_frames);
+    av_buffer_unref(&m_device);
+}
+
+QString RecordingVideoEncoder::name() const
+{
+    return m_context ? QString::fromLatin1(m_context->codec->name) : QString();
+}
+
+int RecordingVideoEncoder::send(int64_t pts)
+{
+    m_input->pts = pts;
+    if (!m_upload) {
+        return avcodec_send_frame(m_context, m_input);
+    }
+    // Into a surface of the GPU's pool, then to its encoder.
+    int status = av_hwframe_get_buffer(m_frames, m_upload, 0);
+    if (status >= 0) {
+        status = av_hwframe_transfer_data(m_upload, m_input, 0);
+    }
+    if (status >= 0) {
+        status = av_frame_copy_props(m_upload, m_input);
+    }
+    if (status >= 0) {
+        status = avcodec_send_frame(m_context, m_upload);
+    }
+    av_frame_unref(m_upload);
+    return status;
+}
+
+const RecordingEncoderSupport& recordingEncoderSupport()
+{
+    std::call_once(probeOnce, [] {
+        probing = true;
+        probed = probe();
+        probing = false;
+    });
+    return probed;
+}
+
+} // namespace nubo
