@@ -2,6 +2,8 @@
 
 Q_LOGGING_CATEGORY(lcApp, "com.corvane.lab.nuboshot.app", QtInfoMsg)
 Q_LOGGING_CATEGORY(lcArchive, "com.corvane.lab.nuboshot.archive", QtInfoMsg)
+Q_LOGGING_CATEGORY(lcCamera, "com.corvane.lab.nuboshot.camera", QtInfoMsg)
+Q_LOGGING_CATEGORY(lcCameraCompositor, "com.corvane.lab.nuboshot.camera-compositor", QtInfoMsg)
 Q_LOGGING_CATEGORY(lcCapture, "com.corvane.lab.nuboshot.capture", QtInfoMsg)
 Q_LOGGING_CATEGORY(lcExport, "com.corvane.lab.nuboshot.export", QtInfoMsg)
 Q_LOGGING_CATEGORY(lcHistory, "com.corvane.lab.nuboshot.history", QtInfoMsg)

@@ -5,6 +5,8 @@
 // One category per component, all under "com.corvane.lab.nuboshot.".
 Q_DECLARE_LOGGING_CATEGORY(lcApp)
 Q_DECLARE_LOGGING_CATEGORY(lcArchive)
+Q_DECLARE_LOGGING_CATEGORY(lcCamera)
+Q_DECLARE_LOGGING_CATEGORY(lcCameraCompositor)
 Q_DECLARE_LOGGING_CATEGORY(lcCapture)
 Q_DECLARE_LOGGING_CATEGORY(lcExport)
 Q_DECLARE_LOGGING_CATEGORY(lcHistory)
