@@ -1,6 +1,9 @@
 #include "recording/CameraOverlay.h"
 
 #include "core/Logging.h"
+#include "core/Settings.h"
+
+#include <QStringList>
 
 #include <algorithm>
 #include <cerrno>
@@ -24,6 +27,41 @@ uint16_t weight(double fraction)
 }
 
 } // namespace
+
+// ---- Place ----
+
+QRectF recordingCameraFrame(const ShotPreferences& preferences, QSizeF target)
+{
+    if (const std::optional<QString> stored = preferences.string(keys::recordingCameraFrame)) {
+        const QStringList parts = stored->split(QLatin1Char(','));
+        std::array<double, 4> v{};
+        bool ok = parts.size() == 4;
+        for (int i = 0; ok && i < 4; ++i) {
+            v[size_t(i)] = parts[i].trimmed().toDouble(&ok);
+            ok = ok && std::isfinite(v[size_t(i)]);
+        }
+        // At least partly on the target, and neither vanishing nor larger than it.
+        if (ok && v[2] > 0.005 && v[3] > 0.005 && v[2] <= 1 && v[3] <= 1 && v[0] > -v[2] &&
+            v[1] > -v[3] && v[0] < 1 && v[1] < 1) {
+            return QRectF(v[0], v[1], v[2], v[3]);
+        }
+    }
+    const double width = std::max(1.0, target.width());
+    const double height = std::max(1.0, target.height());
+    const double side = std::min(width, height) / 5;
+    const double margin = std::min(width, height) * 0.03;
+    return QRectF(margin / width, (height - margin - side) / height, side / width, side / height);
+}
+
+void storeRecordingCameraFrame(ShotPreferences& preferences, const QRectF& frame)
+{
+    preferences.setValue(keys::recordingCameraFrame,
+                         QStringLiteral("%1,%2,%3,%4")
+                             .arg(frame.x(), 0, 'g', 6)
+                             .arg(frame.y(), 0, 'g', 6)
+                             .arg(frame.width(), 0, 'g', 6)
+                             .arg(frame.height(), 0, 'g', 6));
+}
 
 // ---- Geometry ----
 

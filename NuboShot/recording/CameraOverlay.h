@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <vector>
 
@@ -30,6 +31,34 @@ public:
     // The newest picture, or nothing before the first.
     virtual std::optional<CameraFrame> latestFrame() const = 0;
 };
+
+// Where the bubble sits, in 0…1 of the recorded target on each axis: set
+// by the preview the user moves, read by the recorder at every frame.
+class CameraBubblePlace {
+public:
+    explicit CameraBubblePlace(QRectF frame = {}) : m_frame(frame) {}
+    void set(const QRectF& frame)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_frame = frame;
+    }
+    QRectF get() const
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_frame;
+    }
+
+private:
+    mutable std::mutex m_mutex;
+    QRectF m_frame;
+};
+
+class ShotPreferences;
+// The bubble's frame as stored under "shot.recording.camera.frame" ("x,y,w,h"
+// in 0…1 of the target); without a sound one, a bubble a fifth of the
+// target's smaller side across, 3 % in from its bottom-left corner.
+QRectF recordingCameraFrame(const ShotPreferences& preferences, QSizeF target);
+void storeRecordingCameraFrame(ShotPreferences& preferences, const QRectF& frame);
 
 // The camera bubble of a recording: its pictures, where it sits (read at
 // every frame, in 0…1 of the movie on each axis, so it can move while

@@ -75,6 +75,13 @@ struct RecordingTarget {
     bool operator==(const RecordingTarget&) const = default;
 };
 
+// The global rectangle (points) a target covers: an area within its display.
+QRectF recordingTargetRect(const RecordingTarget& target);
+inline QSizeF recordingTargetSize(const RecordingTarget& target)
+{
+    return recordingTargetRect(target).size();
+}
+
 struct RecordingCapabilities {
     bool supportsMicrophone = false;
     bool supportsClickHighlight = false;

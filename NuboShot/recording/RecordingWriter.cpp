@@ -139,9 +139,13 @@ struct RecordingWriter::Audio {
     bool started = false;
 };
 
-RecordingWriter::RecordingWriter(QString file, QSize size, RecordingOptions options)
+RecordingWriter::RecordingWriter(QString file, QSize size, RecordingOptions options,
+                                 std::optional<CameraOverlay> camera)
     : m_file(std::move(file)), m_size(size), m_options(options)
 {
+    if (m_options.camera && camera && camera->source && camera->normalizedFrame) {
+        m_camera = std::move(camera);
+    }
     if (hasAudio()) {
         m_audio = std::make_unique<Audio>(m_options.systemAudio, m_options.microphone);
         m_audio->thread = std::thread([this] { runAudio(); });
@@ -303,9 +307,10 @@ bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captu
     if (status < 0) {
         fail(QStringLiteral("appendVideo"), status);
     }
-    const uint8_t* source[1] = {picture.constBits()};
-    const int stride[1] = {int(picture.bytesPerLine())};
-    sws_scale(e.scaler, source, stride, 0, picture.height(), e.frame->data, e.frame->linesize);
+    const QImage drawn = m_camera ? withCamera(picture) : picture;
+    const uint8_t* source[1] = {drawn.constBits()};
+    const int stride[1] = {int(drawn.bytesPerLine())};
+    sws_scale(e.scaler, source, stride, 0, drawn.height(), e.frame->data, e.frame->linesize);
     status = e.video->send(pts);
     if (status < 0) {
         fail(QStringLiteral("appendVideo"), status);
@@ -348,6 +353,50 @@ void RecordingWriter::encode(bool flush)
             }
         }
     }
+}
+
+QImage RecordingWriter::withCamera(const QImage& screen)
+{
+    const std::optional<CameraFrame> camera = m_camera->source->latestFrame();
+    const QRectF frame = m_camera->normalizedFrame();
+    m_cameraShown = std::pair(camera ? camera->sequence : 0, frame);
+    if (!camera || m_compositorFailed) {
+        return screen;
+    }
+    if (!m_compositor || m_compositor->size() != screen.size()) {
+        try {
+            m_compositor = std::make_unique<CameraFrameCompositor>(screen.size());
+        } catch (const Error& error) {
+            // Said once; the screen is recorded without the camera.
+            qCWarning(lcRecordingWriter, "Camera overlay failed; encoding raw screen: %s",
+                      qPrintable(error.message()));
+            m_compositorFailed = true;
+            return screen;
+        }
+    }
+    QImage drawn = m_compositor->composite(screen, *camera, frame, m_camera->mirrored);
+    if (drawn.cacheKey() != screen.cacheKey()) {
+        ++m_cameraFrames;
+    }
+    return drawn;
+}
+
+bool RecordingWriter::refreshCamera(RecordingDuration captureTime)
+{
+    if (!m_camera || m_lastPicture.isNull() || m_finished) {
+        return false;
+    }
+    const std::optional<CameraFrame> camera = m_camera->source->latestFrame();
+    const std::pair<quint64, QRectF> now(camera ? camera->sequence : 0, m_camera->normalizedFrame());
+    if (m_cameraShown == now) {
+        return false;
+    }
+    const QImage screen = m_lastPicture;
+    if (!appendVideo(screen, captureTime)) {
+        return false;
+    }
+    ++m_cameraTicks;
+    return true;
 }
 
 void RecordingWriter::pause(RecordingDuration captureTime)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "recording/CameraOverlay.h"
 #include "recording/RecordingAudio.h"
 #include "recording/RecordingTimeline.h"
 #include "recording/RecordingTypes.h"
@@ -29,7 +30,10 @@ namespace nubo {
 // waits for audio.
 class RecordingWriter {
 public:
-    RecordingWriter(QString file, QSize size, RecordingOptions options);
+    // With `camera` (and the options' camera on), every picture gets the
+    // camera bubble drawn in; the recording never fails because of it.
+    RecordingWriter(QString file, QSize size, RecordingOptions options,
+                    std::optional<CameraOverlay> camera = std::nullopt);
     ~RecordingWriter();
     RecordingWriter(const RecordingWriter&) = delete;
     RecordingWriter& operator=(const RecordingWriter&) = delete;
@@ -39,6 +43,15 @@ public:
     // later than the last frame). The first frame creates the file. Throws
     // RecordingError (writerFailed) when the encoder or the file refuses.
     bool appendVideo(const QImage& picture, RecordingDuration captureTime);
+    // The camera ticker: the last screen picture again with the camera's
+    // newest picture, so the bubble moves while the screen is still. False
+    // when nothing changed (the same camera picture at the same place) or
+    // nothing can be written (no camera, no picture yet, paused).
+    bool refreshCamera(RecordingDuration captureTime);
+    bool hasCamera() const { return m_camera.has_value(); }
+    // Pictures written with the bubble, and by the ticker alone.
+    qint64 cameraFrames() const { return m_cameraFrames; }
+    qint64 cameraTicks() const { return m_cameraTicks; }
     void pause(RecordingDuration captureTime);
     void resume(RecordingDuration captureTime);
     bool isPaused() const;
@@ -92,6 +105,8 @@ private:
     void encodeAudio(const RecordingAudioBuffer& buffer, std::optional<qint64> endFrame);
     void writeAudioPackets();
     void failAudio(const RecordingError& error);
+    // The picture with the bubble, or the picture itself.
+    QImage withCamera(const QImage& screen);
 
     QString m_file;
     QSize m_size;
@@ -106,7 +121,13 @@ private:
     std::atomic<qint64> m_audioDropped{0};
     qint64 m_frames = 0;
     std::optional<RecordingDuration> m_lastVideoTime;
-    QImage m_lastPicture;
+    QImage m_lastPicture; // the raw screen: the camera ticker draws on it again
+    std::optional<CameraOverlay> m_camera;
+    std::unique_ptr<CameraFrameCompositor> m_compositor;
+    bool m_compositorFailed = false;
+    std::optional<std::pair<quint64, QRectF>> m_cameraShown; // picture and place last drawn
+    qint64 m_cameraFrames = 0;
+    qint64 m_cameraTicks = 0;
     bool m_finished = false;
     QString m_marker; // for recovery after a crash
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "recording/CameraOverlay.h"
 #include "recording/RecordingTypes.h"
 
 #include <functional>
@@ -35,6 +36,9 @@ public:
     // The loudest microphone sample since the last call, 0 to 1 (0 when the
     // microphone is not recorded): for a level meter.
     virtual float takeMicrophoneLevel() { return 0; }
+    // The camera bubble of the recordings started from now on, drawn when
+    // their options have the camera on. Nothing: no bubble.
+    virtual void setCameraOverlay(std::optional<CameraOverlay> camera) = 0;
 };
 
 } // namespace nubo

@@ -25,22 +25,6 @@ struct ShotRecordingFlow::Frozen {
     bool cancelled = false;
 };
 
-namespace {
-
-// The global rectangle a target covers.
-QRectF targetRect(const RecordingTarget& target)
-{
-    if (const auto* d = std::get_if<RecordingTarget::Display>(&target.target)) {
-        return d->display.space.globalFrame;
-    }
-    if (const auto* a = std::get_if<RecordingTarget::Area>(&target.target)) {
-        return a->globalRect.intersected(a->display.space.globalFrame);
-    }
-    return std::get<RecordingTarget::Window>(target.target).window.frame;
-}
-
-} // namespace
-
 ShotRecordingFlow::ShotRecordingFlow(std::shared_ptr<CapturePlatform> platform,
                                      QString platformProblem, ShotPreferences& preferences,
                                      QObject* parent)
@@ -68,7 +52,7 @@ ShotRecordingFlow::ShotRecordingFlow(std::shared_ptr<CapturePlatform> platform,
                 } else if (const auto* a = std::get_if<RecordingTarget::Area>(&target.target)) {
                     display = a->display.space.globalFrame;
                 } else {
-                    const QPointF centre = targetRect(target).center();
+                    const QPointF centre = recordingTargetRect(target).center();
                     for (const ShotCaptureOverlay* o : m_overlay->overlays()) {
                         if (o->display().space.globalFrame.contains(centre)) {
                             display = o->display().space.globalFrame;
@@ -321,7 +305,7 @@ void ShotRecordingFlow::recordWindow(const CapturableWindow& window)
 void ShotRecordingFlow::choose(const RecordingTarget& target, const QRectF& display)
 {
     m_target = target;
-    m_targetRect = targetRect(target);
+    m_targetRect = recordingTargetRect(target);
     m_displayRect = display;
     setPhase(Phase::choosing);
     RecordingCapabilities capabilities;
@@ -415,7 +399,7 @@ void ShotRecordingFlow::startNow(const RecordingTarget& target, const RecordingO
         throw RecordingError(RecordingError::Code::invalidState);
     }
     m_target = target;
-    m_targetRect = targetRect(target);
+    m_targetRect = recordingTargetRect(target);
     m_displayRect = m_targetRect;
     try {
         for (const CaptureDisplay& d : m_platform ? m_platform->capturer()->displays()

@@ -3,6 +3,7 @@
 #include "capture/CapturePlatform.h"
 #include "capture/CaptureSelection.h"
 #include "core/Settings.h"
+#include "recording/CameraStreamSource.h"
 #include "recording/PulseAudioCapture.h"
 #include "recording/ScreenRecording.h"
 #include "shell/CommandLine.h"
@@ -28,7 +29,7 @@ namespace {
 const char help[] = R"(Usage: nuboshot record display [ID] | area X,Y,W,H | window ID [-o DIR]
                        [--fps 30|60] [--resolution native|standard] [--codec h264|hevc]
                        [--duration SECONDS] [--no-cursor] [--highlight-clicks]
-                       [--system-audio] [--microphone[=SOURCE]]
+                       [--system-audio] [--microphone[=SOURCE]] [--camera]
        nuboshot record --list-sources
 
 Records the screen into an MP4 until the duration ends, or until SIGINT or
@@ -36,7 +37,9 @@ SIGTERM (then it stops cleanly); SIGUSR1 pauses and resumes. Prints the
 movie's path. The area is in desktop pixels, as "nuboshot displays" lists
 them; DIR defaults to the recordings folder. --system-audio records what the
 computer plays, --microphone the default microphone or SOURCE, one of those
---list-sources prints (name, description). When Nubo Shot runs in the tray,
+--list-sources prints (name, description). --camera draws the camera chosen
+in the settings as a round bubble where the recording options last put it.
+When Nubo Shot runs in the tray,
 it records (and its menu shows the recording).)";
 
 // Signals reach the event loop through a socket pair.
@@ -120,6 +123,8 @@ int runRecordCommand(const QStringList& arguments)
             options.highlightsClicks = true;
         } else if (a == QLatin1String("--system-audio")) {
             options.systemAudio = true;
+        } else if (a == QLatin1String("--camera")) {
+            options.camera = true;
         } else if (a == QLatin1String("--microphone")) {
             options.microphone = true;
         } else if (a.startsWith(QLatin1String("--microphone="))) {
@@ -181,7 +186,20 @@ int runRecordCommand(const QStringList& arguments)
                 return fail(QStringLiteral("This desktop cannot be recorded by Nubo Shot yet."));
             }
             recorder->onStateChange = finished;
-            recorder->start(recordingTarget(*platform, rest), options, destination);
+            const RecordingTarget target = recordingTarget(*platform, rest);
+            if (options.camera) {
+                const std::optional<CameraDevice> device =
+                    CameraStreamSource::chosen(preferences, CameraStreamSource::cameras());
+                if (!device) {
+                    return fail(QStringLiteral("No camera is available."));
+                }
+                auto place = std::make_shared<CameraBubblePlace>(
+                    recordingCameraFrame(preferences, recordingTargetSize(target)));
+                recorder->setCameraOverlay(
+                    CameraOverlay{std::make_shared<CameraStreamSource>(device->id),
+                                  [place] { return place->get(); }, true});
+            }
+            recorder->start(target, options, destination);
             stopNow = [&] {
                 try {
                     recorder->stop();

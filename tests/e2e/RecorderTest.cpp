@@ -4,7 +4,9 @@
 // size and times.
 
 #include "capture/CapturePlatform.h"
+#include "core/Settings.h"
 #include "recording/ScreenRecording.h"
+#include "support/CameraStream.h"
 #include "support/MovieDecoder.h"
 #include "support/Process.h"
 #include "support/TrayFixture.h"
@@ -157,6 +159,63 @@ TEST_F(Recorder, AStillScreenCostsAlmostNoFramesAndStillLastsTheWholeTime)
     const auto ticks = QRegularExpression(QStringLiteral("(\\d+) ticks without change")).match(m_log);
     ASSERT_TRUE(ticks.hasMatch()) << m_log.toStdString();
     EXPECT_GE(ticks.captured(1).toInt(), 50);
+}
+
+// The camera bubble (fed from an MJPEG stream file, as a camera sends its
+// pictures) sits where the preferences put it, mirrored, and keeps moving
+// while the screen under it is still.
+TEST_F(Recorder, TheCameraBubbleSitsWhereItWasPutAndMovesOnAStillScreen)
+{
+    const QString stream = m_dir.filePath(QStringLiteral("camera.avi"));
+    // Five seconds, the picture's number in its middle (inside the bubble).
+    const QString written = test::writeCameraStream(stream, 150, QSize(640, 360), 30, QPoint(176, 168));
+    ASSERT_TRUE(written.isEmpty()) << written.toStdString();
+    {
+        ShotPreferences preferences;
+        preferences.setValue(keys::recordingAvatarCameraDeviceID, stream);
+        // A 360-pixel bubble at (64, 48) of a 640 × 480 area.
+        preferences.setValue(keys::recordingCameraFrame, QStringLiteral("0.1,0.1,0.5625,0.75"));
+    }
+    const QPoint at = openCounter(QRect(300, 200, 640, 480), true);
+    ASSERT_GE(at.x(), 0);
+    QThread::msleep(300);
+    ASSERT_TRUE(startRecording({"area", QStringLiteral("%1,%2,640,480").arg(at.x()).arg(at.y()),
+                                "--duration", "3", "--no-cursor", "--camera", "-o",
+                                m_dir.filePath(QStringLiteral("movies"))}))
+        << m_log.toStdString();
+    const QString file = finished();
+    ASSERT_EQ(m_recorder.exitCode(), 0) << m_log.toStdString();
+    const test::DecodedMovie movie = test::decodeMovie(file);
+    ASSERT_TRUE(movie.opened) << movie.error.toStdString();
+    EXPECT_EQ(QSize(movie.width, movie.height), QSize(640, 480));
+    // The still screen alone would give a frame or two; the bubble keeps the movie going.
+    EXPECT_GE(movie.frames.size(), 60) << m_log.toStdString();
+    const auto counts = QRegularExpression(QStringLiteral("(\\d+) frames with the camera, (\\d+) by the camera alone"))
+                            .match(m_log);
+    ASSERT_TRUE(counts.hasMatch()) << m_log.toStdString();
+    EXPECT_GE(counts.captured(2).toInt(), 50);
+
+    const QRect square(64, 48, 360, 360);
+    const QRgb screenCorner = movie.frames.first().pixel(square.topLeft());
+    int previous = -1, increasing = 0;
+    for (qsizetype i = 1; i < movie.frames.size() - 1; ++i) {
+        const QImage& frame = movie.frames[i];
+        const int row = square.top() + 100; // above the camera's counter
+        const QRgb centre = frame.pixel(square.center().x(), row);
+        EXPECT_GT(qGreen(centre), 160) << "frame " << i;
+        EXPECT_LT(qRed(centre), 90) << "frame " << i;
+        // Mirrored: the camera's blue band on the left, its red on the right.
+        EXPECT_GT(qBlue(frame.pixel(square.left() + 40, row)), 160) << i;
+        EXPECT_GT(qRed(frame.pixel(square.right() - 40, row)), 160) << i;
+        // Corners of the bubble's square: the still screen.
+        EXPECT_EQ(frame.pixel(square.topLeft()), screenCorner) << i;
+        // The camera's own count goes on, read from the bubble turned back.
+        const QImage bubble = frame.copy(square).mirrored(true, false);
+        const int counter = test::readCounter(bubble, QPoint(36, 168));
+        increasing += counter > previous;
+        previous = counter;
+    }
+    EXPECT_GE(increasing, movie.frames.size() - 4) << "the bubble stood still";
 }
 
 TEST_F(Recorder, AreasAreClippedToTheirDisplayAndRefusedWhollyOffIt)

@@ -13,7 +13,7 @@ extern "C" {
 
 namespace nubo::test {
 
-QString writeCameraStream(const QString& path, int frames, QSize size, int fps)
+QString writeCameraStream(const QString& path, int frames, QSize size, int fps, QPoint counterAt)
 {
     const QByteArray file = QFile::encodeName(path);
     AVFormatContext* format = nullptr;
@@ -70,7 +70,7 @@ QString writeCameraStream(const QString& path, int frames, QSize size, int fps)
                 row[x] = x < band ? qRgb(230, 20, 20) : x < 2 * band ? qRgb(20, 220, 40) : qRgb(30, 40, 230);
             }
         }
-        paintCounter(picture, k, QPoint(16, 16));
+        paintCounter(picture, k, counterAt);
         check(av_frame_make_writable(frame), "frame");
         const uint8_t* source[1] = {picture.constBits()};
         const int stride[1] = {int(picture.bytesPerLine())};

@@ -273,7 +273,11 @@ void XcbScreenRecorder::start(const RecordingTarget& target, const RecordingOpti
                                  QStringLiteral("The folder “%1” cannot be created.").arg(folder));
         }
         const QString file = recordingFileName(folder, QDateTime::currentDateTime());
-        m_writer = std::make_unique<RecordingWriter>(file, size, options);
+        if (options.camera && !m_camera) {
+            qCWarning(lcRecording, "The camera is on but no camera is there: the screen alone is recorded");
+        }
+        m_writer = std::make_unique<RecordingWriter>(file, size, options,
+                                                     options.camera ? m_camera : std::nullopt);
         m_audioNotes.clear();
         if (options.systemAudio || options.microphone) {
             RecordingWriter* writer = m_writer.get();
@@ -363,7 +367,11 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
                 lastPointer = at;
             }
             if (!changed) {
-                ++m_unchanged;
+                // A still screen: the camera ticker keeps the bubble moving.
+                const std::lock_guard lock(m_mutex);
+                if (!m_writer->refreshCamera(tick)) {
+                    ++m_unchanged;
+                }
                 continue;
             }
             first = false;
@@ -444,8 +452,13 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
             m_writer->cancel();
         }
     }
-    qCInfo(lcRecording, "Recording ended: %lld frames, %lld ticks without change",
-           static_cast<long long>(m_captured.load()), static_cast<long long>(m_unchanged.load()));
+    qCInfo(lcRecording, "Recording ended: %lld frames, %lld ticks without change%s",
+           static_cast<long long>(m_captured.load()), static_cast<long long>(m_unchanged.load()),
+           m_writer && m_writer->hasCamera()
+               ? qPrintable(QStringLiteral(", %1 frames with the camera, %2 by the camera alone")
+                                .arg(m_writer->cameraFrames())
+                                .arg(m_writer->cameraTicks()))
+               : "");
     QMetaObject::invokeMethod(
         &m_context,
         [this, generation, file, failure] {

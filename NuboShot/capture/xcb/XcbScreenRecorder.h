@@ -41,6 +41,7 @@ public:
     void stop() override;
     void cancel() override;
     float takeMicrophoneLevel() override { return m_microphoneLevel.exchange(0); }
+    void setCameraOverlay(std::optional<CameraOverlay> camera) override { m_camera = std::move(camera); }
 
     // Frames the capture thread took, and frames it found nothing new for.
     qint64 framesCaptured() const { return m_captured; }
@@ -73,6 +74,7 @@ private:
     std::unique_ptr<RecordingWriter> m_writer;
     std::unique_ptr<PulseAudioCapture> m_audio;
     QStringList m_audioNotes; // sources that ended early, and why
+    std::optional<CameraOverlay> m_camera; // for the next recordings
     std::thread m_thread;
     std::atomic<qint64> m_captured{0};
     std::atomic<qint64> m_unchanged{0};
