@@ -39,7 +39,7 @@ QString ShotRecordingProblems::hevc(const RecordingCapabilities& capabilities)
 
 QString ShotRecordingProblems::camera()
 {
-    return QStringLiteral("Recording the camera is not available yet.");
+    return QStringLiteral("No camera is available.");
 }
 
 namespace {
@@ -71,6 +71,10 @@ ShotRecordingControls::ShotRecordingControls(ShotPreferences& preferences,
     microphoneDevice->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     camera = makeToggle(QStringLiteral("Camera"), QStringLiteral("camera-web"),
                         QStringLiteral("camera"));
+    camera->setToolTip(QStringLiteral("Show your camera as a round bubble in the recording"));
+    cameraDevice = new QComboBox(parent);
+    cameraDevice->setObjectName(QStringLiteral("recording.cameraDevice"));
+    cameraDevice->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     cursor = makeToggle(QStringLiteral("Cursor"), QStringLiteral("input-mouse"),
                         QStringLiteral("cursor"));
     cursor->setToolTip(QStringLiteral("Show the pointer in the recording"));
@@ -110,14 +114,13 @@ ShotRecordingControls::ShotRecordingControls(ShotPreferences& preferences,
         disableChoice(codec, 1, why);
         codec->setToolTip(why);
     }
-    camera->setEnabled(false);
-    camera->setToolTip(ShotRecordingProblems::camera());
+    setCameras(CameraStreamSource::cameras());
 
     reload();
-    for (QAbstractButton* button : {systemAudio, microphone, cursor, clicks}) {
+    for (QAbstractButton* button : {systemAudio, microphone, camera, cursor, clicks}) {
         connect(button, &QAbstractButton::toggled, this, &ShotRecordingControls::write);
     }
-    for (QComboBox* box : {microphoneDevice, frameRate, resolution, codec}) {
+    for (QComboBox* box : {microphoneDevice, cameraDevice, frameRate, resolution, codec}) {
         connect(box, &QComboBox::currentIndexChanged, this, &ShotRecordingControls::write);
     }
 }
@@ -152,7 +155,7 @@ RecordingOptions ShotRecordingControls::options() const
     if (!m_capabilities.supportsHEVC) {
         options.codec = RecordingCodec::h264;
     }
-    options.camera = false;
+    options.camera = options.camera && m_hasCamera;
     return options;
 }
 
@@ -162,7 +165,8 @@ void ShotRecordingControls::reload()
     const RecordingOptions o = options();
     systemAudio->setChecked(o.systemAudio);
     microphone->setChecked(o.microphone);
-    camera->setChecked(false);
+    camera->setChecked(o.camera);
+    cameraDevice->setVisible(m_hasCamera && (m_look == Look::form || o.camera));
     cursor->setChecked(o.showsCursor);
     clicks->setChecked(o.highlightsClicks);
     frameRate->setCurrentIndex(o.frameRate == RecordingFrameRate::fps60 ? 1 : 0);
@@ -195,6 +199,32 @@ void ShotRecordingControls::setMicrophones(const QList<RecordingAudioDevice>& de
         }
         if (!problem.isEmpty()) {
             microphoneDevice->setToolTip(problem);
+        }
+    }
+    reload();
+}
+
+void ShotRecordingControls::setCameras(const QList<CameraDevice>& cameras)
+{
+    {
+        const QScopedValueRollback<bool> loading(m_loading, true);
+        m_cameras = cameras;
+        const std::optional<CameraDevice> chosen = CameraStreamSource::chosen(m_preferences, cameras);
+        if (chosen && !m_cameras.contains(*chosen)) {
+            m_cameras.append(*chosen); // a stream file
+        }
+        m_hasCamera = chosen.has_value();
+        cameraDevice->clear();
+        for (const CameraDevice& device : std::as_const(m_cameras)) {
+            cameraDevice->addItem(device.name, device.id);
+            cameraDevice->setItemData(cameraDevice->count() - 1, device.id, Qt::ToolTipRole);
+        }
+        cameraDevice->setCurrentIndex(chosen ? std::max(0, cameraDevice->findData(chosen->id)) : -1);
+        camera->setEnabled(m_hasCamera);
+        cameraDevice->setEnabled(m_hasCamera);
+        if (!m_hasCamera) {
+            camera->setToolTip(ShotRecordingProblems::camera());
+            cameraDevice->setToolTip(ShotRecordingProblems::camera());
         }
     }
     reload();
@@ -242,6 +272,13 @@ void ShotRecordingControls::write()
     if (clicks->isEnabled()) {
         o.highlightsClicks = clicks->isChecked();
     }
+    if (camera->isEnabled()) {
+        o.camera = camera->isChecked();
+        if (cameraDevice->currentIndex() >= 0) {
+            m_preferences.setValue(keys::recordingAvatarCameraDeviceID,
+                                   cameraDevice->currentData().toString());
+        }
+    }
     o.frameRate = frameRate->currentIndex() == 1 ? RecordingFrameRate::fps60
                                                  : RecordingFrameRate::fps30;
     o.resolution = resolution->currentIndex() == 0 ? RecordingResolution::standard
@@ -251,6 +288,7 @@ void ShotRecordingControls::write()
     }
     o.write(m_preferences);
     microphoneDevice->setVisible(m_look == Look::form || (o.microphone && microphone->isEnabled()));
+    cameraDevice->setVisible(m_hasCamera && (m_look == Look::form || o.camera));
     emit changed();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "recording/CameraStreamSource.h"
 #include "recording/PulseAudioCapture.h"
 #include "recording/RecordingTypes.h"
 
@@ -41,11 +42,15 @@ public:
     void setMicrophones(const QList<RecordingAudioDevice>& devices, const QString& problem = {});
     // The microphone list from the audio server, off the main thread.
     void loadMicrophones();
+    // The cameras (the system's, and a stored stream file); the camera
+    // option is disabled without any.
+    void setCameras(const QList<CameraDevice>& cameras);
 
     QAbstractButton* systemAudio = nullptr;
     QAbstractButton* microphone = nullptr;
     QComboBox* microphoneDevice = nullptr;
     QAbstractButton* camera = nullptr;
+    QComboBox* cameraDevice = nullptr;
     QAbstractButton* cursor = nullptr;
     QAbstractButton* clicks = nullptr;
     QComboBox* frameRate = nullptr;
@@ -64,6 +69,8 @@ private:
     Look m_look;
     QWidget* m_parent;
     bool m_loading = false;
+    QList<CameraDevice> m_cameras; // what the camera list offers
+    bool m_hasCamera = false;
 };
 
 } // namespace nubo

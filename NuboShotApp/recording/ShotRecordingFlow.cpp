@@ -4,6 +4,7 @@
 #include "core/Settings.h"
 #include "output/ShotNotifications.h"
 #include "overlay/ShotOverlayController.h"
+#include "recording/ShotCameraBubble.h"
 #include "recording/ShotRecordingControls.h"
 #include "recording/ShotRecordingWindows.h"
 #include "recording/ShotScreenSaverInhibitor.h"
@@ -31,7 +32,8 @@ ShotRecordingFlow::ShotRecordingFlow(std::shared_ptr<CapturePlatform> platform,
     : QObject(parent), m_platform(std::move(platform)),
       m_platformProblem(std::move(platformProblem)), m_preferences(preferences),
       m_overlay(std::make_unique<ShotOverlayController>()),
-      m_inhibitor(std::make_unique<ShotScreenSaverInhibitor>(m_platform))
+      m_inhibitor(std::make_unique<ShotScreenSaverInhibitor>(m_platform)),
+      m_camera(std::make_unique<ShotCameraBubble>(preferences))
 {
     presentAlert = [](const QString& title, const QString& text) {
         QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok);
@@ -154,6 +156,7 @@ void ShotRecordingFlow::closeWindows()
 {
     m_keys.reset(); // Return and Escape go back to everyone
     m_outline.hide();
+    m_camera->hide();
     for (QWidget* w : {static_cast<QWidget*>(m_options), static_cast<QWidget*>(m_countdown),
                        static_cast<QWidget*>(m_controls)}) {
         if (w) {
@@ -339,6 +342,15 @@ void ShotRecordingFlow::choose(const RecordingTarget& target, const QRectF& disp
         }
     };
     connect(&m_options->controls(), &ShotRecordingControls::changed, this, place);
+    // The camera's preview comes and goes with its option, at the bubble's place.
+    const auto camera = [this] {
+        if (m_options && m_options->controls().options().camera) {
+            m_camera->show(m_targetRect);
+        } else {
+            m_camera->hide();
+        }
+    };
+    connect(&m_options->controls(), &ShotRecordingControls::changed, this, camera);
     place();
     if (m_targetRect != m_displayRect) {
         m_outline.show(m_targetRect, 2, QColor(0x2f, 0x80, 0xed),
@@ -347,6 +359,7 @@ void ShotRecordingFlow::choose(const RecordingTarget& target, const QRectF& disp
     m_options->show();
     m_options->raise();
     m_options->activateWindow();
+    camera();
     grabKeys({{QStringLiteral("start"), QKeySequence(Qt::Key_Return)},
               {QStringLiteral("start"), QKeySequence(Qt::Key_Enter)},
               {QStringLiteral("cancel"), QKeySequence(Qt::Key_Escape)}});
@@ -412,6 +425,7 @@ void ShotRecordingFlow::startNow(const RecordingTarget& target, const RecordingO
         // The bar then goes at the target's own edge.
     }
     m_startPressed.start();
+    setCamera(options);
     recorder().start(target, options, folder); // throws before anything shows
     m_options = nullptr;
     showControls(options);
@@ -421,6 +435,7 @@ void ShotRecordingFlow::startRecorder(const RecordingTarget& target,
                                       const RecordingOptions& options, const QString& folder)
 {
     try {
+        setCamera(options);
         recorder().start(target, options, folder);
     } catch (const CaptureError& error) {
         // The designed line, and what exactly was missing.
@@ -433,6 +448,16 @@ void ShotRecordingFlow::startRecorder(const RecordingTarget& target,
         return;
     }
     showControls(options);
+}
+
+void ShotRecordingFlow::setCamera(const RecordingOptions& options)
+{
+    if (options.camera && !m_camera->isShown()) {
+        m_camera->show(m_targetRect);
+    } else if (!options.camera) {
+        m_camera->hide();
+    }
+    recorder().setCameraOverlay(options.camera ? m_camera->overlay() : std::nullopt);
 }
 
 void ShotRecordingFlow::showControls(const RecordingOptions& options)

@@ -14,6 +14,7 @@
 
 namespace nubo {
 
+class ShotCameraBubble;
 class ShotOverlayController;
 class ShotPreferences;
 class ShotScreenSaverInhibitor;
@@ -73,6 +74,7 @@ public:
     ShotRecordingCountdown* countdown() const { return m_countdown; }
     ShotRecordingControlBar* controlBar() const { return m_controls; }
     ShotOverlayController& overlay() { return *m_overlay; }
+    ShotCameraBubble& cameraBubble() { return *m_camera; }
 
 signals:
     // Every state of the recorder, as it changes.
@@ -87,6 +89,8 @@ private:
     void startRecorder(const RecordingTarget& target, const RecordingOptions& options,
                        const QString& folder);
     void showControls(const RecordingOptions& options);
+    // The bubble's preview and the recorder's overlay, as the options ask.
+    void setCamera(const RecordingOptions& options);
     void recorderChanged(const RecordingState& state);
     void setPhase(Phase phase);
     void grabKeys(const QList<std::pair<QString, QKeySequence>>& keys);
@@ -101,6 +105,7 @@ private:
     std::unique_ptr<ScreenRecording> m_recorder;
     std::unique_ptr<ShotScreenSaverInhibitor> m_inhibitor;
     std::unique_ptr<GlobalShortcuts> m_keys;
+    std::unique_ptr<ShotCameraBubble> m_camera;
     Phase m_phase = Phase::idle;
     std::optional<RecordingTarget> m_target;
     QRectF m_targetRect;  // global points

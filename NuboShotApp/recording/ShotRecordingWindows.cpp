@@ -183,7 +183,8 @@ ShotRecordingOptionsBar::ShotRecordingOptionsBar(ShotPreferences& preferences,
     const ShotRecordingControls& c = *m_controls;
     for (QWidget* w : {static_cast<QWidget*>(c.systemAudio), static_cast<QWidget*>(c.microphone),
                        static_cast<QWidget*>(c.microphoneDevice),
-                       static_cast<QWidget*>(c.camera), static_cast<QWidget*>(c.cursor),
+                       static_cast<QWidget*>(c.camera), static_cast<QWidget*>(c.cameraDevice),
+                       static_cast<QWidget*>(c.cursor),
                        static_cast<QWidget*>(c.clicks)}) {
         row->addWidget(w);
     }

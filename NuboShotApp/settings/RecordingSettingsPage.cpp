@@ -62,7 +62,13 @@ public:
         }
         m_controls->camera->setText(QStringLiteral("Camera bubble"));
         shown->addRow(m_controls->camera);
-        addNote(shown, ShotRecordingProblems::camera());
+        if (m_controls->camera->isEnabled()) {
+            shown->addRow(QStringLiteral("Camera:"), m_controls->cameraDevice);
+        } else {
+            m_controls->cameraDevice->hide();
+            addNote(shown, ShotRecordingProblems::camera())
+                ->setObjectName(QStringLiteral("recording.cameraProblem"));
+        }
         addSwitch(shown, QStringLiteral("Count down 3 seconds before recording"),
                   QLatin1String(keys::recordingCountdown), true)
             ->setObjectName(QStringLiteral("recording.countdown"));

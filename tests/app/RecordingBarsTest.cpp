@@ -69,7 +69,9 @@ TEST(ShotRecordingOptionsBar, ChoicesAreStoredAndUnavailableOnesSayWhy)
     EXPECT_FALSE(c.microphone->isEnabled());
     EXPECT_EQ(c.microphone->toolTip(),
               QStringLiteral("Microphone recording requires a running audio server."));
-    EXPECT_FALSE(c.camera->isEnabled());
+    EXPECT_FALSE(c.camera->isEnabled()) << "a camera on a machine without one";
+    EXPECT_EQ(c.camera->toolTip(), QStringLiteral("No camera is available."));
+    EXPECT_FALSE(c.options().camera);
     EXPECT_TRUE(c.clicks->isEnabled());
     const auto* model = qobject_cast<const QStandardItemModel*>(c.codec->model());
     EXPECT_FALSE(model->item(1)->isEnabled()) << "HEVC offered without an encoder";

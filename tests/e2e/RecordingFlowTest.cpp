@@ -3,6 +3,8 @@
 // countdown, the control bar, and the movie at the end, decoded by FFmpeg.
 
 #include "core/Settings.h"
+#include "recording/CameraOverlay.h"
+#include "support/CameraStream.h"
 #include "support/MovieDecoder.h"
 #include "support/Process.h"
 #include "support/RenderFixtures.h"
@@ -257,6 +259,93 @@ TEST_F(RecordingFlow, AWholeDisplayByClickNeverShowsTheControlBar)
     EXPECT_EQ(decoded.width, qRound(all.width() * scale));
     EXPECT_GT(pictures, 2);
     EXPECT_EQ(barSeen, 0) << "the control bar is in the movie";
+}
+
+// With the camera on, its round preview sits over the framed area where the
+// bubble will be; the user drags it and turns the wheel over it; the movie
+// has the bubble (mirrored, as the preview shows it) exactly there, moving
+// while the screen is still, and never the preview window itself.
+TEST_F(RecordingFlow, TheCameraPreviewIsMovedAndTheMovieHasTheBubbleThere)
+{
+    const QString stream = m_folder.filePath(QStringLiteral("camera.avi"));
+    const QString written = test::writeCameraStream(stream, 150);
+    ASSERT_TRUE(written.isEmpty()) << written.toStdString();
+    setPreference(keys::recordingCountdown, false);
+    setPreference(keys::recordingCamera, true);
+    setPreference(keys::recordingAvatarCameraDeviceID, stream);
+    ASSERT_NO_FATAL_FAILURE(openWindow(QRect(100, 80, 900, 600), QStringLiteral("f0e040"),
+                                       QStringLiteral("Yellow"), {"--undecorated"}));
+    ASSERT_NO_FATAL_FAILURE(startTray());
+    ASSERT_TRUE(waitUntil([] { return !test::trayIconGeometry().isEmpty(); }));
+    key(QStringLiteral("ctrl+alt+r"));
+    ASSERT_TRUE(waitForLog(QStringLiteral("Recording overlay shown"))) << m_log.toStdString();
+    QThread::msleep(200);
+    run(QStringLiteral("xdotool"), {"mousemove", "200", "150", "mousedown", "1", "mousemove", "500",
+                                    "300", "mousemove", "840", "510", "mouseup", "1"});
+    ASSERT_TRUE(waitForLog(QStringLiteral("Camera preview shown"))) << m_log.toStdString();
+    QThread::msleep(500);
+    // A fifth of the area's smaller side across, near its bottom-left corner.
+    const QRect first = shownWindowGeometry(QStringLiteral("^Nubo Shot Camera$"));
+    EXPECT_EQ(first, QRect(211, 427, 72, 72));
+    // Dragged up and right, then three notches of the wheel larger.
+    const QPoint grab = first.center();
+    run(QStringLiteral("xdotool"), {"mousemove", QString::number(grab.x()), QString::number(grab.y()),
+                                    "mousedown", "1", "mousemove", QString::number(grab.x() + 100),
+                                    QString::number(grab.y() - 50), "mousemove",
+                                    QString::number(grab.x() + 200), QString::number(grab.y() - 150),
+                                    "mouseup", "1"});
+    ASSERT_TRUE(waitForLog(QStringLiteral("Camera bubble moved to 411,277, 72 across"))) << m_log.toStdString();
+    for (int i = 0; i < 3; ++i) {
+        run(QStringLiteral("xdotool"), {"click", "4"});
+        QThread::msleep(60);
+    }
+    ASSERT_TRUE(waitForLog(QStringLiteral("Camera bubble moved to 399,265, 96 across"))) << m_log.toStdString();
+    QThread::msleep(300);
+    const QRect bubble = shownWindowGeometry(QStringLiteral("^Nubo Shot Camera$"));
+    EXPECT_EQ(bubble, QRect(399, 265, 96, 96));
+    saveArtifact(screen(), QStringLiteral("recording-camera-preview.png"));
+    run(QStringLiteral("xdotool"), {"mousemove", "950", "650"}); // away, and still
+    key(QStringLiteral("Return"));
+    ASSERT_TRUE(waitForLog(QStringLiteral("Recording control bar shown"), 3000)) << m_log.toStdString();
+    QThread::msleep(2500);
+    saveArtifact(screen(), QStringLiteral("recording-camera.png"));
+    key(QStringLiteral("ctrl+alt+r"));
+    const QString movie = savedMovie();
+    ASSERT_FALSE(movie.isEmpty()) << m_log.toStdString();
+    EXPECT_FALSE(shownWindowGeometry(QStringLiteral("^Nubo Shot Camera$")).isValid()) << "the preview stayed";
+    {
+        ShotPreferences preferences;
+        // Where it was left, in 0…1 of the 640 × 360 area, for the next recording.
+        const QRectF stored = recordingCameraFrame(preferences, QSizeF(640, 360));
+        EXPECT_NEAR(stored.x(), 199 / 640.0, 1e-5);
+        EXPECT_NEAR(stored.y(), 115 / 360.0, 1e-5);
+        EXPECT_NEAR(stored.width(), 96 / 640.0, 1e-5);
+        EXPECT_NEAR(stored.height(), 96 / 360.0, 1e-5);
+    }
+
+    const double scale = QGuiApplication::primaryScreen()->devicePixelRatio();
+    const QRect inMovie(QPointF((bubble.topLeft() - QPoint(200, 150)) * scale).toPoint(),
+                        QSizeF(bubble.size() * scale).toSize());
+    int pictures = 0, withBubble = 0, previewSeen = 0;
+    const test::DecodedMovie decoded = test::decodeMovie(movie, [&](const QImage& picture, double) {
+        ++pictures;
+        const int row = inMovie.center().y();
+        const int reach = int(inMovie.width() * 0.38);
+        const QColor centre = picture.pixel(inMovie.center());
+        const QColor left = picture.pixel(inMovie.center().x() - reach, row);
+        const QColor right = picture.pixel(inMovie.center().x() + reach, row);
+        withBubble += centre.green() > 160 && centre.red() < 90 && left.blue() > 160 &&
+                      right.red() > 160;
+        // The preview's blue resize grip, on its rim at the lower right.
+        const QPoint grip = inMovie.center() + QPoint(int(inMovie.width() / 2 * 0.7071) - 3,
+                                                      int(inMovie.height() / 2 * 0.7071) - 3);
+        const QColor g = picture.pixel(grip);
+        previewSeen += g.blue() > 180 && g.red() < 90;
+    });
+    ASSERT_TRUE(decoded.opened) << decoded.error.toStdString();
+    EXPECT_GE(pictures, 30) << "the bubble did not move on the still screen";
+    EXPECT_GE(withBubble, pictures - 2);
+    EXPECT_EQ(previewSeen, 0) << "the preview window is in the movie";
 }
 
 // Escape during the countdown: nothing is recorded, nothing is left.
