@@ -175,18 +175,25 @@ void CameraFrameCompositor::prepareBubble(const CameraFrame& camera, bool mirror
     const int side = std::min(picture.width(), picture.height());
     const QPoint from((picture.width() - side) / 2, (picture.height() - side) / 2);
     const int d = g.square.width();
-    m_scaler = sws_getCachedContext(m_scaler, side, side, AV_PIX_FMT_BGRA, d, d, AV_PIX_FMT_BGRA,
-                                    SWS_BILINEAR, nullptr, nullptr, nullptr);
-    if (!m_scaler) {
-        throw Error(QStringLiteral("The camera picture cannot be scaled to %1 pixels.").arg(d));
-    }
     std::vector<uint32_t> scaled(size_t(d) * size_t(d));
-    const uint8_t* source[1] = {picture.constBits() + qsizetype(from.y()) * picture.bytesPerLine() +
-                                from.x() * 4};
-    const int sourceStride[1] = {int(picture.bytesPerLine())};
-    uint8_t* target[1] = {reinterpret_cast<uint8_t*>(scaled.data())};
-    const int targetStride[1] = {d * 4};
-    sws_scale(m_scaler, source, sourceStride, 0, side, target, targetStride);
+    const uint8_t* corner = picture.constBits() + qsizetype(from.y()) * picture.bytesPerLine() + from.x() * 4;
+    if (side == d) { // the picture's square is the bubble's: copied as it is
+        for (int y = 0; y < d; ++y) {
+            std::memcpy(scaled.data() + qsizetype(y) * d, corner + qsizetype(y) * picture.bytesPerLine(),
+                        size_t(d) * 4);
+        }
+    } else {
+        m_scaler = sws_getCachedContext(m_scaler, side, side, AV_PIX_FMT_BGRA, d, d, AV_PIX_FMT_BGRA,
+                                        SWS_BILINEAR, nullptr, nullptr, nullptr);
+        if (!m_scaler) {
+            throw Error(QStringLiteral("The camera picture cannot be scaled to %1 pixels.").arg(d));
+        }
+        const uint8_t* source[1] = {corner};
+        const int sourceStride[1] = {int(picture.bytesPerLine())};
+        uint8_t* target[1] = {reinterpret_cast<uint8_t*>(scaled.data())};
+        const int targetStride[1] = {d * 4};
+        sws_scale(m_scaler, source, sourceStride, 0, side, target, targetStride);
+    }
     if (mirrored) {
         for (int y = 0; y < d; ++y) {
             std::reverse(scaled.begin() + qsizetype(y) * d, scaled.begin() + qsizetype(y + 1) * d);
@@ -229,11 +236,16 @@ void CameraFrameCompositor::render(const QImage& screen, QImage& target) const
     }
     const CameraBubbleGeometry& g = m_geometry;
     const int w = g.box.width();
+    // Two 8-bit channels a 32-bit word, each in a 16-bit lane: every
+    // product below stays under 2^16, so the lanes never spill.
+    constexpr uint32_t lanes = 0x00ff00ffu;
     for (int y = 0; y < g.box.height(); ++y) {
         const size_t row = size_t(y) * size_t(w);
-        const uint8_t* __restrict s = screen.constScanLine(g.box.y() + y) + g.box.x() * 4;
-        uint8_t* __restrict o = out + (g.box.y() + y) * target.bytesPerLine() + g.box.x() * 4;
-        const auto* __restrict c = reinterpret_cast<const uint8_t*>(m_bubble.data() + row);
+        const auto* __restrict s =
+            reinterpret_cast<const uint32_t*>(screen.constScanLine(g.box.y() + y)) + g.box.x();
+        auto* __restrict o =
+            reinterpret_cast<uint32_t*>(out + (g.box.y() + y) * target.bytesPerLine()) + g.box.x();
+        const uint32_t* __restrict c = m_bubble.data() + row;
         const uint16_t* __restrict m = g.mask.data() + row;
         const uint16_t* __restrict sh = g.shadow.data() + row;
         const uint16_t* __restrict rim = g.rim.data() + row;
@@ -241,12 +253,16 @@ void CameraFrameCompositor::render(const QImage& screen, QImage& target) const
             const uint32_t keep = 256u - sh[x];
             const uint32_t cover = m[x];
             const uint32_t light = rim[x];
-            for (int k = 0; k < 3; ++k) {
-                const uint32_t darkened = (s[x * 4 + k] * keep) >> 8;
-                const uint32_t lit = darkened + (((255u - darkened) * light) >> 8);
-                o[x * 4 + k] = uint8_t((lit * (256u - cover) + c[x * 4 + k] * cover) >> 8);
-            }
-            o[x * 4 + 3] = 0xff;
+            const uint32_t p = s[x];
+            const uint32_t q = c[x];
+            // The shadow darkens, the rim lightens, the bubble covers.
+            uint32_t rb = ((p & lanes) * keep >> 8) & lanes;
+            uint32_t ga = (((p >> 8) & lanes) * keep >> 8) & lanes;
+            rb += ((lanes - rb) * light >> 8) & lanes;
+            ga += ((lanes - ga) * light >> 8) & lanes;
+            rb = ((rb * (256u - cover) + (q & lanes) * cover) >> 8) & lanes;
+            ga = ((ga * (256u - cover) + ((q >> 8) & lanes) * cover) >> 8) & lanes;
+            o[x] = rb | (ga << 8) | 0xff000000u;
         }
     }
 }
