@@ -1,6 +1,7 @@
 #include "recording/CameraStreamSource.h"
 
 #include "core/Logging.h"
+#include "recording/MediaError.h"
 #include "core/Settings.h"
 
 #include <QDir>
@@ -29,13 +30,6 @@ namespace nubo {
 namespace {
 
 constexpr int widestPicture = 1280; // larger camera pictures are scaled down to this
-
-QString avError(int code)
-{
-    char text[AV_ERROR_MAX_STRING_SIZE] = {};
-    av_strerror(code, text, sizeof text);
-    return QString::fromUtf8(text);
-}
 
 bool isCharacterDevice(const QString& path)
 {
@@ -127,10 +121,10 @@ CameraStreamSource::CameraStreamSource(const QString& id) : m_id(id), m_stream(s
         }
     }
     if (status < 0) {
-        throw Error(QStringLiteral("The camera “%1” cannot be opened: %2.").arg(id, avError(status)));
+        throw Error(QStringLiteral("The camera “%1” cannot be opened: %2.").arg(id, mediaErrorText(status)));
     }
     if ((status = avformat_find_stream_info(s.format, nullptr)) < 0) {
-        throw Error(QStringLiteral("The camera “%1” gives no pictures: %2.").arg(id, avError(status)));
+        throw Error(QStringLiteral("The camera “%1” gives no pictures: %2.").arg(id, mediaErrorText(status)));
     }
     const AVCodec* codec = nullptr;
     s.index = av_find_best_stream(s.format, AVMEDIA_TYPE_VIDEO, -1, -1, &codec, 0);
@@ -144,7 +138,7 @@ CameraStreamSource::CameraStreamSource(const QString& id) : m_id(id), m_stream(s
     s.decoder->thread_count = 1; // one picture at a time, without delay
     if ((status = avcodec_open2(s.decoder, codec, nullptr)) < 0) {
         throw Error(QStringLiteral("The camera's pictures (%1) cannot be decoded: %2.")
-                        .arg(QString::fromLatin1(codec->name), avError(status)));
+                        .arg(QString::fromLatin1(codec->name), mediaErrorText(status)));
     }
     s.packet = av_packet_alloc();
     s.frame = av_frame_alloc();
@@ -253,7 +247,7 @@ void CameraStreamSource::run()
             continue;
         }
         if (status < 0) {
-            failure = QStringLiteral("The camera stopped: %1.").arg(avError(status));
+            failure = QStringLiteral("The camera stopped: %1.").arg(mediaErrorText(status));
             break;
         }
         if (s.packet->stream_index != s.index) {
@@ -275,7 +269,7 @@ void CameraStreamSource::run()
         av_packet_unref(s.packet);
         if (status < 0 && status != AVERROR(EAGAIN)) {
             // One broken picture (a torn JPEG) is skipped, not the camera.
-            qCDebug(lcCamera, "A camera picture could not be decoded: %s", qPrintable(avError(status)));
+            qCDebug(lcCamera, "A camera picture could not be decoded: %s", qPrintable(mediaErrorText(status)));
             continue;
         }
         while (avcodec_receive_frame(s.decoder, s.frame) >= 0) {

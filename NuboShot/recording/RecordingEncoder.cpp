@@ -1,6 +1,7 @@
 #include "recording/RecordingEncoder.h"
 
 #include "core/Logging.h"
+#include "recording/MediaError.h"
 
 #include <QDir>
 #include <QFile>
@@ -18,13 +19,6 @@ namespace nubo {
 namespace {
 
 constexpr AVRational movieTimeBase{1, 90000};
-
-QString avError(int code)
-{
-    char text[AV_ERROR_MAX_STRING_SIZE] = {};
-    av_strerror(code, text, sizeof text);
-    return QString::fromUtf8(text);
-}
 
 bool isVaapi(const QString& name) { return name.endsWith(QLatin1String("_vaapi")); }
 bool isNvenc(const QString& name) { return name.endsWith(QLatin1String("_nvenc")); }
@@ -99,7 +93,7 @@ std::unique_ptr<RecordingVideoEncoder> RecordingVideoEncoder::open(RecordingCode
         }
         if (!probing) {
             qCWarning(lcRecordingWriter, "The %s encoder does not open: %s", qPrintable(name),
-                      qPrintable(avError(status)));
+                      qPrintable(mediaErrorText(status)));
         }
         refusal = std::pair(name, status);
     }
@@ -107,9 +101,9 @@ std::unique_ptr<RecordingVideoEncoder> RecordingVideoEncoder::open(RecordingCode
         throw RecordingError(RecordingError::Code::codecUnsupported);
     }
     qCWarning(lcRecordingWriter, "Writer failure operation=openEncoder status=%d errors=%s",
-              refusal->second, qPrintable(avError(refusal->second)));
+              refusal->second, qPrintable(mediaErrorText(refusal->second)));
     throw RecordingError(RecordingError::Code::writerFailed,
-                         avError(refusal->second) + QLatin1Char('.'));
+                         mediaErrorText(refusal->second) + QLatin1Char('.'));
 }
 
 int RecordingVideoEncoder::tryOpen(const QString& name, const Settings& settings)

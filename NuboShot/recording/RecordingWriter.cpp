@@ -1,6 +1,7 @@
 #include "recording/RecordingWriter.h"
 
 #include "core/Logging.h"
+#include "recording/MediaError.h"
 #include "recording/RecordingEncoder.h"
 #include "recording/RecordingRecovery.h"
 
@@ -31,13 +32,6 @@ constexpr AVRational movieTimeBase{1, 90000};
 constexpr AVRational audioTimeBase{1, recordingAudioRate};
 constexpr int audioBitRate = 192000;
 
-QString avError(int code)
-{
-    char text[AV_ERROR_MAX_STRING_SIZE] = {};
-    av_strerror(code, text, sizeof text);
-    return QString::fromUtf8(text);
-}
-
 // Removes an unfinished movie: only ever a regular file of ours.
 void removeMovie(const QString& file)
 {
@@ -49,7 +43,7 @@ void removeMovie(const QString& file)
 
 [[noreturn]] void fail(const QString& operation, int code)
 {
-    const QString reason = avError(code);
+    const QString reason = mediaErrorText(code);
     qCWarning(lcRecordingWriter, "Writer failure operation=%s status=%d errors=%s",
               qPrintable(operation), code, qPrintable(reason));
     throw RecordingError(RecordingError::Code::writerFailed, reason + QLatin1Char('.'));
@@ -857,7 +851,7 @@ void RecordingWriter::moveIndexToFront(const QString& file)
         }
         if (status < 0) {
             // A fragment cut short by a crash: what came before it is kept.
-            qCWarning(lcRecordingWriter, "Movie ends early: %s", qPrintable(avError(status)));
+            qCWarning(lcRecordingWriter, "Movie ends early: %s", qPrintable(mediaErrorText(status)));
             break;
         }
         // A packet of unknown length (the last of a cut-off movie) lasts as
