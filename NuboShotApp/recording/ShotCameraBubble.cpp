@@ -148,8 +148,7 @@ void ShotCameraPreview::paintEvent(QPaintEvent*)
     painter.setBrush(Qt::NoBrush);
     painter.drawEllipse(circle.adjusted(1, 1, -1, -1));
     // The resize grip, on the rim at the lower right.
-    const QPointF grip = QPointF(width(), height()) / 2 +
-                         QPointF(width(), height()) / 2 * std::sqrt(0.5) - QPointF(3, 3);
+    const QPointF grip = gripCentre();
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(255, 255, 255, 220));
     painter.drawEllipse(grip, 5, 5);
@@ -157,11 +156,16 @@ void ShotCameraPreview::paintEvent(QPaintEvent*)
     painter.drawEllipse(grip, 3, 3);
 }
 
+QPointF ShotCameraPreview::gripCentre() const
+{
+    // On the rim, at the lower right, a little inside.
+    const QPointF half = QPointF(width(), height()) / 2;
+    return half + half * std::sqrt(0.5) - QPointF(3, 3);
+}
+
 bool ShotCameraPreview::onGrip(QPointF at) const
 {
-    const QPointF grip = QPointF(width(), height()) / 2 +
-                         QPointF(width(), height()) / 2 * std::sqrt(0.5) - QPointF(3, 3);
-    return QLineF(at, grip).length() <= gripSize;
+    return QLineF(at, gripCentre()).length() <= gripSize;
 }
 
 void ShotCameraPreview::mousePressEvent(QMouseEvent* event)

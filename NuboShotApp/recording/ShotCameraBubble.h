@@ -47,6 +47,7 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
+    QPointF gripCentre() const;
     bool onGrip(QPointF at) const;
     void refresh();
 
