@@ -8,6 +8,7 @@
 #include "shell/RecordCommand.h"
 #include "shell/ExportCommand.h"
 #include "shell/StitchCommand.h"
+#include "shell/VideoCommand.h"
 
 #include <QCoreApplication>
 
@@ -36,6 +37,10 @@ Commands:
   stitch FRAME... -o FILE stitch frames of a scrolling area into one tall PNG
   record display [ID]|area X,Y,W,H|window ID [-o DIR] [--duration S] ...
                           record the screen into an MP4 (SIGINT stops, SIGUSR1 pauses)
+  review FILE             open a recording in the review window
+  video export SOURCE -o FILE [--cut START-END]... [--crop X,Y,W,H] ...
+                          export an edited copy of a recording
+  video info FILE         what a recording holds
 
 Options:
   -h, --help              show this help; "nuboshot COMMAND --help" for a command
@@ -129,6 +134,9 @@ int run(const QStringList& arguments)
     }
     if (command == QLatin1String("capture")) {
         return runCaptureCommand(arguments.mid(1));
+    }
+    if (command == QLatin1String("video")) {
+        return runVideoCommand(arguments.mid(1));
     }
     if (command == QLatin1String("record")) {
         return runRecordCommand(arguments.mid(1));
