@@ -76,20 +76,21 @@ void ShotNotifications::actionInvoked(uint id, const QString& action)
         return;
     }
     if (action == QLatin1String("show")) {
-        // The file manager's own "show this item" where there is one.
-        QDBusMessage show = QDBusMessage::createMethodCall(
-            QStringLiteral("org.freedesktop.FileManager1"),
-            QStringLiteral("/org/freedesktop/FileManager1"),
-            QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
-        show << QStringList{QUrl::fromLocalFile(file).toString()} << QString();
-        if (!QDBusConnection::sessionBus()
-                 .call(show, QDBus::Block, 2000)
-                 .errorMessage()
-                 .isEmpty()) {
-            QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(file).absolutePath()));
-        }
+        showInFolder(file);
     } else {
         QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+    }
+}
+
+void ShotNotifications::showInFolder(const QString& file)
+{
+    // The file manager's own "show this item" where there is one.
+    QDBusMessage show = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
+        QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
+    show << QStringList{QUrl::fromLocalFile(file).toString()} << QString();
+    if (!QDBusConnection::sessionBus().call(show, QDBus::Block, 2000).errorMessage().isEmpty()) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(file).absolutePath()));
     }
 }
 

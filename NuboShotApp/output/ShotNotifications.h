@@ -11,6 +11,8 @@ class ShotNotifications : public QObject {
     Q_OBJECT
 public:
     static ShotNotifications& shared();
+    // The file selected in the file manager (its folder opened where none answers).
+    static void showInFolder(const QString& file);
 
     // "Saved to …" with actions that open the file and show its folder; a
     // missing notification service is logged, nothing more.

@@ -1,5 +1,7 @@
 #include "recording/ShotRecordingFlow.h"
 
+#include "review/ShotReviewWindow.h"
+
 #include "core/Logging.h"
 #include "core/Settings.h"
 #include "output/ShotNotifications.h"
@@ -512,6 +514,7 @@ void ShotRecordingFlow::recorderChanged(const RecordingState& state)
         qCInfo(lcRecording, "Recording saved to %s", qPrintable(finished->file));
         ShotNotifications::shared().notifyFile(QStringLiteral("Recording saved"), finished->file,
                                                QFileInfo(finished->file).fileName());
+        openReview(finished->file);
     } else if (const auto* failed = std::get_if<RecordingState::Failed>(&state.state)) {
         m_inhibitor->release();
         if (m_phase == Phase::recording) { // a start that failed is told by its caller
@@ -520,6 +523,22 @@ void ShotRecordingFlow::recorderChanged(const RecordingState& state)
     } else if (state.is<RecordingState::Idle>()) {
         m_inhibitor->release();
         setPhase(Phase::idle);
+    }
+}
+
+void ShotRecordingFlow::openReview(const QString& file)
+{
+    // Every finished recording opens for review; the file is already saved.
+    try {
+        auto* review = new ShotReviewWindow(file, m_preferences);
+        review->setAttribute(Qt::WA_DeleteOnClose);
+        review->show();
+        review->raise();
+        review->activateWindow();
+        m_reviews.removeAll(nullptr);
+        m_reviews.append(review);
+    } catch (const Error& error) {
+        qCWarning(lcRecording, "The review of %s did not open: %s", qPrintable(file), qPrintable(error.message()));
     }
 }
 

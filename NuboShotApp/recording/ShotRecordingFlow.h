@@ -92,6 +92,7 @@ private:
     // The bubble's preview and the recorder's overlay, as the options ask.
     void setCamera(const RecordingOptions& options);
     void recorderChanged(const RecordingState& state);
+    void openReview(const QString& file);
     void setPhase(Phase phase);
     void grabKeys(const QList<std::pair<QString, QKeySequence>>& keys);
     void closeWindows();
@@ -113,6 +114,7 @@ private:
     QPointer<ShotRecordingOptionsBar> m_options;
     QPointer<ShotRecordingCountdown> m_countdown;
     QPointer<ShotRecordingControlBar> m_controls;
+    QList<QPointer<QWidget>> m_reviews; // review windows of finished recordings
     ShotAreaOutline m_outline;
     QTimer m_meter; // the microphone's level on the control bar
     QElapsedTimer m_requested;    // Record Screen to the overlay, for the log

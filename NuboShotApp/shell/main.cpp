@@ -1,5 +1,6 @@
 #include "shell/CommandLine.h"
 #include "shell/EditorCommands.h"
+#include "shell/ReviewCommand.h"
 #include "shell/TrayApplication.h"
 
 #include <QApplication>
@@ -22,6 +23,9 @@ int main(int argc, char** argv)
     }
     if (nubo::cli::isEditorCommand(arguments)) {
         return nubo::cli::runEditorCommand(argc, argv, arguments);
+    }
+    if (nubo::cli::isReviewCommand(arguments)) {
+        return nubo::cli::runReviewCommand(argc, argv, arguments);
     }
     if (nubo::cli::isHeadless(arguments)) {
         // Commands draw and encode without a screen; only drawing text needs

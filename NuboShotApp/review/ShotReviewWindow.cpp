@@ -1,0 +1,580 @@
+#include "review/ShotReviewWindow.h"
+
+#include "core/Logging.h"
+#include "core/Settings.h"
+#include "output/ShotNotifications.h"
+#include "recording/RecordingTypes.h"
+#include "review/ShotReviewCanvas.h"
+#include "review/ShotReviewTimeline.h"
+#include "review/ShotVideoPlayer.h"
+#include "style/ShotIcons.h"
+#include "video/VideoEditExport.h"
+#include "video/VideoEditRenderer.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFutureWatcher>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLocale>
+#include <QMenu>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QToolButton>
+#include <QUrl>
+#include <QVBoxLayout>
+#include <QtConcurrent>
+
+namespace nubo {
+
+namespace {
+
+QString clock(VideoTime time)
+{
+    const qint64 tenths = qint64(std::floor(time.toSeconds() * 10 + 1e-9));
+    return QStringLiteral("%1:%2.%3")
+        .arg(tenths / 600)
+        .arg((tenths / 10) % 60, 2, 10, QLatin1Char('0'))
+        .arg(tenths % 10);
+}
+
+QToolButton* toolButton(const QString& text, const QString& tip, QWidget* parent, bool checkable = false)
+{
+    auto* button = new QToolButton(parent);
+    button->setText(text);
+    button->setToolTip(tip);
+    button->setCheckable(checkable);
+    button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);
+    return button;
+}
+
+} // namespace
+
+ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& preferences, QWidget* parent)
+    : QWidget(parent), m_recording(QFileInfo(recording).absoluteFilePath()), m_preferences(preferences)
+{
+    m_player = std::make_unique<ShotVideoPlayer>(m_recording);
+    m_info = m_player->info();
+    m_history = VideoEditHistory(VideoEditList::opened(m_recording, m_info.duration));
+    setObjectName(QStringLiteral("reviewWindow"));
+    setWindowTitle(QStringLiteral("%1 \u2014 Review").arg(QFileInfo(m_recording).completeBaseName()));
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    setFocusPolicy(Qt::StrongFocus);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 8);
+    layout->setSpacing(6);
+
+    // Tools over the picture.
+    auto* tools = new QHBoxLayout;
+    tools->setContentsMargins(10, 6, 10, 0);
+    m_play = toolButton(QStringLiteral("Play"), QStringLiteral("Play or pause (Space)"), this);
+    m_play->setObjectName(QStringLiteral("reviewPlay"));
+    auto* splitButton = toolButton(QStringLiteral("Split"), QStringLiteral("Split at the playhead (S)"), this);
+    splitButton->setObjectName(QStringLiteral("reviewSplit"));
+    auto* removeButton = toolButton(QStringLiteral("Remove Segment"),
+                                    QStringLiteral("Cut out the segment under the playhead (Delete)"), this);
+    removeButton->setObjectName(QStringLiteral("reviewRemove"));
+    m_blurMode = toolButton(QStringLiteral("Blur"), QStringLiteral("Drag over the picture to blur a region (B)"), this, true);
+    m_blurMode->setObjectName(QStringLiteral("reviewBlur"));
+    m_cropMode = toolButton(QStringLiteral("Crop"), QStringLiteral("Crop the picture (C)"), this, true);
+    m_cropMode->setObjectName(QStringLiteral("reviewCrop"));
+    m_mute = toolButton(QStringLiteral("Mute"), QStringLiteral("Export without sound (M)"), this, true);
+    m_mute->setObjectName(QStringLiteral("reviewMute"));
+    m_mute->setEnabled(m_info.hasAudio);
+    m_undo = toolButton(QStringLiteral("Undo"), QStringLiteral("Undo (Ctrl+Z)"), this);
+    m_redo = toolButton(QStringLiteral("Redo"), QStringLiteral("Redo (Ctrl+Shift+Z)"), this);
+    m_quality = toolButton(QString(), QStringLiteral("Export quality"), this);
+    m_quality->setObjectName(QStringLiteral("reviewQuality"));
+    m_quality->setPopupMode(QToolButton::InstantPopup);
+    auto* qualityMenu = new QMenu(m_quality);
+    qualityMenu->setToolTipsVisible(true);
+    auto* caption = qualityMenu->addAction(videoExportQualityCaption);
+    caption->setEnabled(false);
+    for (VideoExportQuality quality : {VideoExportQuality::original, VideoExportQuality::p1080, VideoExportQuality::p720}) {
+        QAction* action = qualityMenu->addAction(videoExportQualityTitle(quality));
+        action->setCheckable(true);
+        action->setData(int(quality));
+        connect(action, &QAction::triggered, this, [this, quality] {
+            VideoEditList next = m_history.current;
+            next.setQuality(quality);
+            commit(next);
+        });
+    }
+    m_quality->setMenu(qualityMenu);
+    for (QWidget* w : std::initializer_list<QWidget*>{m_play, splitButton, removeButton, m_blurMode, m_cropMode, m_mute}) {
+        tools->addWidget(w);
+    }
+    tools->addStretch();
+    tools->addWidget(m_undo);
+    tools->addWidget(m_redo);
+    tools->addWidget(m_quality);
+    layout->addLayout(tools);
+
+    m_canvas = new ShotReviewCanvas(m_info.size, this);
+    layout->addWidget(m_canvas, 1);
+    m_timeline = new ShotReviewTimeline(m_info.duration, this);
+    layout->addWidget(m_timeline);
+
+    // The bottom bar: time, estimate, status or progress, the outputs.
+    auto* bottom = new QHBoxLayout;
+    bottom->setContentsMargins(12, 0, 12, 0);
+    m_time = new QLabel(this);
+    m_time->setObjectName(QStringLiteral("reviewTime"));
+    m_time->setMinimumWidth(110);
+    m_estimate = new QLabel(this);
+    m_estimate->setObjectName(QStringLiteral("reviewEstimate"));
+    m_status = new QLabel(this);
+    m_status->setObjectName(QStringLiteral("reviewStatus"));
+    m_progress = new QProgressBar(this);
+    m_progress->setObjectName(QStringLiteral("reviewProgress"));
+    m_progress->setRange(0, 100);
+    m_progress->setMaximumWidth(160);
+    m_progress->hide();
+    m_cancel = new QPushButton(QStringLiteral("Cancel"), this);
+    m_cancel->setObjectName(QStringLiteral("reviewCancel"));
+    m_cancel->hide();
+    m_showInFolder = new QPushButton(QStringLiteral("Show in Folder"), this);
+    m_showInFolder->setEnabled(false);
+    m_copy = new QPushButton(QStringLiteral("Copy"), this);
+    m_copy->setObjectName(QStringLiteral("reviewCopy"));
+    m_saveAs = new QPushButton(QStringLiteral("Save As\u2026"), this);
+    m_export = new QPushButton(QStringLiteral("Export"), this);
+    m_export->setObjectName(QStringLiteral("reviewExport"));
+    m_export->setDefault(true);
+    for (QPushButton* b : {m_cancel, m_showInFolder, m_copy, m_saveAs, m_export}) {
+        b->setFocusPolicy(Qt::NoFocus);
+    }
+    bottom->addWidget(m_time);
+    bottom->addWidget(m_estimate);
+    bottom->addSpacing(12);
+    bottom->addWidget(m_status, 1);
+    bottom->addWidget(m_progress);
+    bottom->addWidget(m_cancel);
+    bottom->addWidget(m_showInFolder);
+    bottom->addWidget(m_copy);
+    bottom->addWidget(m_saveAs);
+    bottom->addWidget(m_export);
+    layout->addLayout(bottom);
+
+    connect(m_play, &QToolButton::clicked, m_player.get(), &ShotVideoPlayer::toggle);
+    connect(splitButton, &QToolButton::clicked, this, &ShotReviewWindow::split);
+    connect(removeButton, &QToolButton::clicked, this, &ShotReviewWindow::removeSegment);
+    connect(m_blurMode, &QToolButton::clicked, this, [this](bool on) { setMode(on ? 1 : 0); });
+    connect(m_cropMode, &QToolButton::clicked, this, [this](bool on) { setMode(on ? 2 : 0); });
+    connect(m_mute, &QToolButton::clicked, this, [this](bool on) {
+        VideoEditList next = m_history.current;
+        next.setMuted(on);
+        commit(next);
+    });
+    connect(m_undo, &QToolButton::clicked, this, &ShotReviewWindow::undo);
+    connect(m_redo, &QToolButton::clicked, this, &ShotReviewWindow::redo);
+    connect(m_export, &QPushButton::clicked, this, [this] { exportTo(exportPath()); });
+    connect(m_saveAs, &QPushButton::clicked, this, &ShotReviewWindow::saveAs);
+    connect(m_copy, &QPushButton::clicked, this, &ShotReviewWindow::copy);
+    connect(m_showInFolder, &QPushButton::clicked, this, [this] { ShotNotifications::showInFolder(m_exportedFile); });
+    connect(m_cancel, &QPushButton::clicked, this, [this] {
+        if (m_session) {
+            m_session->cancel();
+        }
+    });
+
+    connect(m_player.get(), &ShotVideoPlayer::frameShown, m_canvas, &ShotReviewCanvas::setFrame);
+    connect(m_player.get(), &ShotVideoPlayer::positionChanged, this, [this](VideoTime position) {
+        m_timeline->setPosition(position);
+        updateLabels();
+    });
+    connect(m_player.get(), &ShotVideoPlayer::playingChanged, this,
+            [this](bool playing) { m_play->setText(playing ? QStringLiteral("Pause") : QStringLiteral("Play")); });
+    connect(m_canvas, &ShotReviewCanvas::sizeChanged, m_player.get(), &ShotVideoPlayer::setDisplaySize);
+    connect(m_timeline, &ShotReviewTimeline::scrubbed, m_player.get(), [this](VideoTime t) {
+        m_player->pause();
+        m_player->seek(t);
+    });
+    connect(m_timeline, &ShotReviewTimeline::inPointDragged, this, [this](VideoTime t, bool finished) {
+        VideoEditList next = m_history.current;
+        next.setInPoint(t, m_info.duration, m_info.frameDuration);
+        commit(next, finished);
+        m_player->seek(next.inPoint);
+    });
+    connect(m_timeline, &ShotReviewTimeline::outPointDragged, this, [this](VideoTime t, bool finished) {
+        VideoEditList next = m_history.current;
+        next.setOutPoint(t, m_info.duration, m_info.frameDuration);
+        commit(next, finished);
+        m_player->seek(std::max(next.inPoint, next.outPoint - m_info.frameDuration));
+    });
+    auto selectBlur = [this](const QUuid& id) {
+        m_canvas->setSelectedBlur(id);
+        m_timeline->setSelectedBlur(id);
+    };
+    connect(m_timeline, &ShotReviewTimeline::blurSelected, this, selectBlur);
+    connect(m_canvas, &ShotReviewCanvas::blurSelected, this, selectBlur);
+    connect(m_timeline, &ShotReviewTimeline::blurTimeDragged, this,
+            [this](const QUuid& id, const VideoTimeRange& range, bool finished) {
+                VideoEditList next = m_history.current;
+                if (const VideoBlurRegion* region = next.blur(id)) {
+                    next.updateBlur(id, region->rect, range);
+                    commit(next, finished);
+                }
+            });
+    connect(m_canvas, &ShotReviewCanvas::blurChanged, this, [this](const QUuid& id, const QRectF& rect, bool finished) {
+        VideoEditList next = m_history.current;
+        if (const VideoBlurRegion* region = next.blur(id)) {
+            next.updateBlur(id, rect, region->timeRange);
+            commit(next, finished);
+        }
+    });
+    connect(m_canvas, &ShotReviewCanvas::blurDrawn, this, [this, selectBlur](const QRectF& rect) {
+        // A new region lasts three seconds from the playhead.
+        VideoEditList next = m_history.current;
+        const VideoTime from = m_player->position();
+        const int number = next.addBlur(rect, VideoTimeRange{from, VideoTime::seconds(3)});
+        commit(next);
+        qCInfo(lcVideoEdit, "Blur %d added at %s", number, qPrintable(from.text()));
+        selectBlur(next.blurs.back().id);
+    });
+    connect(m_canvas, &ShotReviewCanvas::cropChanged, this, [this](const QRectF& rect, bool finished) {
+        VideoEditList next = m_history.current;
+        next.setCrop(rect);
+        commit(next, finished);
+    });
+
+    resize(960, 680);
+    applied();
+    loadThumbnails();
+    qCInfo(lcVideoEdit, "Review of %s opened (%dx%d, %s)", qPrintable(m_recording), m_info.size.width(),
+           m_info.size.height(), qPrintable(m_info.duration.text()));
+}
+
+ShotReviewWindow::~ShotReviewWindow()
+{
+    if (m_session) {
+        m_session->cancel();
+        m_session->wait();
+    }
+}
+
+void ShotReviewWindow::loadThumbnails()
+{
+    const QString file = m_recording;
+    const VideoTime duration = m_info.duration;
+    const QSize fit = QSize(160, 90) * devicePixelRatioF();
+    auto* watcher = new QFutureWatcher<std::vector<QImage>>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
+        m_timeline->setThumbnails(watcher->result());
+        watcher->deleteLater();
+    });
+    watcher->setFuture(QtConcurrent::run([file, duration, fit] {
+        std::vector<QImage> thumbnails;
+        try {
+            VideoFrameReader reader(file);
+            constexpr int count = 12;
+            for (int i = 0; i < count; ++i) {
+                thumbnails.push_back(reader.frameAt(VideoTime(duration.value * (2 * i + 1), duration.scale * 2 * count), fit).image);
+            }
+        } catch (const Error& error) {
+            qCWarning(lcVideoEdit, "No thumbnails: %s", qPrintable(error.message()));
+        }
+        return thumbnails;
+    }));
+}
+
+QString ShotReviewWindow::exportPath() const
+{
+    const QString folder = recordingFolder(m_preferences);
+    const QString base = QFileInfo(m_recording).completeBaseName() + QStringLiteral(" (edited)");
+    QString path = folder + QLatin1Char('/') + base + QStringLiteral(".mp4");
+    for (int n = 2; QFileInfo::exists(path) && path != m_exportedFile; ++n) {
+        path = folder + QLatin1Char('/') + base + QStringLiteral(" (%1).mp4").arg(n);
+    }
+    return path;
+}
+
+bool ShotReviewWindow::hasUnexportedEdits() const
+{
+    return m_history.hasEdits() && m_exportedList != m_history.current;
+}
+
+void ShotReviewWindow::commit(const VideoEditList& next, bool finished)
+{
+    if (!finished) {
+        m_history.beginCoalescing();
+    }
+    m_history.commit(next);
+    if (finished) {
+        m_history.endCoalescing();
+    }
+    applied();
+}
+
+void ShotReviewWindow::applied()
+{
+    const VideoEditList& list = m_history.current;
+    m_player->setEdits(list);
+    m_canvas->setEdits(list);
+    m_timeline->setEdits(list);
+    m_mute->setChecked(list.isMuted);
+    m_undo->setEnabled(m_history.canUndo());
+    m_redo->setEnabled(m_history.canRedo());
+    m_quality->setText(videoExportQualityTitle(list.quality));
+    for (QAction* action : m_quality->menu()->actions()) {
+        if (action->data().isValid()) {
+            action->setChecked(action->data().toInt() == int(list.quality));
+        }
+    }
+    const bool anything = !list.keptRanges().empty();
+    m_export->setEnabled(anything && !m_session);
+    m_saveAs->setEnabled(anything && !m_session);
+    m_copy->setEnabled(anything && !m_session);
+    updateLabels();
+}
+
+void ShotReviewWindow::updateLabels()
+{
+    const VideoEditList& list = m_history.current;
+    const VideoTime position = m_player->position();
+    const auto edited = list.editedTime(position);
+    m_time->setText(QStringLiteral("%1 / %2").arg(edited ? clock(*edited) : QStringLiteral("\u2013"),
+                                                   clock(list.keptDuration())));
+    const QSize size = videoOutputSize(m_info.size, list.cropRect, list.quality);
+    m_estimate->setText(QStringLiteral("%1 \u00d7 %2 \u00b7 about %3")
+                            .arg(size.width())
+                            .arg(size.height())
+                            .arg(QLocale().formattedDataSize(videoSizeEstimate(list, m_info), 1,
+                                                             QLocale::DataSizeSIFormat)));
+}
+
+void ShotReviewWindow::undo()
+{
+    if (m_history.undo()) {
+        applied();
+    }
+}
+
+void ShotReviewWindow::redo()
+{
+    if (m_history.redo()) {
+        applied();
+    }
+}
+
+void ShotReviewWindow::split()
+{
+    VideoEditList next = m_history.current;
+    if (next.split(m_player->position(), m_info.duration)) {
+        qCInfo(lcVideoEdit, "Split at %s", qPrintable(m_player->position().text()));
+        commit(next);
+    }
+}
+
+void ShotReviewWindow::removeSegment()
+{
+    VideoEditList next = m_history.current;
+    const VideoTime at = m_player->position();
+    if (next.removeSegment(at, m_info.duration)) {
+        const VideoTimeRange removed = next.removedRanges.back();
+        qCInfo(lcVideoEdit, "Removed %s to %s", qPrintable(removed.start.text()), qPrintable(removed.end().text()));
+        commit(next);
+        if (const auto playable = next.nextPlayableTime(at)) {
+            m_player->seek(*playable);
+        }
+    } else if (next.restoreAt(at)) {
+        commit(next); // the removed stretch under the playhead comes back
+    }
+}
+
+void ShotReviewWindow::deleteSelection()
+{
+    const QUuid selected = m_canvas->selectedBlur();
+    VideoEditList next = m_history.current;
+    if (!selected.isNull() && next.removeBlur(selected)) {
+        commit(next);
+        m_canvas->setSelectedBlur({});
+        m_timeline->setSelectedBlur({});
+        return;
+    }
+    removeSegment();
+}
+
+void ShotReviewWindow::setMode(int mode)
+{
+    const auto canvasMode = mode == 1 ? ShotReviewCanvas::Mode::blur
+                            : mode == 2 ? ShotReviewCanvas::Mode::crop
+                                        : ShotReviewCanvas::Mode::view;
+    m_canvas->setMode(canvasMode);
+    m_blurMode->setChecked(mode == 1);
+    m_cropMode->setChecked(mode == 2);
+}
+
+void ShotReviewWindow::keyPressEvent(QKeyEvent* event)
+{
+    const auto mods = event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier | Qt::AltModifier);
+    if (mods == Qt::ControlModifier && event->key() == Qt::Key_Z) {
+        undo();
+    } else if ((mods == (Qt::ControlModifier | Qt::ShiftModifier) && event->key() == Qt::Key_Z) ||
+               (mods == Qt::ControlModifier && event->key() == Qt::Key_Y)) {
+        redo();
+    } else if (mods == Qt::ControlModifier && event->key() == Qt::Key_E) {
+        exportTo(exportPath());
+    } else if (mods == Qt::ControlModifier && event->key() == Qt::Key_S) {
+        saveAs();
+    } else if (mods == Qt::ControlModifier && event->key() == Qt::Key_C) {
+        copy();
+    } else if (mods != Qt::NoModifier) {
+        QWidget::keyPressEvent(event);
+    } else if (event->key() == Qt::Key_Space) {
+        m_player->toggle();
+    } else if (event->key() == Qt::Key_Left || event->key() == Qt::Key_Right) {
+        m_player->step(event->key() == Qt::Key_Left ? -1 : 1);
+    } else if (event->key() == Qt::Key_S) {
+        split();
+    } else if (event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace) {
+        deleteSelection();
+    } else if (event->key() == Qt::Key_B) {
+        setMode(m_canvas->mode() == ShotReviewCanvas::Mode::blur ? 0 : 1);
+    } else if (event->key() == Qt::Key_C) {
+        setMode(m_canvas->mode() == ShotReviewCanvas::Mode::crop ? 0 : 2);
+    } else if (event->key() == Qt::Key_M && m_info.hasAudio) {
+        VideoEditList next = m_history.current;
+        next.setMuted(!next.isMuted);
+        commit(next);
+    } else if (event->key() == Qt::Key_Escape && m_canvas->mode() != ShotReviewCanvas::Mode::view) {
+        setMode(0);
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}
+
+void ShotReviewWindow::saveAs()
+{
+    const QString file = QFileDialog::getSaveFileName(this, QStringLiteral("Save Edited Recording"), exportPath(),
+                                                      QStringLiteral("MPEG-4 movie (*.mp4)"));
+    if (!file.isEmpty()) {
+        exportTo(file.endsWith(QLatin1String(".mp4"), Qt::CaseInsensitive) ? file : file + QStringLiteral(".mp4"));
+    }
+}
+
+void ShotReviewWindow::copy()
+{
+    // The file as it is exported now; exported first when the edits changed.
+    if (!m_exportedFile.isEmpty() && m_exportedList == m_history.current && QFileInfo::exists(m_exportedFile)) {
+        auto* data = new QMimeData;
+        data->setUrls({QUrl::fromLocalFile(m_exportedFile)});
+        data->setData(QStringLiteral("x-special/gnome-copied-files"),
+                      "copy\n" + QUrl::fromLocalFile(m_exportedFile).toEncoded());
+        QApplication::clipboard()->setMimeData(data);
+        m_status->setText(QStringLiteral("Copied \u201c%1\u201d").arg(QFileInfo(m_exportedFile).fileName()));
+        qCInfo(lcVideoEdit, "Copied %s", qPrintable(m_exportedFile));
+        return;
+    }
+    exportTo(exportPath(), true);
+}
+
+void ShotReviewWindow::exportTo(const QString& file, bool thenCopy)
+{
+    if (m_session || m_history.current.keptRanges().empty()) {
+        return;
+    }
+    m_player->pause();
+    const VideoEditList list = m_history.current;
+    m_session = std::make_unique<VideoEditExportSession>(list, file);
+    m_progress->setValue(0);
+    m_progress->show();
+    m_cancel->show();
+    m_status->setText(QStringLiteral("Exporting \u201c%1\u201d\u2026").arg(QFileInfo(file).fileName()));
+    applied();
+    QPointer<ShotReviewWindow> self(this);
+    m_session->start(
+        [self](double fraction) {
+            QMetaObject::invokeMethod(qApp, [self, fraction] {
+                if (self) {
+                    self->m_progress->setValue(int(fraction * 100));
+                }
+            });
+        },
+        [self, thenCopy, list](const VideoExportOutcome& outcome) {
+            QMetaObject::invokeMethod(qApp, [self, thenCopy, outcome, list] {
+                if (self) {
+                    if (outcome.result) {
+                        self->m_exportedList = list;
+                    }
+                    self->exportEnded(outcome, thenCopy);
+                }
+            });
+        });
+}
+
+void ShotReviewWindow::exportEnded(const VideoExportOutcome& outcome, bool thenCopy)
+{
+    m_session->wait();
+    m_session.reset();
+    m_progress->hide();
+    m_cancel->hide();
+    applied();
+    if (outcome.cancelled) {
+        m_status->setText(QStringLiteral("Export cancelled"));
+        m_closeAfterExport = false;
+        emit exportFinished(QString(), QStringLiteral("cancelled"));
+        return;
+    }
+    if (outcome.error) {
+        m_status->setText(QStringLiteral("Export failed"));
+        m_closeAfterExport = false;
+        emit exportFinished(QString(), outcome.error->message());
+        QMessageBox::warning(this, QStringLiteral("Export Failed"), outcome.error->message());
+        return;
+    }
+    m_exportedFile = outcome.result->file;
+    m_showInFolder->setEnabled(true);
+    m_status->setText(QStringLiteral("Exported \u201c%1\u201d").arg(QFileInfo(m_exportedFile).fileName()));
+    emit exportFinished(m_exportedFile, QString());
+    if (thenCopy) {
+        copy();
+    }
+    if (m_closeAfterExport) {
+        close();
+    }
+}
+
+void ShotReviewWindow::closeEvent(QCloseEvent* event)
+{
+    if (m_session) {
+        m_session->cancel();
+    }
+    if (!hasUnexportedEdits() || m_closeAfterExport) {
+        m_player->pause();
+        event->accept();
+        return;
+    }
+    QMessageBox question(QMessageBox::Question, QStringLiteral("Discard Edits?"),
+                         QStringLiteral("Your edits to \u201c%1\u201d have not been exported.")
+                             .arg(QFileInfo(m_recording).fileName()),
+                         QMessageBox::NoButton, this);
+    question.setInformativeText(QStringLiteral("The recording itself stays as it is."));
+    QPushButton* exportButton = question.addButton(QStringLiteral("Export"), QMessageBox::AcceptRole);
+    QPushButton* discard = question.addButton(QStringLiteral("Discard"), QMessageBox::DestructiveRole);
+    question.addButton(QMessageBox::Cancel);
+    question.setDefaultButton(exportButton);
+    question.exec();
+    if (question.clickedButton() == discard) {
+        qCInfo(lcVideoEdit, "Edits of %s discarded", qPrintable(m_recording));
+        m_player->pause();
+        event->accept();
+    } else if (question.clickedButton() == exportButton) {
+        m_closeAfterExport = true;
+        exportTo(exportPath());
+        event->ignore();
+    } else {
+        event->ignore();
+    }
+}
+
+} // namespace nubo
