@@ -26,6 +26,8 @@
 #include <QMimeData>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
+#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -247,7 +249,12 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
         commit(next, finished);
     });
 
-    resize(960, 680);
+    // As large as a comfortable review, never larger than the screen.
+    QSize size(960, 680);
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        size = size.boundedTo(screen->availableSize() * 0.92);
+    }
+    resize(size);
     applied();
     loadThumbnails();
     qCInfo(lcVideoEdit, "Review of %s opened (%dx%d, %s)", qPrintable(m_recording), m_info.size.width(),
@@ -542,6 +549,23 @@ void ShotReviewWindow::exportEnded(const VideoExportOutcome& outcome, bool thenC
     if (m_closeAfterExport) {
         close();
     }
+}
+
+void ShotReviewWindow::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    // Where the picture and the timeline's strip are on screen, once placed.
+    QTimer::singleShot(300, this, [this] {
+        // In the screen's own pixels, as other programs see them.
+        const double ratio = devicePixelRatioF();
+        const QRectF picture = m_canvas->pictureRect();
+        const QPointF at = QPointF(m_canvas->mapToGlobal(picture.topLeft().toPoint())) * ratio;
+        const QPointF line = QPointF(m_timeline->mapToGlobal(QPoint(0, 6 + ShotReviewTimeline::stripHeight / 2))) * ratio;
+        qCInfo(lcVideoEdit, "Review picture at %d,%d, %dx%d; timeline from %d to %d at %d", qRound(at.x()),
+               qRound(at.y()), qRound(picture.width() * ratio), qRound(picture.height() * ratio),
+               qRound(line.x() + m_timeline->xOf(VideoTime()) * ratio),
+               qRound(line.x() + m_timeline->xOf(m_info.duration) * ratio), qRound(line.y()));
+    });
 }
 
 void ShotReviewWindow::closeEvent(QCloseEvent* event)
