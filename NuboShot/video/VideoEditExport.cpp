@@ -21,6 +21,7 @@ extern "C" {
 #include <algorithm>
 #include <cstdio>
 #include <deque>
+#include <functional>
 #include <set>
 #include <thread>
 
@@ -521,62 +522,67 @@ private:
         check(av_frame_get_buffer(m_target.get(), 0));
     }
 
-    void encodePictures()
+    // Decodes the pictures whose time lies in `stretch` (from the key frame
+    // before it) and hands each with its source time to `each`.
+    void decodeStretch(VideoTimeRange stretch, const std::function<void(AVFrame*, VideoTime)>& each)
     {
-        media::Codec decoder = m_input.decoder(m_input.video, 0);
         AVStream* stream = m_input.videoStream();
+        media::Codec decoder = m_input.decoder(m_input.video, 0);
         media::Packet packet = media::packet();
         media::Frame decoded = media::frame();
+        check(m_input.seek(m_input.video, stretch.start));
+        bool done = false, flushed = false;
+        while (!done) {
+            checkCancelled();
+            if (!flushed) {
+                if (av_read_frame(m_input.format, packet.get()) < 0) {
+                    avcodec_send_packet(decoder.get(), nullptr);
+                    flushed = true;
+                } else if (packet->stream_index == m_input.video) {
+                    const int sent = avcodec_send_packet(decoder.get(), packet.get());
+                    if (sent < 0 && sent != AVERROR_INVALIDDATA) {
+                        av_packet_unref(packet.get());
+                        media::fail(sent);
+                    }
+                }
+                av_packet_unref(packet.get());
+            }
+            while (!done) {
+                const int status = avcodec_receive_frame(decoder.get(), decoded.get());
+                if (status == AVERROR(EAGAIN)) {
+                    break;
+                }
+                if (status == AVERROR_EOF) {
+                    done = true;
+                    break;
+                }
+                check(status);
+                const VideoTime t = media::streamTime(stream, decoded->best_effort_timestamp);
+                if (t >= stretch.end()) {
+                    done = true;
+                } else if (t >= stretch.start) {
+                    each(decoded.get(), t);
+                }
+                av_frame_unref(decoded.get());
+            }
+        }
+    }
+
+    void encodePictures()
+    {
         VideoTime accumulated;
         for (const VideoTimeRange& range : m_kept) {
-            check(m_input.seek(m_input.video, range.start));
-            avcodec_flush_buffers(decoder.get());
-            bool done = false;
-            bool flushed = false;
-            while (!done) {
-                checkCancelled();
-                if (!flushed) {
-                    const int read = av_read_frame(m_input.format, packet.get());
-                    if (read < 0) {
-                        avcodec_send_packet(decoder.get(), nullptr);
-                        flushed = true;
-                    } else if (packet->stream_index == m_input.video) {
-                        const int sent = avcodec_send_packet(decoder.get(), packet.get());
-                        if (sent < 0 && sent != AVERROR_INVALIDDATA) {
-                            av_packet_unref(packet.get());
-                            media::fail(sent);
-                        }
-                    }
-                    av_packet_unref(packet.get());
-                }
-                while (true) {
-                    const int status = avcodec_receive_frame(decoder.get(), decoded.get());
-                    if (status == AVERROR(EAGAIN)) {
-                        break;
-                    }
-                    if (status == AVERROR_EOF) {
-                        done = true;
-                        break;
-                    }
-                    check(status);
-                    const int64_t ts = decoded->best_effort_timestamp;
-                    const VideoTime t = media::streamTime(stream, ts);
-                    if (t >= range.end()) {
-                        done = true;
-                    } else if (t >= range.start) {
-                        const VideoTime edited = accumulated + (t - range.start);
-                        check(av_frame_make_writable(m_target.get()));
-                        m_renderer->render(decoded.get(), t, m_target.get());
-                        m_target->pts = outputTicks(edited);
-                        m_target->pict_type = AV_PICTURE_TYPE_NONE;
-                        check(avcodec_send_frame(m_encoder.get(), m_target.get()));
-                        ++m_result.encodedFrames;
-                        receivePictures(m_encoder.get(), m_timeBase, false);
-                        reportPictures(edited);
-                    }
-                    av_frame_unref(decoded.get());
-                }
-            }
+            decodeStretch(range, [&](AVFrame* decoded, VideoTime t) {
+                const VideoTime edited = accumulated + (t - range.start);
+                check(av_frame_make_writable(m_target.get()));
+                m_renderer->render(decoded, t, m_target.get());
+                m_target->pts = outputTicks(edited);
+                m_target->pict_type = AV_PICTURE_TYPE_NONE;
+                check(avcodec_send_frame(m_encoder.get(), m_target.get()));
+                ++m_result.encodedFrames;
+                receivePictures(m_encoder.get(), m_timeBase, false);
+                reportPictures(edited);
+            });
             accumulated += range.duration;
         }
         check(avcodec_send_frame(m_encoder.get(), nullptr));
@@ -716,49 +722,16 @@ private:
     // decoded from the key frame before and encoded anew.
     void encodeHead(VideoTimeRange stretch, VideoTime accumulated, VideoTime rangeStart)
     {
-        AVStream* stream = m_input.videoStream();
-        media::Codec decoder = m_input.decoder(m_input.video, 0);
-        media::Codec encoder = openSpliceEncoder(stream, m_spliceId);
-        media::Packet packet = media::packet();
-        media::Frame decoded = media::frame();
-        check(m_input.seek(m_input.video, stretch.start));
-        bool done = false, flushed = false;
-        while (!done) {
-            checkCancelled();
-            if (!flushed) {
-                if (av_read_frame(m_input.format, packet.get()) < 0) {
-                    avcodec_send_packet(decoder.get(), nullptr);
-                    flushed = true;
-                } else if (packet->stream_index == m_input.video) {
-                    avcodec_send_packet(decoder.get(), packet.get());
-                }
-                av_packet_unref(packet.get());
-            }
-            while (true) {
-                const int status = avcodec_receive_frame(decoder.get(), decoded.get());
-                if (status == AVERROR(EAGAIN)) {
-                    break;
-                }
-                if (status == AVERROR_EOF) {
-                    done = true;
-                    break;
-                }
-                check(status);
-                const VideoTime t = media::streamTime(stream, decoded->best_effort_timestamp);
-                if (t >= stretch.end()) {
-                    done = true;
-                } else if (t >= stretch.start) {
-                    const VideoTime edited = accumulated + (t - rangeStart);
-                    decoded->pts = outputTicks(edited);
-                    decoded->pict_type = AV_PICTURE_TYPE_NONE; // the encoder's own choice: a key frame first
-                    check(avcodec_send_frame(encoder.get(), decoded.get()));
-                    ++m_result.encodedFrames;
-                    receivePictures(encoder.get(), m_timeBase, true);
-                    reportPictures(edited);
-                }
-                av_frame_unref(decoded.get());
-            }
-        }
+        media::Codec encoder = openSpliceEncoder(m_input.videoStream(), m_spliceId);
+        decodeStretch(stretch, [&](AVFrame* decoded, VideoTime t) {
+            const VideoTime edited = accumulated + (t - rangeStart);
+            decoded->pts = outputTicks(edited);
+            decoded->pict_type = AV_PICTURE_TYPE_NONE; // the encoder's own choice: a key frame first
+            check(avcodec_send_frame(encoder.get(), decoded));
+            ++m_result.encodedFrames;
+            receivePictures(encoder.get(), m_timeBase, true);
+            reportPictures(edited);
+        });
         check(avcodec_send_frame(encoder.get(), nullptr));
         receivePictures(encoder.get(), m_timeBase, true);
     }

@@ -177,5 +177,34 @@ TEST_F(Review, SplitCutBlurAndExportAsAUserDoes)
     EXPECT_TRUE(test::windowShown(QStringLiteral("Review")));
 }
 
+TEST(VideoCommand, ExportsWhatTheOptionsSayAndPrintsTheFile)
+{
+    QTemporaryDir dir;
+    const QString movie = dir.filePath("movie.mp4");
+    ASSERT_EQ(test::writeCounterMovie(movie), QString());
+    const QString out = dir.filePath("cut.mp4");
+    const test::ProcessResult exported = test::runNuboShot(
+        {"video", "export", movie, "-o", out, "--cut", "2.5-3.5", "--cut", "5-6.2", "--out", "9", "--mute"});
+    ASSERT_EQ(exported.exitCode, 0) << exported.err.toStdString();
+    EXPECT_EQ(exported.out.trimmed(), out);
+    const test::DecodedMovie cut = test::decodeMovie(out);
+    QList<int> numbers, expected;
+    for (const QImage& frame : cut.frames) {
+        numbers << test::readCounter(frame, QPoint(16, 16));
+    }
+    for (int k = 0; k < 270; ++k) {
+        if (k < 75 || (k >= 105 && k < 150) || k >= 186) {
+            expected << k;
+        }
+    }
+    EXPECT_EQ(numbers, expected);
+    EXPECT_FALSE(test::decodeSound(out).opened) << "muted: no sound at all";
+
+    const test::ProcessResult info = test::runNuboShot({"video", "info", movie});
+    EXPECT_EQ(info.exitCode, 0);
+    EXPECT_TRUE(info.out.contains("size: 640x360")) << info.out.toStdString();
+    EXPECT_TRUE(info.out.contains("hasAudio: true")) << info.out.toStdString();
+}
+
 } // namespace
 } // namespace nubo
