@@ -42,10 +42,10 @@ struct ShotVideoPlayer::Sound {
     void run()
     {
         pthread_setname_np(pthread_self(), "nubo.review-snd");
-        pa_sample_spec spec{PA_SAMPLE_S16LE, 48000, 2};
+        pa_sample_spec format{PA_SAMPLE_S16LE, 48000, 2};
         pa_buffer_attr buffer{};
         buffer.maxlength = uint32_t(-1);
-        buffer.tlength = uint32_t(pa_usec_to_bytes(80'000, &spec));
+        buffer.tlength = uint32_t(pa_usec_to_bytes(80'000, &format));
         buffer.prebuf = uint32_t(-1);
         buffer.minreq = uint32_t(-1);
         buffer.fragsize = uint32_t(-1);
@@ -67,7 +67,7 @@ struct ShotVideoPlayer::Sound {
             const VideoEditList edits = list;
             lock.unlock();
             if (!stream) {
-                stream = pa_simple_new(nullptr, "Nubo Shot", PA_STREAM_PLAYBACK, nullptr, "Recording review", &spec,
+                stream = pa_simple_new(nullptr, "Nubo Shot", PA_STREAM_PLAYBACK, nullptr, "Recording review", &format,
                                        nullptr, &buffer, &error);
                 if (!stream) {
                     qCWarning(lcVideoEdit, "The review plays without sound: %s", pa_strerror(error));

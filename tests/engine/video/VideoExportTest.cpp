@@ -238,11 +238,11 @@ TEST(VideoExport, ScalesTallRecordingsTo720Lines)
 {
     QTemporaryDir dir;
     const QString tall = dir.filePath("tall.mp4");
-    test::CounterMovie spec;
-    spec.seconds = 1;
-    spec.size = QSize(1920, 1080);
-    spec.sound = false;
-    ASSERT_EQ(test::writeCounterMovie(tall, spec), QString());
+    test::CounterMovie movie1080;
+    movie1080.seconds = 1;
+    movie1080.size = QSize(1920, 1080);
+    movie1080.sound = false;
+    ASSERT_EQ(test::writeCounterMovie(tall, movie1080), QString());
     VideoEditList list = VideoEditList::opened(tall, VideoSourceInfo::read(tall).duration);
     list.setQuality(VideoExportQuality::p720);
     const QString out = dir.filePath("720.mp4");
