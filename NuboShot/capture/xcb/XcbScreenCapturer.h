@@ -62,6 +62,9 @@ public:
     // pointing into the shared segment until the next capture: what a
     // recorder hands straight to its encoder, with no conversion and no copy.
     void setNativePixels(bool native) { m_native = native; }
+    // The windows on the screen moved, appeared or went: the next capture
+    // reads their stacking again (a recording keeps it for half a second).
+    void forgetStacking() { m_childrenRead.invalidate(); }
 
 private:
     // Callers hold m_lock.

@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <cmath>
+#include <utility>
 #include <QPainter>
 
 #include <pthread.h>
@@ -40,6 +41,10 @@ public:
         if (clicks) {
             watchClicks();
         }
+        // Windows mapped, moved, restacked or gone: our own windows must be
+        // painted away where they are now, not where they were.
+        const uint32_t structure = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+        xcb_change_window_attributes(m_x.c, m_x.root, XCB_CW_EVENT_MASK, &structure);
         const xcb_query_extension_reply_t* damage = xcb_get_extension_data(m_x.c, &xcb_damage_id);
         if (damage && damage->present) {
             std::free(xcb_damage_query_version_reply(
@@ -69,33 +74,29 @@ public:
     // XDamage); clicks since then go to `clicks`.
     bool changed(RecordingDuration now, QList<Click>& clicks)
     {
-        bool damaged = !m_damage;
-        while (auto event = xcbReply(xcb_poll_for_event(m_x.c))) {
-            const uint8_t type = event->response_type & 0x7f;
-            damaged = damaged || (m_damage && type == m_damageEvent);
-            if (type == XCB_GE_GENERIC &&
-                reinterpret_cast<const xcb_ge_generic_event_t*>(event.get())->extension ==
-                    m_inputOpcode) {
-                const auto* press =
-                    reinterpret_cast<const xcb_input_raw_button_press_event_t*>(event.get());
-                if (press->event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
-                    (press->detail < 4 || press->detail > 7)) { // not the wheel
-                    auto pointer = xcbReply(xcb_query_pointer_reply(
-                        m_x.c, xcb_query_pointer(m_x.c, m_x.root), nullptr));
-                    if (pointer) {
-                        clicks.append({QPoint(pointer->root_x, pointer->root_y), now});
-                    }
-                }
-            }
-        }
+        drain(now, clicks);
         if (!m_damage) {
             return true;
         }
+        const bool damaged = std::exchange(m_damaged, false);
         if (damaged) {
             xcb_damage_subtract(m_x.c, m_damage, XCB_NONE, XCB_NONE);
             xcb_flush(m_x.c);
         }
         return damaged;
+    }
+
+    // Whether a top-level window changed since the last call. With `sync`,
+    // also what the server did before this call (a round trip on this
+    // connection brings every event it sent meanwhile): a capture taken
+    // before is checked against the stacking it was cut with.
+    bool restacked(RecordingDuration now, QList<Click>& clicks, bool sync)
+    {
+        if (sync) {
+            std::free(xcb_get_input_focus_reply(m_x.c, xcb_get_input_focus(m_x.c), nullptr));
+        }
+        drain(now, clicks);
+        return std::exchange(m_restacked, false);
     }
 
     // The pointer's picture and where it is, in root pixels.
@@ -121,6 +122,40 @@ public:
     }
 
 private:
+    void drain(RecordingDuration now, QList<Click>& clicks)
+    {
+        while (auto event = xcbReply(xcb_poll_for_event(m_x.c))) {
+            const uint8_t type = event->response_type & 0x7f;
+            m_damaged = m_damaged || (m_damage && type == m_damageEvent);
+            switch (type) {
+            case XCB_MAP_NOTIFY:
+            case XCB_UNMAP_NOTIFY:
+            case XCB_CONFIGURE_NOTIFY:
+            case XCB_REPARENT_NOTIFY:
+            case XCB_CIRCULATE_NOTIFY:
+            case XCB_DESTROY_NOTIFY:
+                m_restacked = true;
+                break;
+            default:
+                break;
+            }
+            if (type == XCB_GE_GENERIC &&
+                reinterpret_cast<const xcb_ge_generic_event_t*>(event.get())->extension ==
+                    m_inputOpcode) {
+                const auto* press =
+                    reinterpret_cast<const xcb_input_raw_button_press_event_t*>(event.get());
+                if (press->event_type == XCB_INPUT_RAW_BUTTON_PRESS &&
+                    (press->detail < 4 || press->detail > 7)) { // not the wheel
+                    auto pointer = xcbReply(xcb_query_pointer_reply(
+                        m_x.c, xcb_query_pointer(m_x.c, m_x.root), nullptr));
+                    if (pointer) {
+                        clicks.append({QPoint(pointer->root_x, pointer->root_y), now});
+                    }
+                }
+            }
+        }
+    }
+
     // Raw button presses of every device, whoever has the pointer grabbed.
     void watchClicks()
     {
@@ -146,6 +181,8 @@ private:
     xcb_damage_damage_t m_damage = 0;
     uint8_t m_damageEvent = 0;
     bool m_fixes = false;
+    bool m_damaged = false;
+    bool m_restacked = false;
 };
 
 } // namespace
@@ -379,8 +416,22 @@ void XcbScreenRecorder::run(std::shared_ptr<Plan> plan, int generation)
                 throw *audio;
             }
             const RecordingDuration captured = now();
-            QImage frame = plan->window ? capturer.captureWindow(plan->windowID).image
-                                        : capturer.captureRegion(plan->display, plan->region);
+            QImage frame;
+            if (plan->window) {
+                frame = capturer.captureWindow(plan->windowID).image;
+            } else {
+                // Our own windows (the control bar, the camera preview) are
+                // painted away where the stacking says they are; one that
+                // appeared or moved during the grab would otherwise stay in.
+                if (watch.restacked(tick, clicks, false)) {
+                    capturer.forgetStacking();
+                }
+                frame = capturer.captureRegion(plan->display, plan->region);
+                if (watch.restacked(tick, clicks, true)) {
+                    capturer.forgetStacking();
+                    frame = capturer.captureRegion(plan->display, plan->region);
+                }
+            }
             if ((cursor || !clicks.isEmpty()) && !plan->window) {
                 QPainter painter(&frame);
                 painter.setRenderHint(QPainter::Antialiasing);
