@@ -1,5 +1,6 @@
 #include "capture/CapturePlatform.h"
 
+#include "capture/portal/PortalCapturePlatform.h"
 #include "capture/xcb/XcbCapturePlatform.h"
 #include "core/Logging.h"
 
@@ -14,7 +15,7 @@ CapturePlatformEnvironment CapturePlatformEnvironment::fromProcess()
 
 QStringList CapturePlatformLoader::backends()
 {
-    return {QStringLiteral("x11")};
+    return {QStringLiteral("x11"), QStringLiteral("portal")};
 }
 
 namespace {
@@ -33,14 +34,27 @@ std::unique_ptr<CapturePlatform> loadX11(const QString& display,
     }
 }
 
+std::unique_ptr<CapturePlatform> loadPortal(const CapturePlatformLoader::ScreenLookup& screens)
+{
+    if (!PortalCapturePlatform::available()) {
+        throw CapturePlatformError(QStringLiteral(
+            "This Wayland desktop has no screen-cast portal to capture through: install the "
+            "desktop's portal backend (xdg-desktop-portal-gnome, -kde or -wlr) and log in again."));
+    }
+    return std::make_unique<PortalCapturePlatform>(screens);
+}
+
 } // namespace
 
 std::unique_ptr<CapturePlatform> CapturePlatformLoader::load(const CapturePlatformEnvironment& env,
-                                                             ScaleLookup scale)
+                                                             ScaleLookup scale, ScreenLookup screens)
 {
     if (!env.override.isEmpty()) {
         if (env.override == QLatin1String("x11")) {
             return loadX11(env.x11Display, scale);
+        }
+        if (env.override == QLatin1String("portal")) {
+            return loadPortal(screens);
         }
         throw CapturePlatformError(
             QStringLiteral("There is no capture backend \u201c%1\u201d (%2); this build has: %3.")
@@ -48,13 +62,9 @@ std::unique_ptr<CapturePlatform> CapturePlatformLoader::load(const CapturePlatfo
                      backends().join(QStringLiteral(", "))));
     }
     // Through XWayland an X client sees only the other X clients' windows:
-    // its captures would be black where the desktop's own windows are.
+    // in a Wayland session the desktop portal captures.
     if (!env.waylandDisplay.isEmpty() || env.sessionType == QLatin1String("wayland")) {
-        throw CapturePlatformError(QStringLiteral(
-            "This is a Wayland session, and this build of Nubo Shot has no Wayland capture "
-            "backend (the desktop portals): log in to an X11 session to capture, or set %1=x11 to "
-            "capture only what XWayland shows.")
-                                       .arg(QLatin1String(overrideVariable)));
+        return loadPortal(screens);
     }
     if (env.x11Display.isEmpty()) {
         throw CapturePlatformError(

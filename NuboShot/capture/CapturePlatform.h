@@ -34,6 +34,8 @@ public:
     // Pixels per point of the display with this pixel geometry, as the
     // application's screens report it; 1 when not given.
     using ScaleLookup = std::function<double(const QRect& pixelGeometry)>;
+    // The screens as the application sees them now; called from any thread.
+    using ScreenLookup = std::function<QList<DesktopScreen>()>;
 
     virtual ~CapturePlatform() = default;
 
@@ -75,20 +77,21 @@ struct CapturePlatformEnvironment {
     static CapturePlatformEnvironment fromProcess();
 };
 
-// Picks the backend at start: X11 when an X display is reachable outside a
-// Wayland session; the backend named in NUBOSHOT_CAPTURE_PLATFORM when set
-// (tests, and users who know better); otherwise a CapturePlatformError that
-// says what is missing.
+// Picks the backend at start: in a Wayland session the desktop portal's
+// ("portal"), X11 ("x11") when an X display is reachable outside one; the
+// backend named in NUBOSHOT_CAPTURE_PLATFORM when set (tests, and users who
+// know better); otherwise a CapturePlatformError that says what is missing.
 class CapturePlatformLoader {
 public:
     using ScaleLookup = CapturePlatform::ScaleLookup;
+    using ScreenLookup = CapturePlatform::ScreenLookup;
     static constexpr char overrideVariable[] = "NUBOSHOT_CAPTURE_PLATFORM";
 
     // The backends this build has, by name.
     static QStringList backends();
     static std::unique_ptr<CapturePlatform>
     load(const CapturePlatformEnvironment& environment = CapturePlatformEnvironment::fromProcess(),
-         ScaleLookup scale = {});
+         ScaleLookup scale = {}, ScreenLookup screens = {});
 };
 
 } // namespace nubo

@@ -118,6 +118,17 @@ struct WindowCaptureFraming {
     static QSize pixelSize(QSizeF size, double scale);
 };
 
+// A screen as the application's window system reports it: its name, its
+// geometry in the desktop's points, and its pixels per point. Where the
+// capture backend cannot list displays itself (the desktop portals), these
+// are its displays.
+struct DesktopScreen {
+    QString name;
+    QRect geometry;
+    double scale = 1;
+    bool operator==(const DesktopScreen&) const = default;
+};
+
 // A rectangle of one display: `pixelRect` in the display's own pixels (its
 // size is the output size), `sourceRect` in the display's points (origin
 // top-left), `globalRect` in the desktop's global points, to place chrome.

@@ -4,6 +4,7 @@
 #include "core/Logging.h"
 #include "export/ShotExporter.h"
 #include "shell/CommandLine.h"
+#include "shell/DesktopScreens.h"
 #include "shell/GrabRequest.h"
 #include "shell/TrayApplication.h"
 
@@ -96,7 +97,7 @@ int runListing(const QStringList& arguments, const char* command,
         return status;
     }
     try {
-        const auto platform = CapturePlatformLoader::load();
+        const auto platform = loadCapturePlatform();
         QJsonArray rows;
         QStringList lines;
         list(*platform->capturer(), rows, lines);
@@ -246,7 +247,7 @@ int runGrabCommand(const QStringList& arguments)
         if (written) {
             qCDebug(lcCapture) << "Grabbed by the running instance";
         } else {
-            written = request.perform(*CapturePlatformLoader::load()->capturer());
+            written = request.perform(*loadCapturePlatform()->capturer());
         }
         print(*written);
     } catch (const Error& error) {

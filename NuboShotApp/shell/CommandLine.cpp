@@ -96,6 +96,15 @@ bool isHeadless(const QStringList& arguments)
     return !arguments.isEmpty();
 }
 
+bool needsScreens(const QStringList& arguments)
+{
+    // In a Wayland session only the window system tells where the screens
+    // are: the commands that capture connect to it.
+    static const QStringList capturing{"displays", "windows", "grab", "record"};
+    return !arguments.isEmpty() && capturing.contains(arguments.first()) &&
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
 bool needsFonts(const QStringList& arguments)
 {
     return !arguments.isEmpty() && arguments.first() == QLatin1String("export");

@@ -17,6 +17,8 @@ bool isHeadless(const QStringList& arguments);
 
 // Whether a headless command may draw text (and so needs fonts).
 bool needsFonts(const QStringList& arguments);
+// Whether the command needs the window system's screens.
+bool needsScreens(const QStringList& arguments);
 
 // Runs a headless command; arguments exclude the program name.
 int run(const QStringList& arguments);

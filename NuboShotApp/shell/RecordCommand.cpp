@@ -7,6 +7,7 @@
 #include "recording/PulseAudioCapture.h"
 #include "recording/ScreenRecording.h"
 #include "shell/CommandLine.h"
+#include "shell/DesktopScreens.h"
 #include "shell/RecordingOverBus.h"
 #include "shell/RecordingTargetWords.h"
 #include "shell/TrayApplication.h"
@@ -180,7 +181,7 @@ int runRecordCommand(const QStringList& arguments)
             stopNow = [&] { tray->stop(); };
             togglePause = [&] { tray->togglePause(); };
         } else {
-            const std::shared_ptr<CapturePlatform> platform = CapturePlatformLoader::load();
+            const std::shared_ptr<CapturePlatform> platform = loadCapturePlatform();
             recorder = platform->makeRecorder();
             if (!recorder) {
                 return fail(QStringLiteral("This desktop cannot be recorded by Nubo Shot yet."));

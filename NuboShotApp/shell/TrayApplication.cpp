@@ -6,6 +6,7 @@
 #include "editor/ShotEditorWindow.h"
 #include "export/ShotQuickSave.h"
 #include "render/ShotRenderer.h"
+#include "shell/DesktopScreens.h"
 #include "shell/GrabRequest.h"
 #include "shell/ShotBusService.h"
 #include "shell/ShotFeature.h"
@@ -236,7 +237,8 @@ TrayApplication::Start TrayApplication::start()
                     }
                 }
                 return 1.0;
-            });
+            },
+            desktopScreenLookup());
         qCInfo(lcApp) << "Capture backend:" << m_platform->name();
         // Windows' own pixels are kept from now on: exact window captures,
         // and our own windows can be painted away from captures.

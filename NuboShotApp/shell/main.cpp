@@ -35,6 +35,10 @@ int main(int argc, char** argv)
             QGuiApplication app(argc, argv);
             return nubo::cli::run(arguments);
         }
+        if (nubo::cli::needsScreens(arguments)) {
+            QGuiApplication app(argc, argv);
+            return nubo::cli::run(arguments);
+        }
         QCoreApplication app(argc, argv);
         return nubo::cli::run(arguments);
     }

@@ -1,7 +1,7 @@
 #include "capture/xcb/XcbScreenCapturer.h"
 
 #include "capture/WindowCaptureFilter.h"
-#include "capture/xcb/PixelConversion.h"
+#include "capture/PixelConversion.h"
 #include "capture/xcb/XcbConnection.h"
 #include "capture/xcb/XcbWindowList.h"
 #include "core/Logging.h"

@@ -1,4 +1,4 @@
-#include "capture/xcb/PixelConversion.h"
+#include "capture/PixelConversion.h"
 
 #include <cstdlib>
 #include <sys/mman.h>

@@ -1,0 +1,32 @@
+#include "capture/portal/PortalCapturePlatform.h"
+
+#include "capture/portal/PortalRequest.h"
+#include "capture/portal/PortalScreenCapturer.h"
+
+namespace nubo {
+
+PortalCapturePlatform::PortalCapturePlatform(ScreenLookup screens)
+    : m_capturer(std::make_shared<PortalScreenCapturer>(std::move(screens)))
+{
+}
+
+PortalCapturePlatform::~PortalCapturePlatform() = default;
+
+bool PortalCapturePlatform::available()
+{
+    return portal::interfaceVersion(QStringLiteral("org.freedesktop.portal.ScreenCast")) > 0;
+}
+
+CapturePlatformFeatures PortalCapturePlatform::features() const
+{
+    CapturePlatformFeatures features;
+    features.modes = {CaptureMode::area, CaptureMode::fullscreen};
+    return features;
+}
+
+std::shared_ptr<ScreenCapturing> PortalCapturePlatform::capturer()
+{
+    return m_capturer;
+}
+
+} // namespace nubo

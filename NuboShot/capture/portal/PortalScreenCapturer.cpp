@@ -1,0 +1,429 @@
+#include "capture/portal/PortalScreenCapturer.h"
+
+#include "capture/PixelConversion.h"
+#include "capture/portal/PipeWireFrames.h"
+#include "capture/portal/PortalRequest.h"
+#include "capture/portal/PortalScreenCast.h"
+#include "core/Logging.h"
+#include "core/Settings.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QImageReader>
+#include <QUrl>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+#include <cmath>
+
+namespace nubo {
+
+namespace {
+
+constexpr char grantsKey[] = "shot.portal.screenCastGrants";
+// A stream's first picture comes within a frame or two of its start.
+constexpr std::chrono::seconds firstPictureTimeout{3};
+
+QSize pixelSize(const DesktopScreen& screen)
+{
+    return QSize(qRound(screen.geometry.width() * screen.scale),
+                 qRound(screen.geometry.height() * screen.scale));
+}
+
+// Where a screen starts in the desktop's pixels: next to the screen it
+// touches on the left (above), in that screen's pixels, so that side by
+// side screens of different scales stay side by side without a gap.
+QPoint pixelOrigin(const QList<DesktopScreen>& screens, const DesktopScreen& screen, int depth = 0)
+{
+    QPoint origin = (QPointF(screen.geometry.topLeft()) * screen.scale).toPoint();
+    if (depth > screens.size()) {
+        return origin;
+    }
+    for (const DesktopScreen& other : screens) {
+        const QRect g = other.geometry, s = screen.geometry;
+        if (g.right() + 1 == s.left() && g.top() < s.bottom() && s.top() < g.bottom()) {
+            origin.setX(pixelOrigin(screens, other, depth + 1).x() + pixelSize(other).width());
+        }
+        if (g.bottom() + 1 == s.top() && g.left() < s.right() && s.left() < g.right()) {
+            origin.setY(pixelOrigin(screens, other, depth + 1).y() + pixelSize(other).height());
+        }
+    }
+    return origin;
+}
+
+// One granted session's pictures.
+struct Taken {
+    PortalStreamPicture picture;
+    QImage image; // B, G, R, X
+    int grant = -1;
+};
+
+} // namespace
+
+QList<int> matchPortalStreams(const QList<DesktopScreen>& screens,
+                              const QList<PortalStreamPicture>& streams)
+{
+    QList<int> match(streams.size(), -1);
+    QList<bool> taken(screens.size(), false);
+    const auto assign = [&](qsizetype stream, const std::function<bool(const DesktopScreen&)>& fits) {
+        for (qsizetype s = 0; s < screens.size(); ++s) {
+            if (!taken[s] && fits(screens[s])) {
+                match[stream] = int(s);
+                taken[s] = true;
+                return;
+            }
+        }
+    };
+    // Where the desktop places its streams, the place decides.
+    for (qsizetype i = 0; i < streams.size(); ++i) {
+        if (const auto& at = streams[i].position) {
+            assign(i, [&](const DesktopScreen& screen) {
+                return screen.geometry.topLeft() == *at &&
+                       (!streams[i].size || screen.geometry.size() == *streams[i].size);
+            });
+        }
+    }
+    // Else the picture's size: the screen this grant showed before first.
+    for (qsizetype i = 0; i < streams.size(); ++i) {
+        if (match[i] < 0 && !streams[i].position && !streams[i].screenBefore.isEmpty()) {
+            assign(i, [&](const DesktopScreen& screen) {
+                return screen.name == streams[i].screenBefore && pixelSize(screen) == streams[i].pixels;
+            });
+        }
+    }
+    for (qsizetype i = 0; i < streams.size(); ++i) {
+        if (match[i] < 0 && !streams[i].position) {
+            assign(i, [&](const DesktopScreen& screen) { return pixelSize(screen) == streams[i].pixels; });
+        }
+    }
+    return match;
+}
+
+QList<PortalGrant> loadPortalGrants()
+{
+    ShotPreferences preferences;
+    QList<PortalGrant> grants;
+    const QJsonArray stored =
+        QJsonDocument::fromJson(preferences.string(grantsKey).value_or(QString()).toUtf8()).array();
+    for (const QJsonValue& value : stored) {
+        PortalGrant grant;
+        grant.token = value[QLatin1String("token")].toString();
+        for (const QJsonValue& screen : value[QLatin1String("screens")].toArray()) {
+            grant.screens.append(screen.toString());
+        }
+        if (!grant.token.isEmpty()) {
+            grants.append(grant);
+        }
+    }
+    return grants;
+}
+
+void savePortalGrants(const QList<PortalGrant>& grants)
+{
+    QJsonArray stored;
+    for (const PortalGrant& grant : grants) {
+        stored.append(QJsonObject{{"token", grant.token},
+                                  {"screens", QJsonArray::fromStringList(grant.screens)}});
+    }
+    ShotPreferences preferences;
+    if (grants.isEmpty()) {
+        preferences.remove(grantsKey);
+    } else {
+        preferences.setValue(grantsKey, QString::fromUtf8(QJsonDocument(stored).toJson(QJsonDocument::Compact)));
+    }
+    if (!preferences.sync()) {
+        qCWarning(lcCapture, "The screen-cast grant was not kept: the preferences cannot be written");
+    }
+}
+
+PortalScreenCapturer::PortalScreenCapturer(ScreenLookup screens) : m_screens(std::move(screens)) {}
+
+quint32 PortalScreenCapturer::displayID(const QString& name)
+{
+    return quint32(qHash(name, 0) & 0x7fffffff);
+}
+
+QList<DesktopScreen> PortalScreenCapturer::screens()
+{
+    QList<DesktopScreen> list = m_screens ? m_screens() : QList<DesktopScreen>();
+    for (DesktopScreen& screen : list) {
+        if (!std::isfinite(screen.scale) || screen.scale <= 0) {
+            screen.scale = 1;
+        }
+    }
+    return list.isEmpty() ? m_seen : list;
+}
+
+QList<CaptureDisplay> PortalScreenCapturer::displays()
+{
+    QList<DesktopScreen> list;
+    {
+        const std::lock_guard lock(m_lock);
+        list = screens();
+    }
+    if (list.isEmpty()) {
+        // Nothing tells the screens but the streams themselves.
+        for (const DisplayCapture& capture : captureDisplays()) {
+            list.append({QStringLiteral("screen %1").arg(capture.id),
+                         capture.space.globalFrame.toRect(), capture.space.scale});
+        }
+    }
+    QList<CaptureDisplay> displays;
+    for (qsizetype i = 0; i < list.size(); ++i) {
+        const DesktopScreen& screen = list[i];
+        CaptureDisplay display;
+        display.id = displayID(screen.name);
+        display.name = screen.name;
+        display.pixelGeometry = QRect(pixelOrigin(list, screen), pixelSize(screen));
+        display.primary = i == 0;
+        display.space = ScreenSpace{display.id, QRectF(screen.geometry),
+                                    QRectF(display.pixelGeometry), screen.scale};
+        displays.append(display);
+    }
+    return displays;
+}
+
+WindowCaptureSnapshot PortalScreenCapturer::listWindows(bool)
+{
+    // The portals show no window list; windows are framed on the screen.
+    return {};
+}
+
+WindowCapture PortalScreenCapturer::captureWindow(quint32 windowID)
+{
+    throw CaptureError(CaptureError::Code::noContent,
+                       QStringLiteral("window %1: this desktop lists no windows to capture")
+                           .arg(windowID));
+}
+
+void PortalScreenCapturer::probe()
+{
+    if (portal::interfaceVersion(QStringLiteral("org.freedesktop.portal.ScreenCast")) == 0) {
+        throw CaptureError(CaptureError::Code::permissionDenied,
+                           QStringLiteral("the desktop portal offers no screen casting"));
+    }
+}
+
+QList<DisplayCapture> PortalScreenCapturer::captureDisplays(std::optional<quint32> display)
+{
+    const std::lock_guard lock(m_lock);
+    const QList<DesktopScreen> known = screens();
+    const bool screenshots =
+        portal::interfaceVersion(QStringLiteral("org.freedesktop.portal.Screenshot")) > 0;
+    if (!m_castsFail) {
+        try {
+            return castDisplays(known, display);
+        } catch (const CaptureError& error) {
+            if (error.code() == CaptureError::Code::cancelled || !screenshots) {
+                throw;
+            }
+            qCWarning(lcCapture, "Screen casts fail on this desktop (%s): stills come from its "
+                                 "Screenshot portal from now on", qPrintable(error.detail()));
+        } catch (const Error& error) {
+            if (!screenshots) {
+                throw;
+            }
+            qCWarning(lcCapture, "Screen casts fail on this desktop (%s): stills come from its "
+                                 "Screenshot portal from now on", qPrintable(error.message()));
+        }
+        m_castsFail = true;
+    }
+    return screenshotDisplays(known, display);
+}
+
+QList<DisplayCapture> PortalScreenCapturer::screenshotDisplays(const QList<DesktopScreen>& listed,
+                                                               std::optional<quint32> display)
+{
+    QElapsedTimer clock;
+    clock.start();
+    const QVariantMap results = portal::request(
+        QStringLiteral("org.freedesktop.portal.Screenshot"), QStringLiteral("Screenshot"),
+        {QString()}, {{QStringLiteral("interactive"), false}}, std::chrono::minutes(5));
+    const QUrl uri(results.value(QStringLiteral("uri")).toString());
+    if (!uri.isLocalFile()) {
+        throw Error(QStringLiteral("The desktop's screenshot is not a local file (%1).")
+                        .arg(uri.toString()));
+    }
+    QImageReader reader(uri.toLocalFile());
+    reader.setAutoTransform(false);
+    const QImage desktop = reader.read().convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+    if (desktop.isNull()) {
+        throw Error(QStringLiteral("The desktop's screenshot “%1” cannot be read: %2")
+                        .arg(uri.toLocalFile(), reader.errorString()));
+    }
+    // The picture is the whole desktop, at the largest scale of its screens.
+    QList<DesktopScreen> known = listed;
+    if (known.isEmpty()) {
+        known.append({QStringLiteral("desktop"), desktop.rect(), 1});
+    }
+    QRect bounds;
+    for (const DesktopScreen& screen : std::as_const(known)) {
+        bounds |= screen.geometry;
+    }
+    const double scale = double(desktop.width()) / bounds.width();
+    QList<DisplayCapture> captures;
+    for (const DesktopScreen& screen : std::as_const(known)) {
+        const quint32 id = displayID(screen.name);
+        if (display && *display != id) {
+            continue;
+        }
+        const QRectF area(QPointF(screen.geometry.topLeft() - bounds.topLeft()) * scale,
+                          QSizeF(screen.geometry.size()) * scale);
+        QImage image = desktop.copy(area.toRect());
+        const QSize pixels = pixelSize(screen);
+        if (image.size() != pixels) {
+            // A screen of a smaller scale was drawn larger: back to its own
+            // pixels, one in every (scale ÷ its scale).
+            image = image.scaled(pixels, Qt::IgnoreAspectRatio, Qt::FastTransformation);
+        }
+        const QRect pixelRect(pixelOrigin(known, screen), pixels);
+        captures.append({id, image,
+                         ScreenSpace{id, QRectF(screen.geometry), QRectF(pixelRect), screen.scale}});
+    }
+    QFile::remove(uri.toLocalFile()); // the desktop's copy; ours is in memory
+    qCInfo(lcCapture, "Screenshot portal: %lld screens in %lld ms",
+           static_cast<long long>(captures.size()), static_cast<long long>(clock.elapsed()));
+    if (captures.isEmpty()) {
+        throw CaptureError(CaptureError::Code::noContent,
+                           QStringLiteral("there is no display %1").arg(display.value_or(0)));
+    }
+    return captures;
+}
+
+QList<DisplayCapture> PortalScreenCapturer::castDisplays(const QList<DesktopScreen>& known,
+                                                         std::optional<quint32> display)
+{
+    QElapsedTimer clock;
+    clock.start();
+    QList<PortalGrant> grants = loadPortalGrants();
+    QList<Taken> taken;
+
+    // One session: its pictures, and its grant renewed (or made).
+    const auto take = [&](int grant) {
+        PortalScreenCast cast({true, PortalScreenCast::Cursor::hidden,
+                               grant >= 0 ? grants[grant].token : QString()});
+        PipeWireFrames frames(cast.openPipeWireRemote());
+        QList<int> streams;
+        for (const PortalStream& stream : cast.streams()) {
+            streams.append(frames.connect(stream.node));
+        }
+        const QStringList before = grant >= 0 ? grants[grant].screens : QStringList();
+        for (qsizetype i = 0; i < streams.size(); ++i) {
+            const auto frame = frames.next(streams[i], 0, firstPictureTimeout);
+            if (!frame) {
+                throw Error(QStringLiteral("The screen cast sent no picture within %1 s.")
+                                .arg(firstPictureTimeout.count()));
+            }
+            const PortalStream& stream = cast.streams()[i];
+            taken.append({{stream.position, stream.size, frame->image.size(), before.value(i)},
+                          frame->image,
+                          grant >= 0 ? grant : int(grants.size())});
+        }
+        if (grant < 0) {
+            grants.append({cast.restoreToken(), {}});
+        } else {
+            grants[grant].token = cast.restoreToken();
+        }
+    };
+
+    for (int i = 0; i < grants.size(); ++i) {
+        try {
+            take(i);
+        } catch (const CaptureError& error) {
+            // Taken back by the user, or forgotten by the desktop.
+            qCInfo(lcCapture, "A kept screen-cast grant no longer works: %s",
+                   qPrintable(error.detail()));
+            grants[i].token.clear();
+        }
+    }
+    const auto pictures = [&] {
+        QList<PortalStreamPicture> list;
+        for (const Taken& t : std::as_const(taken)) {
+            list.append(t.picture);
+        }
+        return list;
+    };
+    QList<int> match = matchPortalStreams(known, pictures());
+    // Screens no grant shows are asked for, once each at most.
+    for (qsizetype asked = 0, missing = known.size() - std::count_if(match.begin(), match.end(), [](int m) { return m >= 0; });
+         (missing > 0 || taken.isEmpty()) && asked < std::max<qsizetype>(known.size(), 1); ++asked) {
+        try {
+            take(-1);
+        } catch (const CaptureError& error) {
+            if (taken.isEmpty()) {
+                throw;
+            }
+            qCInfo(lcCapture, "A screen was not granted: %s", qPrintable(error.detail()));
+            break;
+        }
+        match = matchPortalStreams(known, pictures());
+        const qsizetype nowMissing = known.size() - std::count_if(match.begin(), match.end(), [](int m) { return m >= 0; });
+        if (nowMissing == missing) {
+            break; // the user granted a screen again: asking more would not help
+        }
+        missing = nowMissing;
+    }
+
+    // The grants as they are now, with the screens they showed.
+    for (PortalGrant& grant : grants) {
+        grant.screens.clear();
+    }
+    for (qsizetype i = 0; i < taken.size(); ++i) {
+        if (taken[i].grant < grants.size()) {
+            grants[taken[i].grant].screens.append(match[i] >= 0 ? known[match[i]].name : QString());
+        }
+    }
+    grants.removeIf([](const PortalGrant& grant) { return grant.token.isEmpty(); });
+    savePortalGrants(grants);
+
+    QList<DisplayCapture> captures;
+    QList<DesktopScreen> seen;
+    int unknown = 0;
+    for (qsizetype i = 0; i < taken.size(); ++i) {
+        DesktopScreen screen;
+        if (match[i] >= 0) {
+            screen = known[match[i]];
+        } else if (known.isEmpty()) {
+            // No screen list: the streams are the screens, side by side.
+            const QSize points = taken[i].picture.size.value_or(taken[i].image.size());
+            const QPoint at = taken[i].picture.position.value_or(QPoint(unknown, 0));
+            unknown = std::max(unknown, at.x() + points.width());
+            screen = {QStringLiteral("stream %1").arg(i + 1), QRect(at, points),
+                      double(taken[i].image.width()) / points.width()};
+        } else {
+            qCInfo(lcCapture, "A screen-cast stream of %d×%d matches no screen",
+                   taken[i].image.width(), taken[i].image.height());
+            continue;
+        }
+        seen.append(screen);
+        const quint32 id = displayID(screen.name);
+        if (display && *display != id) {
+            continue;
+        }
+        const double scale = double(taken[i].image.width()) / screen.geometry.width();
+        const QRect pixels(pixelOrigin(known, screen), taken[i].image.size());
+        captures.append({id, xPixelsToRgba(taken[i].image, false),
+                         ScreenSpace{id, QRectF(screen.geometry), QRectF(pixels), scale}});
+    }
+    if (known.isEmpty()) {
+        m_seen = seen;
+    }
+    qCInfo(lcCapture, "Screen cast: %lld screens in %lld ms", static_cast<long long>(captures.size()),
+           static_cast<long long>(clock.elapsed()));
+    if (captures.isEmpty()) {
+        throw CaptureError(CaptureError::Code::noContent,
+                           display ? QStringLiteral("display %1 was not granted").arg(*display)
+                                   : QStringLiteral("the desktop granted no screen"));
+    }
+    return captures;
+}
+
+QImage PortalScreenCapturer::captureRegion(quint32 display, const ScreenCaptureRegion& region)
+{
+    const QList<DisplayCapture> captures = captureDisplays(display);
+    return captures.constFirst().image.copy(region.pixelRect);
+}
+
+} // namespace nubo

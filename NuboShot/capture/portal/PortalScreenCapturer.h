@@ -1,0 +1,79 @@
+#pragma once
+
+#include "capture/ScreenCapturing.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <mutex>
+
+namespace nubo {
+
+// What a stream showed, to tell which screen it is: the desktop's word on
+// its place where it gives one, the picture's size, and the screen its
+// grant showed last time.
+struct PortalStreamPicture {
+    std::optional<QPoint> position;
+    std::optional<QSize> size; // in points
+    QSize pixels;
+    QString screenBefore;
+    bool operator==(const PortalStreamPicture&) const = default;
+};
+
+// The screen (an index into `screens`) each stream shows, -1 for none:
+// by position where the desktop says it, else by the pixel size, the
+// screen of the last time first among equals. No screen is taken twice.
+QList<int> matchPortalStreams(const QList<DesktopScreen>& screens,
+                              const QList<PortalStreamPicture>& streams);
+
+// The screen-cast grants kept between sessions: each restore token with
+// the screens it showed last. Stored with the preferences; a token is
+// useless to any other program, and the desktop forgets it when the user
+// takes the permission back.
+struct PortalGrant {
+    QString token;
+    QStringList screens;
+    bool operator==(const PortalGrant&) const = default;
+};
+QList<PortalGrant> loadPortalGrants();
+void savePortalGrants(const QList<PortalGrant>& grants);
+
+// Stills through the ScreenCast portal: every granted monitor's stream
+// gives one picture, taken at once. The first capture asks the desktop
+// (its dialog); the grants it gives are kept and renewed after every start,
+// so that later captures ask nobody. A screen no grant shows is asked for
+// once more per capture. Where the desktop offers no screen casts, or they
+// fail for reasons of its own (not the user's "no"), the Screenshot portal
+// takes one picture of the whole desktop, cut into the screens. The
+// desktop's own window list is not reachable: window captures fail as such.
+class PortalScreenCapturer : public ScreenCapturing {
+public:
+    using ScreenLookup = std::function<QList<DesktopScreen>()>;
+
+    explicit PortalScreenCapturer(ScreenLookup screens);
+
+    QList<CaptureDisplay> displays() override;
+    WindowCaptureSnapshot listWindows(bool withPreviews) override;
+    QList<DisplayCapture> captureDisplays(std::optional<quint32> display = std::nullopt) override;
+    WindowCapture captureWindow(quint32 windowID) override;
+    QImage captureRegion(quint32 display, const ScreenCaptureRegion& region) override;
+    void probe() override;
+    void prepareWindowPixels() override {}
+
+    // A display's id: stable for its name.
+    static quint32 displayID(const QString& name);
+
+private:
+    QList<DesktopScreen> screens();
+    QList<DisplayCapture> castDisplays(const QList<DesktopScreen>& known,
+                                       std::optional<quint32> display);
+    QList<DisplayCapture> screenshotDisplays(const QList<DesktopScreen>& known,
+                                             std::optional<quint32> display);
+
+    ScreenLookup m_screens;
+    std::mutex m_lock; // one capture at a time: grants are renewed by each
+    QList<DesktopScreen> m_seen; // the screens of the last capture, without a lookup
+    bool m_castsFail = false;    // screen casts failed here: the Screenshot portal from now on
+};
+
+} // namespace nubo

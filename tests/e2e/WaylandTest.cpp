@@ -1,0 +1,203 @@
+// The program in a Wayland session: sway on its headless backend with the
+// desktop portal and its wlroots backend (scripts/headless-session
+// --wayland), checked against the compositor's own screenshots (grim).
+#include "support/Process.h"
+#include "support/QtPrinters.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+QString run(const QString& program, const QStringList& arguments)
+{
+    QProcess p;
+    p.start(program, arguments);
+    if (!p.waitForFinished(20000) || p.exitStatus() != QProcess::NormalExit || p.exitCode() != 0) {
+        ADD_FAILURE() << program.toStdString() << " " << arguments.join(u' ').toStdString()
+                      << " failed: " << p.readAllStandardError().toStdString();
+    }
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+// The compositor's own picture of an output, or of a region in points.
+QImage grim(const QString& dir, const QStringList& arguments)
+{
+    const QString file = dir + QStringLiteral("/grim-%1.png").arg(QRandomGenerator::global()->generate());
+    run(QStringLiteral("grim"), arguments + QStringList{file});
+    return QImage(file).convertToFormat(QImage::Format_RGB32);
+}
+
+QImage noise(QSize size, quint32 seed)
+{
+    QImage image(size, QImage::Format_RGB32);
+    QRandomGenerator random(seed);
+    for (int y = 0; y < size.height(); ++y) {
+        auto* row = reinterpret_cast<quint32*>(image.scanLine(y));
+        for (int x = 0; x < size.width(); ++x) {
+            row[x] = 0xff000000u | (random.generate() & 0xffffffu);
+        }
+    }
+    return image;
+}
+
+// Where two pictures of one size first differ, and how; empty when equal.
+QString firstDifference(const QImage& a, const QImage& b)
+{
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            if (a.pixel(x, y) != b.pixel(x, y)) {
+                return QStringLiteral("at %1,%2: %3 instead of %4")
+                    .arg(x)
+                    .arg(y)
+                    .arg(a.pixel(x, y) & 0xffffff, 6, 16, QLatin1Char('0'))
+                    .arg(b.pixel(x, y) & 0xffffff, 6, 16, QLatin1Char('0'));
+            }
+        }
+    }
+    return {};
+}
+
+class Wayland : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_FALSE(qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+            << "runs in scripts/headless-session --wayland";
+        ASSERT_FALSE(qEnvironmentVariableIsEmpty("SWAYSOCK"));
+        // The compositor runs as another user where the tests run as root:
+        // the backgrounds it draws must be readable by it.
+        ASSERT_TRUE(m_dir.isValid());
+        QFile::setPermissions(m_dir.path(), QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                                QFileDevice::ExeOwner | QFileDevice::ReadOther |
+                                                QFileDevice::ExeOther);
+    }
+
+    // A second output right of the first, at the given scale, and both
+    // covered in noise that any resampling would change.
+    void twoOutputsOfNoise(int scale = 2)
+    {
+        if (!run(QStringLiteral("swaymsg"), {"-t", "get_outputs"}).contains(u"HEADLESS-2")) {
+            run(QStringLiteral("swaymsg"), {"create_output"});
+        }
+        run(QStringLiteral("swaymsg"), {"output", "HEADLESS-2", "mode", "1280x720", "position",
+                                        "1920", "0", "scale", QString::number(scale)});
+        const struct {
+            const char* output;
+            QSize size;
+        } outputs[] = {{"HEADLESS-1", {1920, 1080}}, {"HEADLESS-2", {1280, 720}}};
+        quint32 seed = 7;
+        for (const auto& o : outputs) {
+            const QString file = m_dir.filePath(QStringLiteral("%1.png").arg(QLatin1String(o.output)));
+            ASSERT_TRUE(noise(o.size, ++seed).save(file));
+            QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ReadOther);
+            run(QStringLiteral("swaymsg"), {"output", o.output, "bg", file, "fill"});
+        }
+        // Drawn once two pictures of the compositor agree and show noise.
+        QImage before;
+        for (int i = 0; i < 100; ++i) {
+            const QImage now = grim(m_dir.path(), {"-o", "HEADLESS-2"});
+            if (!now.isNull() && now == before && now.pixel(10, 10) != now.pixel(11, 10)) {
+                return;
+            }
+            before = now;
+            QThread::msleep(100);
+        }
+        FAIL() << "the backgrounds were never drawn";
+    }
+
+    QTemporaryDir m_dir;
+};
+
+TEST_F(Wayland, ThePortalBackendListsEveryScreenAtItsScale)
+{
+    ASSERT_NO_FATAL_FAILURE(twoOutputsOfNoise());
+    const test::ProcessResult r = test::runNuboShot({"displays", "--json"});
+    ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+    const QJsonArray displays = QJsonDocument::fromJson(r.out.toUtf8()).array();
+    ASSERT_EQ(displays.size(), 2) << r.out.toStdString();
+    const struct {
+        const char* name;
+        QJsonArray frame;
+        double scale;
+        QJsonArray pixels;
+    } expected[] = {
+        {"HEADLESS-1", {0, 0, 1920, 1080}, 1, {0, 0, 1920, 1080}},
+        // Side by side in pixels too: no gap where the scales differ.
+        {"HEADLESS-2", {1920, 0, 640, 360}, 2, {1920, 0, 1280, 720}},
+    };
+    for (int i = 0; i < 2; ++i) {
+        SCOPED_TRACE(expected[i].name);
+        const QJsonObject d = displays[i].toObject();
+        EXPECT_EQ(d["name"].toString(), QLatin1String(expected[i].name));
+        EXPECT_EQ(d["frame"].toArray(), expected[i].frame);
+        EXPECT_EQ(d["scale"].toDouble(), expected[i].scale);
+        EXPECT_EQ(d["pixels"].toArray(), expected[i].pixels);
+    }
+}
+
+// Whole screens and regions equal what the compositor itself shows, pixel
+// for pixel. This desktop's screen casts need a GPU, so its stills come
+// from the Screenshot portal: one picture of the whole desktop at the
+// largest scale, cut into the screens. A screen at that scale is exact; one
+// of a smaller scale was drawn larger (filtered) by the desktop and is
+// brought back to its own size.
+TEST_F(Wayland, GrabsEqualTheCompositorsOwnPixels)
+{
+    for (const int scale : {1, 2}) {
+        SCOPED_TRACE(QStringLiteral("the second screen at scale %1").arg(scale).toStdString());
+        ASSERT_NO_FATAL_FAILURE(twoOutputsOfNoise(scale));
+        QHash<QString, QString> ids;
+        for (const QString& line :
+             test::runNuboShot({"displays"}).out.split(u'\n', Qt::SkipEmptyParts)) {
+            ids.insert(line.section(u'\t', 1, 1), line.section(u'\t', 0, 0));
+        }
+        ASSERT_EQ(ids.size(), 2);
+        const QImage first = grim(m_dir.path(), {"-o", "HEADLESS-1"});
+        const QImage second = grim(m_dir.path(), {"-o", "HEADLESS-2"});
+        ASSERT_EQ(first.size(), QSize(1920, 1080));
+        ASSERT_EQ(second.size(), QSize(1280, 720));
+        const struct {
+            const char* name;
+            QStringList arguments;
+            QImage expected;
+            bool exact;
+        } cases[] = {
+            {"the first screen", {"grab", "fullscreen", "--display", ids["HEADLESS-1"]}, first,
+             scale == 1},
+            {"the second screen", {"grab", "fullscreen", "--display", ids["HEADLESS-2"]}, second, true},
+            {"a region of the first", {"grab", "region", "100,50,333,222"},
+             first.copy(100, 50, 333, 222), scale == 1},
+            // Regions are in the desktop's pixels, the second screen's from 1920 on.
+            {"a region of the second", {"grab", "region", "1950,20,300,200"},
+             second.copy(30, 20, 300, 200), true},
+        };
+        for (const auto& c : cases) {
+            SCOPED_TRACE(c.name);
+            const QString out = m_dir.filePath(QStringLiteral("grab.png"));
+            QFile::remove(out);
+            const test::ProcessResult r = test::runNuboShot(c.arguments + QStringList{"-o", out});
+            ASSERT_EQ(r.exitCode, 0) << r.err.toStdString();
+            const QImage got = QImage(out).convertToFormat(QImage::Format_RGB32);
+            ASSERT_EQ(got.size(), c.expected.size());
+            if (c.exact) {
+                EXPECT_EQ(firstDifference(got, c.expected), QString())
+                    << "the pixels differ from the compositor's";
+            }
+        }
+    }
+}
+
+} // namespace
+} // namespace nubo
