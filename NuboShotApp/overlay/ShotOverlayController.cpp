@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 #include <QCursor>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QThread>
 
 namespace nubo {
@@ -85,7 +87,18 @@ void ShotOverlayController::show(const QList<DisplayCapture>& displays,
                         o->setMode(next);
                     }
                 });
-        overlay->show();
+        if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+            // Windows cannot place themselves there: each overlay asks to
+            // fill its screen, above the desktop's panels.
+            for (QScreen* screen : QGuiApplication::screens()) {
+                if (QRectF(screen->geometry()) == display.space.globalFrame) {
+                    overlay->setScreen(screen);
+                }
+            }
+            overlay->showFullScreen();
+        } else {
+            overlay->show();
+        }
         overlay->raise();
         if (display.space.globalFrame.contains(QCursor::pos())) {
             overlay->activateWindow();
