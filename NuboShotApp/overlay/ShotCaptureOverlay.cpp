@@ -39,8 +39,22 @@ void ShotCaptureOverlay::setSelection(const QRectF& rect)
     update();
 }
 
-QString ShotCaptureOverlay::instruction(Mode mode, bool recording)
+void ShotCaptureOverlay::setWindowPicking(bool on)
 {
+    m_windowPicking = on;
+    if (!on && m_mode == Mode::window) {
+        m_mode = Mode::area;
+    }
+    update();
+}
+
+QString ShotCaptureOverlay::instruction(Mode mode, bool recording, bool windowPicking)
+{
+    if (!windowPicking && mode != Mode::scrolling) {
+        return recording ? QStringLiteral("Drag an area to record \u00b7 Click or F: Whole Screen "
+                                          "\u00b7 Esc: Cancel")
+                         : QStringLiteral("Drag to capture \u00b7 Esc: Cancel");
+    }
     if (recording && mode == Mode::area) {
         return QStringLiteral("Drag an area to record \u00b7 Click or F: Whole Screen \u00b7 "
                               "Space: Window \u00b7 Esc: Cancel");
@@ -210,7 +224,7 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
                   .arg(pixel.name(QColor::HexRgb).toUpper()));
     }
     // The instruction line, always at the top centre.
-    const QString hint = instruction(m_mode, isRecording());
+    const QString hint = instruction(m_mode, isRecording(), m_windowPicking);
     const double hintWidth = painter.fontMetrics().horizontalAdvance(hint) + 12;
     label(QRectF((width() - hintWidth) / 2, 40, hintWidth, 20), hint);
 }
@@ -305,7 +319,7 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
         emit cancelled();
         return;
     case Qt::Key_Space:
-        if (m_mode != Mode::scrolling) { // a scrolling area is always dragged
+        if (m_mode != Mode::scrolling && m_windowPicking) { // a scrolling area is always dragged
             emit modeToggled(m_mode == Mode::area ? Mode::window : Mode::area);
         }
         return;

@@ -55,9 +55,12 @@ public:
     const DisplayCapture& display() const { return m_display; }
 
     bool isRecording() const { return m_recording.has_value(); }
+    // Whether Space switches to picking windows: not where the desktop
+    // lets no program point at its windows (Wayland through the portals).
+    void setWindowPicking(bool on);
 
     // The instruction line of a mode, in either variant.
-    static QString instruction(Mode mode, bool recording = false);
+    static QString instruction(Mode mode, bool recording = false, bool windowPicking = true);
     // The corner handle a point grabs: within handleReach on both axes, the
     // nearest, ties in the order top-left, top-right, bottom-right, bottom-left.
     static std::optional<ResizeHandle> cornerAt(const QRectF& selection, QPointF point);
@@ -92,6 +95,7 @@ private:
     DisplayCapture m_display;
     QList<CapturableWindow> m_windows;
     Mode m_mode;
+    bool m_windowPicking = true;
     std::optional<CaptureDisplay> m_recording;
     std::optional<QRectF> m_selection;
     std::optional<QPointF> m_dragStart;

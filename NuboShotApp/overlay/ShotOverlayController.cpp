@@ -60,6 +60,7 @@ void ShotOverlayController::show(const QList<DisplayCapture>& displays,
             continue; // a display the recorder does not know cannot be recorded
         }
         auto* overlay = new ShotCaptureOverlay(display, windows, overlayMode, recording);
+        overlay->setWindowPicking(m_windowPicking);
         m_overlays.append(overlay);
         connect(overlay, &ShotCaptureOverlay::shown, this, [this] {
             if (!std::exchange(m_shown, true)) {

@@ -25,6 +25,8 @@ public:
     void presentRecording(const QList<DisplayCapture>& displays,
                           const QList<CaptureDisplay>& targets,
                           const QList<CapturableWindow>& windows);
+    // Whether the overlays offer picking windows (Space); on by default.
+    void setWindowPicking(bool on) { m_windowPicking = on; }
     // Closes the overlays without an answer.
     void cancel() { finish(); }
     bool isPresenting() const { return !m_overlays.isEmpty(); }
@@ -43,6 +45,7 @@ private:
 
     QList<QPointer<ShotCaptureOverlay>> m_overlays;
     bool m_shown = false;
+    bool m_windowPicking = true;
 };
 
 } // namespace nubo

@@ -2,7 +2,11 @@
 #include "settings/ShotShortcutField.h"
 #include "shell/ShotGlobalShortcuts.h"
 
+#include <QClipboard>
 #include <QFormLayout>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QLineEdit>
 #include <QPushButton>
 
 namespace nubo {
@@ -41,6 +45,7 @@ public:
         if (!m_context.shortcuts || !m_context.shortcuts->isAvailable()) {
             addNote(section, QStringLiteral("This desktop offers no global shortcuts: they "
                                             "are kept for when it does."));
+            addDesktopCommands();
         }
     }
 
@@ -52,6 +57,36 @@ public:
     }
 
 private:
+    // Where the desktop keeps keys to itself, its own keyboard settings can
+    // run our commands: one row per action with the command to bind.
+    void addDesktopCommands()
+    {
+        QFormLayout* section = addSection(QStringLiteral("Bind keys in the desktop's settings"));
+        for (const QString& action : ShotGlobalShortcuts::actions()) {
+            const QString command = ShotGlobalShortcuts::command(action, m_context.program);
+            auto* row = new QWidget(this);
+            auto* layout = new QHBoxLayout(row);
+            layout->setContentsMargins(0, 0, 0, 0);
+            auto* text = new QLineEdit(command, row);
+            text->setReadOnly(true);
+            text->setObjectName(QStringLiteral("command.") + action);
+            auto* copy = new QPushButton(QStringLiteral("Copy"), row);
+            copy->setObjectName(QStringLiteral("copyCommand.") + action);
+            copy->setToolTip(QStringLiteral("Copy the command"));
+            layout->addWidget(text, 1);
+            layout->addWidget(copy);
+            connect(copy, &QPushButton::clicked, this, [command, copy] {
+                QGuiApplication::clipboard()->setText(command);
+                copy->setText(QStringLiteral("Copied"));
+            });
+            section->addRow(ShotGlobalShortcuts::title(action) + u':', row);
+        }
+        addNote(section, QStringLiteral("Add a custom shortcut in the desktop's keyboard settings "
+                                        "(GNOME: Settings \u2192 Keyboard \u2192 Custom "
+                                        "Shortcuts; KDE: System Settings \u2192 Shortcuts; "
+                                        "sway: a bindsym line) that runs the command."));
+    }
+
     std::vector<ShotShortcutField*> m_fields;
 };
 

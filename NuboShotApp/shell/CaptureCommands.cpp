@@ -1,6 +1,7 @@
 #include "shell/CaptureCommands.h"
 
 #include "capture/CapturePlatform.h"
+#include "shell/ShotGlobalShortcuts.h"
 #include "core/Logging.h"
 #include "export/ShotExporter.h"
 #include "shell/CommandLine.h"
@@ -261,14 +262,19 @@ int runCaptureCommand(const QStringList& arguments)
     const QString help = QStringLiteral("capture");
     if (arguments.contains(QLatin1String("-h")) || arguments.contains(QLatin1String("--help"))) {
         print(QStringLiteral(
-            "Usage: nuboshot capture area|window|fullscreen|scrolling\n\n"
-            "Asks the running Nubo Shot (started if needed) to capture, as its menu does."));
+            "Usage: nuboshot capture area|window|fullscreen|scrolling|recording\n\n"
+            "Asks the running Nubo Shot (started if needed) to capture, as its menu does;\n"
+            "\"recording\" starts a recording, or stops the one running."));
         return success;
     }
     const auto mode =
         arguments.size() == 1 ? fromString<CaptureMode>(arguments.first()) : std::nullopt;
-    if (!mode) {
-        return usage(QStringLiteral("capture takes area, window, fullscreen or scrolling"), help);
+    const bool recording =
+        arguments.size() == 1 && arguments.first() == QLatin1String(ShotGlobalShortcuts::recording);
+    if (!mode && !recording) {
+        return usage(QStringLiteral("capture takes area, window, fullscreen, scrolling or "
+                                    "recording"),
+                     help);
     }
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
@@ -291,8 +297,11 @@ int runCaptureCommand(const QStringList& arguments)
     }
     QDBusMessage call = QDBusMessage::createMethodCall(name, QLatin1String(GrabOverBus::path),
                                                        QLatin1String(GrabOverBus::interface),
-                                                       QStringLiteral("CaptureShot"));
-    call.setArguments({toString(*mode)});
+                                                       recording ? QStringLiteral("ToggleRecording")
+                                                                 : QStringLiteral("CaptureShot"));
+    if (mode) {
+        call.setArguments({toString(*mode)});
+    }
     const QDBusMessage reply = bus.call(call, QDBus::Block, 30000);
     if (reply.type() == QDBusMessage::ErrorMessage) {
         return fail(reply.errorMessage());

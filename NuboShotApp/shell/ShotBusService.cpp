@@ -28,6 +28,12 @@ void ShotBusService::RecordScreen(const QDBusMessage&)
         this, [this] { m_recording.recordScreen(); }, Qt::QueuedConnection);
 }
 
+void ShotBusService::ToggleRecording(const QDBusMessage&)
+{
+    QMetaObject::invokeMethod(
+        this, [this] { m_recording.toggle(); }, Qt::QueuedConnection);
+}
+
 void ShotBusService::CaptureShot(const QString& mode, const QDBusMessage& message)
 {
     const auto parsed = fromString<CaptureMode>(mode);

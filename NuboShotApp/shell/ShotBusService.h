@@ -37,6 +37,8 @@ public slots:
 
     // "Record Screen" as the menu does it (the .desktop action, scripts).
     void RecordScreen(const QDBusMessage& message);
+    // The recording shortcut: Record Screen, or stop the recording under way.
+    void ToggleRecording(const QDBusMessage& message);
     // Recording for "nuboshot record" (and scripts): the target as the
     // command line names it, the options as their JSON, the folder.
     void StartRecording(const QStringList& target, const QString& options, const QString& folder,

@@ -191,6 +191,7 @@ void ShotFeature::frozen(CaptureMode mode, const Frozen& result)
         return;
     }
     m_frozen = result.displays;
+    m_overlay->setWindowPicking(isOffered(CaptureMode::window));
     m_overlay->present(result.displays, result.windows, mode);
 }
 

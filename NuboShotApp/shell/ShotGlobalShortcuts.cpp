@@ -23,6 +23,15 @@ QString ShotGlobalShortcuts::title(const QString& action)
     return QStringLiteral("Record Screen");
 }
 
+QString ShotGlobalShortcuts::command(const QString& action, const QString& program)
+{
+    // Desktop keyboard settings split commands at spaces and honour quotes.
+    const bool plain = !program.contains(u' ') && !program.contains(u'"');
+    QString quoted = program;
+    quoted.replace(u'"', QStringLiteral("\\\""));
+    return (plain ? program : u'"' + quoted + u'"') + QStringLiteral(" capture ") + action;
+}
+
 QString ShotGlobalShortcuts::defaultShortcut(const QString& action)
 {
     const auto mode = fromString<CaptureMode>(action);

@@ -35,6 +35,9 @@ public:
     // What the action does, as the menu says it ("Capture Area", "Record Screen").
     static QString title(const QString& action);
     static QString defaultShortcut(const QString& action);
+    // The command line that starts an action in the running program, for a
+    // desktop's own keyboard settings; `program` is this program's path.
+    static QString command(const QString& action, const QString& program);
     static QString key(const QString& action);
     // The keys stored for an action: the default when missing or
     // unreadable, empty when switched off.

@@ -66,6 +66,12 @@ TEST(ShotCaptureOverlay, ArrowKeysMoveAndStopAtTheEdges)
               QStringLiteral("Click a window \u00b7 Space: Area \u00b7 Esc: Cancel"));
     EXPECT_EQ(ShotCaptureOverlay::instruction(ShotCaptureOverlay::Mode::scrolling),
               QStringLiteral("Drag to select scroll area \u00b7 Esc: Cancel"));
+    // Where windows cannot be picked, Space is not offered.
+    EXPECT_EQ(ShotCaptureOverlay::instruction(ShotCaptureOverlay::Mode::area, false, false),
+              QStringLiteral("Drag to capture \u00b7 Esc: Cancel"));
+    EXPECT_EQ(ShotCaptureOverlay::instruction(ShotCaptureOverlay::Mode::area, true, false),
+              QStringLiteral("Drag an area to record \u00b7 Click or F: Whole Screen \u00b7 "
+                             "Esc: Cancel"));
 }
 
 

@@ -24,6 +24,7 @@
 #include "support/RenderFixtures.h"
 
 #include <QCheckBox>
+#include <QClipboard>
 #include <QColorDialog>
 #include <QComboBox>
 #include <QDir>
@@ -333,6 +334,27 @@ TEST_F(Settings, ShortcutsAreRecordedAndTakeEffectAtOnce)
 
 // The Recording page stores what the next recording uses, and shows what
 // this computer cannot record disabled, with the reason.
+// Without global shortcuts (Wayland desktops without the portal for them)
+// the page gives the commands to bind in the desktop's own settings.
+TEST_F(Settings, WithoutGlobalShortcutsThePageOffersTheCommandsToBind)
+{
+    open(QStringLiteral("Shortcuts"));
+    for (const QString& action : ShotGlobalShortcuts::actions()) {
+        auto* command = find<QLineEdit>(QStringLiteral("command.") + action);
+        ASSERT_NE(command, nullptr);
+        EXPECT_EQ(command->text(), QStringLiteral("\"/opt/Nubo Shot/bin/nuboshot\" capture ") + action);
+        EXPECT_TRUE(command->isVisible());
+    }
+    QGuiApplication::clipboard()->clear();
+    click(find<QPushButton>(QStringLiteral("copyCommand.recording")));
+    settle(200);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+              QStringLiteral("\"/opt/Nubo Shot/bin/nuboshot\" capture recording"));
+    EXPECT_EQ(ShotGlobalShortcuts::command(QStringLiteral("area"), QStringLiteral("/usr/bin/nuboshot")),
+              QStringLiteral("/usr/bin/nuboshot capture area"));
+    test::saveArtifact(m_settings->grab().toImage(), QStringLiteral("settings-shortcuts-commands.png"));
+}
+
 TEST_F(Settings, RecordingPageStoresTheNextRecordingsOptions)
 {
     open(QStringLiteral("Recording"));
