@@ -5,6 +5,7 @@
 #include "support/QtPrinters.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QImage>
 #include <QJsonArray>
@@ -15,6 +16,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace nubo {
@@ -34,7 +36,8 @@ QString run(const QString& program, const QStringList& arguments)
 // The compositor's own picture of an output, or of a region in points.
 QImage grim(const QString& dir, const QStringList& arguments)
 {
-    const QString file = dir + QStringLiteral("/grim-%1.png").arg(QRandomGenerator::global()->generate());
+    const QString file =
+        dir + QStringLiteral("/grim-%1.png").arg(QRandomGenerator::global()->generate());
     run(QStringLiteral("grim"), arguments + QStringList{file});
     return QImage(file).convertToFormat(QImage::Format_RGB32);
 }
@@ -99,7 +102,8 @@ protected:
         } outputs[] = {{"HEADLESS-1", {1920, 1080}}, {"HEADLESS-2", {1280, 720}}};
         quint32 seed = 7;
         for (const auto& o : outputs) {
-            const QString file = m_dir.filePath(QStringLiteral("%1.png").arg(QLatin1String(o.output)));
+            const QString file =
+                m_dir.filePath(QStringLiteral("%1.png").arg(QLatin1String(o.output)));
             ASSERT_TRUE(noise(o.size, ++seed).save(file));
             QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ReadOther);
             run(QStringLiteral("swaymsg"), {"output", o.output, "bg", file, "fill"});
@@ -174,14 +178,23 @@ TEST_F(Wayland, GrabsEqualTheCompositorsOwnPixels)
             QImage expected;
             bool exact;
         } cases[] = {
-            {"the first screen", {"grab", "fullscreen", "--display", ids["HEADLESS-1"]}, first,
+            {"the first screen",
+             {"grab", "fullscreen", "--display", ids["HEADLESS-1"]},
+             first,
              scale == 1},
-            {"the second screen", {"grab", "fullscreen", "--display", ids["HEADLESS-2"]}, second, true},
-            {"a region of the first", {"grab", "region", "100,50,333,222"},
-             first.copy(100, 50, 333, 222), scale == 1},
+            {"the second screen",
+             {"grab", "fullscreen", "--display", ids["HEADLESS-2"]},
+             second,
+             true},
+            {"a region of the first",
+             {"grab", "region", "100,50,333,222"},
+             first.copy(100, 50, 333, 222),
+             scale == 1},
             // Regions are in the desktop's pixels, the second screen's from 1920 on.
-            {"a region of the second", {"grab", "region", "1950,20,300,200"},
-             second.copy(30, 20, 300, 200), true},
+            {"a region of the second",
+             {"grab", "region", "1950,20,300,200"},
+             second.copy(30, 20, 300, 200),
+             true},
         };
         for (const auto& c : cases) {
             SCOPED_TRACE(c.name);
@@ -197,6 +210,81 @@ TEST_F(Wayland, GrabsEqualTheCompositorsOwnPixels)
             }
         }
     }
+}
+
+// The tray under sway: an area framed over the frozen desktop with the
+// seat's own pointer lands in the editor and in the recent shots with the
+// compositor's pixels. Windows cannot be pointed at here, so the overlay
+// does not offer them.
+TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
+{
+    ASSERT_NO_FATAL_FAILURE(twoOutputsOfNoise(1));
+    const QImage desktop = grim(m_dir.path(), {"-o", "HEADLESS-1"});
+    QProcess tray;
+    tray.setProcessChannelMode(QProcess::ForwardedChannels);
+    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    ASSERT_TRUE(tray.waitForStarted());
+    const auto tree = [] {
+        return run(QStringLiteral("swaymsg"), {"-t", "get_tree"});
+    };
+    const auto waitFor = [&](const std::function<bool()>& done) {
+        for (int i = 0; i < 150 && !done(); ++i) {
+            QThread::msleep(100);
+        }
+        return done();
+    };
+    // The headless compositor has no mouse: a virtual one, moved as a user would.
+    QProcess mouse;
+    mouse.start(QStringLiteral(NUBOSHOT_VIRTUAL_POINTER), {"3200", "1080"}); // both screens
+    ASSERT_TRUE(mouse.waitForReadyRead(5000)) << mouse.readAllStandardError().toStdString();
+    ASSERT_EQ(mouse.readLine().trimmed(), "ready");
+    const auto pointer = [&](const QList<QByteArray>& steps) {
+        for (const QByteArray& step : steps) {
+            mouse.write(step + '\n');
+            ASSERT_TRUE(mouse.waitForReadyRead(5000)) << step.constData();
+            ASSERT_EQ(mouse.readLine().trimmed(), "ok") << step.constData();
+            QThread::msleep(30);
+        }
+    };
+    const auto artifact = [&](const QString& name) {
+        QDir().mkpath(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS));
+        grim(m_dir.path(), {"-o", "HEADLESS-1"})
+            .save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/") + name);
+    };
+
+    ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
+    ASSERT_TRUE(waitFor([&] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
+    ASSERT_NO_FATAL_FAILURE(pointer({"at 700 500"}));
+    QThread::msleep(300);
+    artifact(QStringLiteral("wayland-overlay-area.png"));
+    ASSERT_NO_FATAL_FAILURE(
+        pointer({"at 420 380", "press", "move 50 40", "move 50 40", "release"}));
+    ASSERT_TRUE(waitFor([&] { return tree().contains(u"100 \u00d7 80"); })) << "no editor";
+    QThread::msleep(300);
+    artifact(QStringLiteral("wayland-editor.png"));
+
+    const QString recent =
+        qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/NuboShot/Recent");
+    QString shot;
+    ASSERT_TRUE(waitFor([&] {
+        // A capture is kept as an editable shot: its base picture is one of its PNGs.
+        QDirIterator images(recent, {QStringLiteral("*.png")}, QDir::Files,
+                            QDirIterator::Subdirectories);
+        while (images.hasNext()) {
+            const QString file = images.next();
+            if (QImage(file).size() == QSize(100, 80) && !file.endsWith(u"thumbnail.png")) {
+                shot = file;
+            }
+        }
+        return !shot.isEmpty();
+    })) << "no recent shot";
+    const QImage got = QImage(shot).convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(got.size(), QSize(100, 80));
+    EXPECT_EQ(firstDifference(got, desktop.copy(420, 380, 100, 80)), QString());
+    mouse.closeWriteChannel();
+    mouse.waitForFinished(5000);
+    tray.terminate();
+    tray.waitForFinished(5000);
 }
 
 } // namespace

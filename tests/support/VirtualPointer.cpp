@@ -1,0 +1,118 @@
+// A mouse for a compositor without input devices (sway's headless backend):
+// a virtual pointer made through wlroots' protocol, driven by lines on
+// standard input, as a user's mouse would move and click:
+//   at X Y          the pointer to X,Y in the desktop's points
+//   move DX DY      moved by DX,DY (relative motion, as a mouse sends)
+//   press | release the left button
+//   scroll STEPS    wheel steps (positive: down)
+// The layout's size in points is given on the command line. Prints "ready"
+// once the compositor has the device; "ok" after each line once the
+// compositor has handled it.
+#include "wlr-virtual-pointer-unstable-v1-client.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <wayland-client.h>
+
+namespace {
+
+wl_seat* seat = nullptr;
+zwlr_virtual_pointer_manager_v1* manager = nullptr;
+
+void global(void*, wl_registry* registry, uint32_t name, const char* interface, uint32_t)
+{
+    if (std::strcmp(interface, wl_seat_interface.name) == 0 && !seat) {
+        seat = static_cast<wl_seat*>(wl_registry_bind(registry, name, &wl_seat_interface, 1));
+    } else if (std::strcmp(interface, zwlr_virtual_pointer_manager_v1_interface.name) == 0) {
+        manager = static_cast<zwlr_virtual_pointer_manager_v1*>(
+            wl_registry_bind(registry, name, &zwlr_virtual_pointer_manager_v1_interface, 1));
+    }
+}
+void globalRemove(void*, wl_registry*, uint32_t)
+{}
+const wl_registry_listener registryListener = {global, globalRemove};
+
+uint32_t now()
+{
+    timespec t{};
+    clock_gettime(CLOCK_MONOTONIC, &t);
+    return uint32_t(t.tv_sec * 1000 + t.tv_nsec / 1000000);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // Absolute positions are fractions of the box around every output, in
+    // points; outputs do not tell clients where they lie, so the caller does.
+    if (argc != 3 || std::atoi(argv[1]) <= 0 || std::atoi(argv[2]) <= 0) {
+        std::fprintf(stderr, "usage: test-virtual-pointer LAYOUT-WIDTH LAYOUT-HEIGHT\n");
+        return 2;
+    }
+    const auto layoutWidth = uint32_t(std::atoi(argv[1]));
+    const auto layoutHeight = uint32_t(std::atoi(argv[2]));
+    wl_display* display = wl_display_connect(nullptr);
+    if (!display) {
+        std::fprintf(stderr, "no Wayland display\n");
+        return 1;
+    }
+    wl_registry* registry = wl_display_get_registry(display);
+    wl_registry_add_listener(registry, &registryListener, nullptr);
+    wl_display_roundtrip(display);
+    wl_display_roundtrip(display);
+    if (!manager) {
+        std::fprintf(stderr, "the compositor offers no virtual pointers\n");
+        return 1;
+    }
+    zwlr_virtual_pointer_v1* pointer =
+        zwlr_virtual_pointer_manager_v1_create_virtual_pointer(manager, seat);
+    wl_display_roundtrip(display);
+    std::cout << "ready" << std::endl;
+
+    constexpr uint32_t leftButton = 0x110; // BTN_LEFT
+    std::string line;
+    while (std::getline(std::cin, line)) {
+        std::istringstream words(line);
+        std::string verb;
+        words >> verb;
+        if (verb == "at") {
+            int x = 0, y = 0;
+            words >> x >> y;
+            zwlr_virtual_pointer_v1_motion_absolute(pointer, now(), uint32_t(x), uint32_t(y),
+                                                    layoutWidth, layoutHeight);
+        } else if (verb == "move") {
+            double dx = 0, dy = 0;
+            words >> dx >> dy;
+            zwlr_virtual_pointer_v1_motion(pointer, now(), wl_fixed_from_double(dx),
+                                           wl_fixed_from_double(dy));
+        } else if (verb == "press" || verb == "release") {
+            zwlr_virtual_pointer_v1_button(pointer, now(), leftButton,
+                                           verb == "press" ? WL_POINTER_BUTTON_STATE_PRESSED
+                                                           : WL_POINTER_BUTTON_STATE_RELEASED);
+        } else if (verb == "scroll") {
+            int steps = 0;
+            words >> steps;
+            zwlr_virtual_pointer_v1_axis_source(pointer, WL_POINTER_AXIS_SOURCE_WHEEL);
+            zwlr_virtual_pointer_v1_axis_discrete(pointer, now(), WL_POINTER_AXIS_VERTICAL_SCROLL,
+                                                  wl_fixed_from_int(15 * steps), steps);
+        } else {
+            std::cout << "unknown: " << line << std::endl;
+            continue;
+        }
+        zwlr_virtual_pointer_v1_frame(pointer);
+        if (wl_display_roundtrip(display) < 0) {
+            std::fprintf(stderr, "the compositor closed the connection\n");
+            return 1;
+        }
+        std::cout << "ok" << std::endl;
+    }
+    zwlr_virtual_pointer_v1_destroy(pointer);
+    wl_display_roundtrip(display);
+    wl_display_disconnect(display);
+    return 0;
+}
