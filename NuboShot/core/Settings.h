@@ -25,6 +25,8 @@ inline constexpr char quickSaveFolder[] = "shot.quickSaveFolder";
 inline constexpr char closeAfterPrefix[] = "shot.closeAfter.";
 inline constexpr char recentEnabled[] = "shot.recent.enabled";
 inline constexpr char uploadDestination[] = "shot.uploadDestination";
+// The desktop portal's screen-cast grants (restore tokens and their screens), as JSON.
+inline constexpr char portalScreenCastGrants[] = "shot.portal.screenCastGrants";
 inline constexpr char stylePrefix[] = "shot.style.";
 inline constexpr char styleColor[] = "shot.style.color";
 // Colours the user chose beyond the palette, newest first ("#AARRGGBB",

@@ -11,6 +11,7 @@ namespace nubo {
     PAGE(Output)                                                                                   \
     PAGE(Recording)                                                                                \
     PAGE(Editor)                                                                                   \
+    PAGE(Permissions)                                                                              \
     PAGE(Backup)
 
 #define NUBO_DECLARE_PAGE(Name)                                                                    \

@@ -104,7 +104,7 @@ TEST_F(Settings, OneWindowWithItsPagesInASidebar)
         titles << sidebar->item(i)->text();
         EXPECT_FALSE(sidebar->item(i)->icon().isNull());
     }
-    EXPECT_EQ(titles.join(u','), QStringLiteral("General,Shortcuts,Output,Recording,Editor,Backup"));
+    EXPECT_EQ(titles.join(u','), QStringLiteral("General,Shortcuts,Output,Recording,Editor,Permissions,Backup"));
     // Page by page with the keyboard, as on any scale.
     sidebar->setFocus();
     for (int i = 0; i < sidebar->count(); ++i) {
@@ -353,6 +353,38 @@ TEST_F(Settings, WithoutGlobalShortcutsThePageOffersTheCommandsToBind)
     EXPECT_EQ(ShotGlobalShortcuts::command(QStringLiteral("area"), QStringLiteral("/usr/bin/nuboshot")),
               QStringLiteral("/usr/bin/nuboshot capture area"));
     test::saveArtifact(m_settings->grab().toImage(), QStringLiteral("settings-shortcuts-commands.png"));
+}
+
+// The session decides what is there: an X11 screen, no global keys handed
+// to the window, the sound server, dunst and gnome-keyring on the bus.
+TEST_F(Settings, PermissionsSayWhatIsGrantedAndHow)
+{
+    open(QStringLiteral("Permissions"));
+    const struct {
+        const char* id;
+        bool granted;
+        const char* says;
+    } rows[] = {
+        {"screen", true, "this X11 desktop lets programs read the screen"},
+        {"shortcuts", false, "bind the commands of the Shortcuts page"},
+        {"microphone", true, "sound server"},
+        {"notifications", true, "notification service"},
+        {"keyring", true, "Secret Service"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.id);
+        auto* label = find<QLabel>(QStringLiteral("permission.") + QLatin1String(row.id));
+        ASSERT_NE(label, nullptr);
+        EXPECT_EQ(label->property("granted").toBool(), row.granted) << label->text().toStdString();
+        EXPECT_TRUE(label->text().contains(QLatin1String(row.says))) << label->text().toStdString();
+    }
+    EXPECT_FALSE(find<QPushButton>(QStringLiteral("forgetScreenGrant"))->isVisible());
+    // Without a sound server the microphone row says what to install.
+    m_capabilities.supportsMicrophone = false;
+    find<QPushButton>(QStringLiteral("checkPermissions"))->click();
+    settle(100);
+    EXPECT_TRUE(find<QLabel>(QStringLiteral("permission.microphone"))->text().contains(u"PipeWire"));
+    test::saveArtifact(m_settings->grab().toImage(), QStringLiteral("settings-permissions.png"));
 }
 
 TEST_F(Settings, RecordingPageStoresTheNextRecordingsOptions)

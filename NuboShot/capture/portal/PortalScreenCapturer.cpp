@@ -22,7 +22,7 @@ namespace nubo {
 
 namespace {
 
-constexpr char grantsKey[] = "shot.portal.screenCastGrants";
+constexpr const char* grantsKey = keys::portalScreenCastGrants;
 // A stream's first picture comes within a frame or two of its start.
 constexpr std::chrono::seconds firstPictureTimeout{3};
 
