@@ -8,6 +8,7 @@
 #include "shell/RecordCommand.h"
 #include "shell/ExportCommand.h"
 #include "shell/StitchCommand.h"
+#include "shell/UploadCommand.h"
 #include "shell/VideoCommand.h"
 
 #include <QCoreApplication>
@@ -41,6 +42,8 @@ Commands:
   video export SOURCE -o FILE [--cut START-END]... [--crop X,Y,W,H] ...
                           export an edited copy of a recording
   video info FILE         what a recording holds
+  upload FILE [--destination auto|r2|filebin]
+                          upload a file to Filebin or an S3 bucket and print its link
 
 Options:
   -h, --help              show this help; "nuboshot COMMAND --help" for a command
@@ -149,6 +152,9 @@ int run(const QStringList& arguments)
     }
     if (command == QLatin1String("record")) {
         return runRecordCommand(arguments.mid(1));
+    }
+    if (command == QLatin1String("upload")) {
+        return runUploadCommand(arguments.mid(1));
     }
     return usage(QStringLiteral("unknown command \u201c%1\u201d").arg(command));
 }

@@ -108,11 +108,16 @@ protected:
             QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ReadOther);
             run(QStringLiteral("swaymsg"), {"output", o.output, "bg", file, "fill"});
         }
-        // Drawn once two pictures of the compositor agree and show noise.
+        // Drawn once three pictures of the whole desktop in a row agree and
+        // show noise on both screens (swaybg draws each in its own time).
         QImage before;
+        int agreeing = 0;
         for (int i = 0; i < 100; ++i) {
-            const QImage now = grim(m_dir.path(), {"-o", "HEADLESS-2"});
-            if (!now.isNull() && now == before && now.pixel(10, 10) != now.pixel(11, 10)) {
+            const QImage now = grim(m_dir.path(), {});
+            const bool noise = !now.isNull() && now.pixel(10, 10) != now.pixel(11, 10) &&
+                               now.pixel(now.width() - 10, 10) != now.pixel(now.width() - 11, 10);
+            agreeing = noise && now == before ? agreeing + 1 : 0;
+            if (agreeing == 2) {
                 return;
             }
             before = now;
