@@ -15,11 +15,39 @@
 #include <QRegularExpression>
 #include <QTimer>
 
+#include <cstring>
 #include <mutex>
 
 namespace nubo {
 
 namespace {
+
+// The body, readable once. Qt Network sends a request again on its own when
+// the connection closes before an answer; for an upload that would store
+// the file twice behind the user's back. A body that cannot be rewound
+// makes that a ContentReSendError instead, which is ours to judge.
+class OnceBody : public QIODevice {
+public:
+    explicit OnceBody(const QByteArray& bytes) : m_bytes(bytes)
+    {
+        open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    }
+    qint64 size() const override { return m_bytes.size(); }
+    bool reset() override { return pos() == 0; }
+    bool seek(qint64 to) override { return to == pos() && QIODevice::seek(to); }
+
+protected:
+    qint64 readData(char* data, qint64 size) override
+    {
+        const qint64 n = std::max<qint64>(0, std::min(size, qint64(m_bytes.size()) - pos()));
+        std::memcpy(data, m_bytes.constData() + pos(), size_t(n));
+        return n;
+    }
+    qint64 writeData(const char*, qint64) override { return -1; }
+
+private:
+    const QByteArray& m_bytes;
+};
 
 // Filebin keeps files this long unless it says otherwise.
 constexpr qint64 filebinDefaultLeaseDays = 6;
@@ -200,7 +228,9 @@ UploadReceipt Uploader::run()
     Exchange exchange;
     QEventLoop loop;
     record(UploadStore::Step::sending, request.url().toString(QUrl::RemoveUserInfo));
-    QNetworkReply* reply = network.sendCustomRequest(request, method, m_request.bytes);
+    request.setHeader(QNetworkRequest::ContentLengthHeader, m_request.bytes.size());
+    OnceBody body(m_request.bytes);
+    QNetworkReply* reply = network.sendCustomRequest(request, method, &body);
     exchange.reply = reply;
     m_exchange = &exchange;
     bool bodySent = false;
@@ -222,9 +252,11 @@ UploadReceipt Uploader::run()
     }
     m_exchange = nullptr;
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    const QByteArray body = reply->readAll();
+    const QByteArray answer = reply->isOpen() ? reply->readAll() : QByteArray();
     const QNetworkReply::NetworkError error = reply->error();
-    const QString errorText = reply->errorString();
+    const QString errorText = error == QNetworkReply::ContentReSendError
+                                  ? QStringLiteral("the connection closed without an answer")
+                                  : reply->errorString();
     reply->deleteLater();
 
     if (m_cancelled) {
@@ -243,7 +275,7 @@ UploadReceipt Uploader::run()
     const bool stored = destination == ShotUploadDestination::r2 ? (status >= 200 && status < 300)
                                                                   : (status == 200 || status == 201);
     if (!stored || error != QNetworkReply::NoError) {
-        const QString message = serviceMessage(body);
+        const QString message = serviceMessage(answer);
         throw fail(ShotUploadError::failed,
                    QStringLiteral("%1 refused the upload (HTTP %2)%3")
                        .arg(destinationName)
@@ -251,7 +283,7 @@ UploadReceipt Uploader::run()
                        .arg(message.isEmpty() ? QStringLiteral(".") : QStringLiteral(": ") + message));
     }
     if (destination == ShotUploadDestination::filebin) {
-        const QJsonObject bin = QJsonDocument::fromJson(body).object().value(QLatin1String("bin")).toObject();
+        const QJsonObject bin = QJsonDocument::fromJson(answer).object().value(QLatin1String("bin")).toObject();
         QDateTime expires = QDateTime::fromString(bin.value(QLatin1String("expired_at")).toString(),
                                                   Qt::ISODateWithMs);
         if (!expires.isValid()) {

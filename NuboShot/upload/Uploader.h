@@ -51,6 +51,8 @@ public:
     explicit Uploader(UploadRequest request, QString storePath = UploadStore::defaultPath());
     ~Uploader();
 
+    // The body, when it is read only on the worker thread.
+    void setBytes(QByteArray bytes) { m_request.bytes = std::move(bytes); }
     // Bytes of the body sent so far; on the worker thread.
     std::function<void(qint64 sent, qint64 total)> progress;
 

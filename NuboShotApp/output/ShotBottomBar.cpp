@@ -1,9 +1,11 @@
 #include "output/ShotBottomBar.h"
 
+#include "output/ShotUpload.h"
 #include "style/ShotIcons.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QToolButton>
@@ -72,6 +74,31 @@ ShotBottomBar::ShotBottomBar(QWidget* parent) : QWidget(parent)
     m_share = button(QStringLiteral("document-send"), QStringLiteral("Share\u2026"),
                      QStringLiteral("Open the shot with another application"),
                      &ShotBottomBar::shareRequested);
+
+    // Upload: a press goes to the destination of the settings, the menu
+    // to either one for this shot.
+    m_upload = new QToolButton(this);
+    m_upload->setIcon(ShotIcons::icon(QStringLiteral("nuboshot-upload")));
+    m_upload->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_upload->setPopupMode(QToolButton::MenuButtonPopup);
+    m_upload->setFocusPolicy(Qt::NoFocus);
+    m_upload->setMinimumHeight(m_copy->sizeHint().height());
+    auto* destinations = new QMenu(m_upload);
+    m_uploadToBucket = destinations->addAction(QStringLiteral("Upload to R2"), this, [this] {
+        emit uploadToRequested(ShotUploadDestination::r2);
+    });
+    destinations->addAction(QStringLiteral("Upload to Filebin"), this, [this] {
+        emit uploadToRequested(ShotUploadDestination::filebin);
+    });
+    m_upload->setMenu(destinations);
+    connect(m_upload, &QToolButton::clicked, this, &ShotBottomBar::uploadRequested);
+    layout->addWidget(m_upload);
+    m_cancelUpload = new QPushButton(QStringLiteral("Cancel upload"), this);
+    m_cancelUpload->setFocusPolicy(Qt::NoFocus);
+    m_cancelUpload->setVisible(false);
+    connect(m_cancelUpload, &QPushButton::clicked, this, &ShotBottomBar::cancelUploadRequested);
+    layout->addWidget(m_cancelUpload);
+    showUpload({}, ShotUploadDestination::filebin, false);
     layout->addStretch(1);
 
     m_pin = new QToolButton(this);
@@ -93,6 +120,38 @@ bool ShotBottomBar::isPinned() const
 void ShotBottomBar::setShareAvailable(bool available)
 {
     m_share->setVisible(available);
+}
+
+void ShotBottomBar::showUpload(const ShotUploadState& state, ShotUploadDestination destination,
+                               bool bucketReady)
+{
+    const bool uploading = state.is<ShotUploadState::Uploading>();
+    m_upload->setText(state.title(destination));
+    m_upload->setEnabled(!uploading);
+    m_upload->setPopupMode(uploading ? QToolButton::DelayedPopup : QToolButton::MenuButtonPopup);
+    m_cancelUpload->setVisible(uploading);
+    m_uploadToBucket->setEnabled(bucketReady);
+    m_uploadToBucket->setToolTip(bucketReady ? QString()
+                                             : QStringLiteral("Set up a bucket on the Uploads page of the settings first"));
+    const QString name = destination == ShotUploadDestination::r2 ? QStringLiteral("your bucket")
+                                                                   : QStringLiteral("Filebin");
+    QString help;
+    if (const auto* done = std::get_if<ShotUploadState::Done>(&state.value)) {
+        help = done->url.value_or(QString()) + QStringLiteral(" \u00b7 Click to copy the link again");
+    } else if (const auto* uploaded = std::get_if<ShotUploadState::Uploaded>(&state.value)) {
+        help = QStringLiteral("Object key %1 \u00b7 Click to copy it again \u00b7 "
+                              "Set a public URL in the settings to get links")
+                   .arg(uploaded->url.value_or(QString()));
+    } else if (const auto* failed = std::get_if<ShotUploadState::Failed>(&state.value)) {
+        help = failed->message + QStringLiteral(" \u00b7 Click to try again");
+    } else if (const auto* unknown = std::get_if<ShotUploadState::OutcomeUnknown>(&state.value)) {
+        help = unknown->message;
+    } else if (uploading) {
+        help = QStringLiteral("Sending the shot to %1").arg(name);
+    } else {
+        help = QStringLiteral("Upload the shot as PNG to %1; the link is copied").arg(name);
+    }
+    m_upload->setToolTip(help);
 }
 
 void ShotBottomBar::addTrailing(QWidget* widget)

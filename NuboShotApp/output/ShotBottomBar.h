@@ -1,14 +1,19 @@
 #pragma once
 
+#include "upload/UploadTypes.h"
+
 #include <QLabel>
 #include <QWidget>
 
 #include <functional>
 
+class QAction;
 class QPushButton;
 class QToolButton;
 
 namespace nubo {
+
+struct ShotUploadState;
 
 // The handle a shot is dragged out by.
 class ShotDragHandle : public QLabel {
@@ -42,10 +47,16 @@ public:
     QPushButton* saveButton() const { return m_save; }
     QPushButton* saveAsButton() const { return m_saveAs; }
     QPushButton* shareButton() const { return m_share; }
+    QToolButton* uploadButton() const { return m_upload; }
+    QPushButton* cancelUploadButton() const { return m_cancelUpload; }
     QToolButton* pinButton() const { return m_pin; }
     ShotDragHandle* dragHandle() const { return m_drag; }
     bool isPinned() const;
     void setShareAvailable(bool available);
+    // The upload button's words and help for this state; `destination` is
+    // where an upload goes now, `bucketReady` whether S3 is set up.
+    void showUpload(const ShotUploadState& state, ShotUploadDestination destination,
+                    bool bucketReady);
     // Adds a widget after the pin (the editor's zoom controls).
     void addTrailing(QWidget* widget);
 
@@ -55,12 +66,19 @@ signals:
     void saveAsRequested();
     void dragRequested();
     void shareRequested();
+    // The upload button: to the effective destination, or a chosen one.
+    void uploadRequested();
+    void uploadToRequested(ShotUploadDestination destination);
+    void cancelUploadRequested();
 
 private:
     QPushButton* m_copy = nullptr;
     QPushButton* m_save = nullptr;
     QPushButton* m_saveAs = nullptr;
     QPushButton* m_share = nullptr;
+    QToolButton* m_upload = nullptr;
+    QAction* m_uploadToBucket = nullptr;
+    QPushButton* m_cancelUpload = nullptr;
     QToolButton* m_pin = nullptr;
     ShotDragHandle* m_drag = nullptr;
 };

@@ -14,13 +14,16 @@
 #include "output/ShotRawClipboardTracker.h"
 #include "output/ShotSaveOptions.h"
 #include "output/ShotShare.h"
+#include "output/ShotUpload.h"
 
 #include <QDrag>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFutureWatcher>
 #include <QGuiApplication>
+#include <QClipboard>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QMimeData>
 #include <QThread>
 #include <QThreadPool>
@@ -69,7 +72,8 @@ QThreadPool& outputPool()
 ShotOutputActions::ShotOutputActions(ShotOutputHost& host, ShotPreferences& preferences,
                                      ShotRenderer& renderer, QObject* parent)
     : QObject(parent), m_host(host), m_preferences(preferences), m_renderer(renderer),
-      m_bar(new ShotBottomBar(host.outputWindow()))
+      m_bar(new ShotBottomBar(host.outputWindow())),
+      m_upload(new ShotUploadStatus(preferences, this))
 {
     presentFailure = [this](const QString& title, const QString& message) {
         QMessageBox box(QMessageBox::Warning, title, message, QMessageBox::Ok,
@@ -85,6 +89,22 @@ ShotOutputActions::ShotOutputActions(ShotOutputHost& host, ShotPreferences& pref
     connect(m_bar->dragHandle(), &ShotDragHandle::pressed, this, &ShotOutputActions::prepareDrag);
     connect(m_bar, &ShotBottomBar::dragRequested, this, &ShotOutputActions::dragOut);
     connect(m_bar, &ShotBottomBar::shareRequested, this, &ShotOutputActions::share);
+    confirmUnknownRetry = [this] {
+        QMessageBox box(QMessageBox::Question, QStringLiteral("Upload"),
+                        QStringLiteral("Upload outcome unknown. Retry may create a duplicate upload."),
+                        QMessageBox::NoButton, m_host.outputWindow());
+        QPushButton* retry = box.addButton(QStringLiteral("Retry upload"), QMessageBox::AcceptRole);
+        box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+        box.setWindowModality(Qt::WindowModal);
+        box.exec();
+        return box.clickedButton() == retry;
+    };
+    connect(m_bar, &ShotBottomBar::uploadRequested, this, [this] { upload(); });
+    connect(m_bar, &ShotBottomBar::uploadToRequested, this,
+            [this](ShotUploadDestination destination) { upload(destination); });
+    connect(m_bar, &ShotBottomBar::cancelUploadRequested, m_upload, &ShotUploadStatus::cancel);
+    connect(m_upload, &ShotUploadStatus::changed, this, &ShotOutputActions::showUpload);
+    showUpload();
     // Without a portal there is nobody to share with: no button then.
     m_bar->setShareAvailable(ShotShare::isAvailable());
 
@@ -365,6 +385,70 @@ void ShotOutputActions::share()
         });
 }
 
+void ShotOutputActions::showUpload()
+{
+    // The settings are read when the button rests, not at every step of
+    // an upload's progress.
+    const ShotUploadState& state = m_upload->state();
+    if (state.is<ShotUploadState::Idle>() || !m_upload->lastDestination()) {
+        const UploadSettings settings = m_upload->settings();
+        m_idleDestination = settings.effective();
+        m_bucketReady = settings.s3.isComplete();
+    }
+    m_bar->showUpload(state,
+                      state.is<ShotUploadState::Idle>()
+                          ? m_idleDestination
+                          : m_upload->lastDestination().value_or(m_idleDestination),
+                      m_bucketReady);
+}
+
+void ShotOutputActions::upload(std::optional<ShotUploadDestination> destination)
+{
+    assertMainThread();
+    if (m_upload->isRunning()) {
+        return;
+    }
+    const ShotUploadState state = m_upload->state();
+    const ShotDocument output = m_host.outputDocument();
+    const bool sameShot = m_uploaded && *m_uploaded == output;
+    if (!destination && sameShot) {
+        // Already there: the link (or key) goes on the clipboard once more.
+        std::optional<QString> handle;
+        if (const auto* done = std::get_if<ShotUploadState::Done>(&state.value)) {
+            handle = done->url;
+        } else if (const auto* uploaded = std::get_if<ShotUploadState::Uploaded>(&state.value)) {
+            handle = uploaded->url;
+        }
+        if (handle) {
+            QGuiApplication::clipboard()->setText(*handle);
+            m_host.showNotice(QStringLiteral("Copied %1").arg(*handle));
+            return;
+        }
+    }
+    if (sameShot && (state.is<ShotUploadState::OutcomeUnknown>() ||
+                     state.is<ShotUploadState::Failed>())) {
+        // A retry goes where the first attempt went.
+        destination = destination ? destination : m_upload->lastDestination();
+        if (state.is<ShotUploadState::OutcomeUnknown>() && !confirmUnknownRetry()) {
+            return;
+        }
+    }
+    m_uploaded = output;
+    m_upload->prepare();
+    const double scale = ShotExporter::defaultScale(output);
+    submit(
+        [output, scale] {
+            return Made{{}, ShotQuickSave::temporaryExport(output, scale), {}, {}};
+        },
+        [this, destination](const Made& made) {
+            if (!made.error.isEmpty()) {
+                m_upload->showFailure(made.error);
+                return;
+            }
+            m_upload->start(made.file, destination);
+        });
+}
+
 void ShotOutputActions::adoptRawCopy()
 {
     ShotRawClipboardTracker::shared().adoptForEditor(&m_host);
@@ -372,6 +456,11 @@ void ShotOutputActions::adoptRawCopy()
 
 void ShotOutputActions::documentChanged(bool hasChanges)
 {
+    // A finished upload's words are about the shot as it was.
+    if (m_uploaded && !m_upload->isRunning() && !(*m_uploaded == m_host.outputDocument())) {
+        m_uploaded.reset();
+        m_upload->reset();
+    }
     if (!hasChanges) {
         return;
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "output/ShotOutput.h"
+#include "upload/UploadTypes.h"
 
 #include <QImage>
 #include <QList>
@@ -18,6 +19,7 @@ class ShotBottomBar;
 class ShotOutputHost;
 class ShotPreferences;
 class ShotRenderer;
+class ShotUploadStatus;
 
 // Every way a shot leaves one editor: copy, quick save, Save As, drag and
 // share, with the close-after rules and the raw-clipboard bookkeeping. The
@@ -49,6 +51,11 @@ public:
     void prepareDrag();
     void dragOut();
     void share();
+    // Uploads the shot as PNG, to `destination` or where the settings say.
+    // Pressed again: a finished upload copies its link again, a failed one
+    // retries, one whose outcome is unknown asks first.
+    void upload(std::optional<ShotUploadDestination> destination = {});
+    ShotUploadStatus& uploadStatus() { return *m_upload; }
 
     // The raw shot on the clipboard (copied at capture) belongs to this
     // editor from now on, if it is still there.
@@ -64,6 +71,8 @@ public:
     // How failures reach the user; replaceable for tests. The default is an
     // alert attached to the editor's window.
     std::function<void(const QString& title, const QString& message)> presentFailure;
+    // Asks before retrying an upload that may have arrived; true to retry.
+    std::function<bool()> confirmUnknownRetry;
 
 signals:
     // A shot went out: what was done, with exactly the document that went.
@@ -89,6 +98,7 @@ private:
     void finishFor(const ShotDocument& output, ShotOutputAction action,
                    Qt::KeyboardModifiers modifiers);
     void fail(const QString& title, const QString& message);
+    void showUpload();
 
     ShotOutputHost& m_host;
     ShotPreferences& m_preferences;
@@ -103,6 +113,11 @@ private:
         bool wanted = false;      // the pointer has started the drag
     };
     std::optional<PreparedDrag> m_drag;
+    ShotUploadStatus* m_upload = nullptr;
+    // The document the current upload state is about.
+    std::optional<ShotDocument> m_uploaded;
+    ShotUploadDestination m_idleDestination = ShotUploadDestination::filebin;
+    bool m_bucketReady = false;
 };
 
 } // namespace nubo

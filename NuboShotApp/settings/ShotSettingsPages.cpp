@@ -11,6 +11,7 @@ namespace nubo {
     PAGE(Output)                                                                                   \
     PAGE(Recording)                                                                                \
     PAGE(Editor)                                                                                   \
+    PAGE(Uploads)                                                                                  \
     PAGE(Permissions)                                                                              \
     PAGE(Backup)
 

@@ -541,7 +541,8 @@ TEST_F(EditorLook, TheBottomBarSpeaksInOneFont)
     ShotBottomBar& bar = window.output().bar();
     const QFont font = bar.copyButton()->font();
     for (QWidget* widget : {static_cast<QWidget*>(bar.saveButton()), static_cast<QWidget*>(bar.saveAsButton()),
-                            static_cast<QWidget*>(bar.dragHandle())}) {
+                            static_cast<QWidget*>(bar.dragHandle()),
+                            static_cast<QWidget*>(bar.uploadButton())}) {
         EXPECT_EQ(widget->font(), font) << widget->metaObject()->className();
         EXPECT_EQ(widget->height(), bar.copyButton()->height());
     }

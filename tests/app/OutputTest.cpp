@@ -7,16 +7,21 @@
 #include "output/ShotOutputActions.h"
 #include "output/ShotRawClipboardTracker.h"
 #include "output/ShotSaveOptions.h"
+#include "output/ShotUpload.h"
 #include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
 #include "support/DesktopPortal.h"
 #include "support/EditorFixture.h"
+#include "support/FilebinServer.h"
 #include "support/LiveProcess.h"
 #include "support/ModalAnswer.h"
 #include "support/QtPrinters.h"
 #include "support/RenderFixtures.h"
+#include "upload/UploadStore.h"
 
+#include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QDeadlineTimer>
 #include <QDir>
@@ -639,6 +644,132 @@ TEST_F(Output, RawCopyIsReplacedByTheEditedShotOnlyWhileItIsOnTheClipboard)
         }
         EXPECT_FALSE(tracker.holdsCapture(&window));
     }
+}
+
+// The upload button through all its states, pressed with real input
+// against a local server speaking Filebin's protocol: done with the link on
+// the clipboard, pressed again, a dropped answer that asks before a retry,
+// a refusal, and a cancel while the server keeps quiet.
+TEST_F(Output, TheUploadButtonSaysWhatHappenedAndCopiesTheLink)
+{
+    test::FilebinServer server;
+    UploadStore(UploadStore::defaultPath())
+        .saveSettings(S3Settings{}, FilebinSettings{server.address(), QStringLiteral("shots")});
+    const auto forget = qScopeGuard([] {
+        UploadStore(UploadStore::defaultPath()).saveSettings(S3Settings{}, FilebinSettings{});
+    });
+    m_preferences->setValue(keys::uploadDestination, QStringLiteral("auto"));
+
+    ShotEditorWindow& window = open();
+    ShotBottomBar& bar = window.output().bar();
+    ShotUploadStatus& status = window.output().uploadStatus();
+    QList<ShotUploadState> seen;
+    QObject::connect(&status, &ShotUploadStatus::changed, &window,
+            [&seen](const ShotUploadState& state) { seen.append(state); });
+    const auto title = [&] { return bar.uploadButton()->text(); };
+    const auto settledIn = [&](auto predicate, int ms = 15000) {
+        const QDeadlineTimer deadline(ms);
+        while (!predicate() && !deadline.hasExpired()) {
+            settle(20);
+        }
+        return predicate();
+    };
+    const auto finished = [&] { return settledIn([&] { return !status.isRunning(); }); };
+    // Presses a button of the dialog the upload opens, with the pointer.
+    const auto answerWith = [&](const QString& button) {
+        return std::make_unique<test::ModalAnswer>([button](QDialog& dialog) {
+            for (QAbstractButton* b : dialog.findChildren<QAbstractButton*>()) {
+                if (b->text().remove(u'&') == button) {
+                    const QPoint at = b->mapToGlobal(b->rect().center());
+                    run(QStringLiteral("xdotool"), {"mousemove", QString::number(at.x()),
+                                                    QString::number(at.y()), "click", "1"});
+                }
+            }
+        });
+    };
+
+    // Nothing but Filebin is set up: "auto" goes there.
+    EXPECT_EQ(title(), QStringLiteral("Upload to Filebin"));
+    EXPECT_FALSE(bar.cancelUploadButton()->isVisible());
+    click(bar.uploadButton());
+    ASSERT_TRUE(finished());
+    EXPECT_EQ(title(), QStringLiteral("Upload complete \u00b7 Link copied"));
+    EXPECT_TRUE(std::any_of(seen.begin(), seen.end(),
+                            [](const auto& s) { return s.template is<ShotUploadState::Uploading>(); }));
+    ASSERT_EQ(server.received().size(), 1);
+    const auto sent = server.received().first();
+    EXPECT_TRUE(sent.path.startsWith("/shots/")) << sent.path.constData();
+    EXPECT_TRUE(sent.path.endsWith(".png")) << sent.path.constData();
+    EXPECT_EQ(test::compareImages(QImage::fromData(sent.body, "PNG"),
+                                  m_renderer.render(window.model().document(), 1), 0)
+                  .maximum,
+              0);
+    const QString link = server.address() + QString::fromUtf8(sent.path);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), link);
+    EXPECT_TRUE(bar.uploadButton()->toolTip().startsWith(link));
+
+    // Pressed again, the same shot is not sent twice: the link is copied again.
+    QGuiApplication::clipboard()->setText(QStringLiteral("something else"));
+    click(bar.uploadButton());
+    EXPECT_TRUE(settledIn([&] { return QGuiApplication::clipboard()->text() == link; }, 3000));
+    EXPECT_EQ(server.received().size(), 1);
+
+    // A changed shot is a new upload; the answer is lost after the body.
+    addArrow(window);
+    settle();
+    EXPECT_EQ(title(), QStringLiteral("Upload to Filebin"));
+    server.setMode(test::FilebinServer::Mode::dropAfterBody);
+    click(bar.uploadButton());
+    ASSERT_TRUE(finished());
+    EXPECT_EQ(title(), QStringLiteral("Upload uncertain \u00b7 Retry"));
+    EXPECT_EQ(server.received().size(), 2);
+    {
+        // Retrying asks first; "Cancel" sends nothing.
+        const auto answer = answerWith(QStringLiteral("Cancel"));
+        click(bar.uploadButton());
+        settle(800);
+        EXPECT_TRUE(answer->answered());
+        EXPECT_EQ(answer->text(),
+                  QStringLiteral("Upload outcome unknown. Retry may create a duplicate upload."));
+    }
+    EXPECT_EQ(server.received().size(), 2);
+    EXPECT_EQ(title(), QStringLiteral("Upload uncertain \u00b7 Retry"));
+    server.setMode(test::FilebinServer::Mode::created);
+    {
+        const auto answer = answerWith(QStringLiteral("Retry upload"));
+        click(bar.uploadButton());
+        settle(800);
+        EXPECT_TRUE(answer->answered());
+    }
+    ASSERT_TRUE(finished());
+    EXPECT_EQ(title(), QStringLiteral("Upload complete \u00b7 Link copied"));
+    EXPECT_EQ(server.received().size(), 3);
+
+    // Refused: the server's own words in the help, and a press retries.
+    addArrow(window);
+    settle();
+    server.setMode(test::FilebinServer::Mode::refused);
+    click(bar.uploadButton());
+    ASSERT_TRUE(finished());
+    EXPECT_EQ(title(), QStringLiteral("Upload failed \u00b7 Retry"));
+    EXPECT_TRUE(bar.uploadButton()->toolTip().contains(
+        QLatin1String(test::FilebinServer::refusal)))
+        << bar.uploadButton()->toolTip().toStdString();
+
+    // A server that keeps quiet: "Cancel upload" ends it, back to the start.
+    server.setMode(test::FilebinServer::Mode::silent);
+    click(bar.uploadButton());
+    ASSERT_TRUE(settledIn([&] { return bar.cancelUploadButton()->isVisible(); }));
+    EXPECT_TRUE(title().startsWith(QStringLiteral("Uploading\u2026"))) << title().toStdString();
+    EXPECT_FALSE(bar.uploadButton()->isEnabled());
+    ASSERT_TRUE(settledIn([&] { return server.received().size() == 5; }));
+    click(bar.cancelUploadButton());
+    ASSERT_TRUE(finished());
+    EXPECT_EQ(title(), QStringLiteral("Upload to Filebin"));
+    EXPECT_FALSE(bar.cancelUploadButton()->isVisible());
+    const auto uses = UploadStore(UploadStore::defaultPath()).fileUses();
+    ASSERT_GE(uses.size(), 2);
+    EXPECT_EQ(uses.first().link, QGuiApplication::clipboard()->text());
 }
 
 } // namespace

@@ -19,9 +19,12 @@
 #include "shell/ShotGlobalShortcuts.h"
 #include "support/ArchiveFixtures.h"
 #include "support/EditorFixture.h"
+#include "support/FilebinServer.h"
 #include "support/LiveProcess.h"
 #include "support/ModalAnswer.h"
 #include "support/RenderFixtures.h"
+#include "upload/UploadSecrets.h"
+#include "upload/UploadStore.h"
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -38,6 +41,8 @@
 #include <QSpinBox>
 #include <QToolButton>
 
+#include <QDeadlineTimer>
+#include <QScopeGuard>
 #include <QStandardItemModel>
 
 #include <gtest/gtest.h>
@@ -104,7 +109,7 @@ TEST_F(Settings, OneWindowWithItsPagesInASidebar)
         titles << sidebar->item(i)->text();
         EXPECT_FALSE(sidebar->item(i)->icon().isNull());
     }
-    EXPECT_EQ(titles.join(u','), QStringLiteral("General,Shortcuts,Output,Recording,Editor,Permissions,Backup"));
+    EXPECT_EQ(titles.join(u','), QStringLiteral("General,Shortcuts,Output,Recording,Editor,Uploads,Permissions,Backup"));
     // Page by page with the keyboard, as on any scale.
     sidebar->setFocus();
     for (int i = 0; i < sidebar->count(); ++i) {
@@ -385,6 +390,95 @@ TEST_F(Settings, PermissionsSayWhatIsGrantedAndHow)
     settle(100);
     EXPECT_TRUE(find<QLabel>(QStringLiteral("permission.microphone"))->text().contains(u"PipeWire"));
     test::saveArtifact(m_settings->grab().toImage(), QStringLiteral("settings-permissions.png"));
+}
+
+// The Uploads page: typed settings land in the shared store, the secret in
+// the keyring only (never shown again), and "Test Upload" really uploads.
+TEST_F(Settings, UploadsKeepTheSecretInTheKeyringAndTestTheDestination)
+{
+    test::FilebinServer server;
+    const auto forget = qScopeGuard([] {
+        UploadStore(UploadStore::defaultPath()).saveSettings(S3Settings{}, FilebinSettings{});
+        uploadSecrets::forgetS3Secret(QStringLiteral("AKIDSETTINGSTEST"));
+    });
+    uploadSecrets::forgetS3Secret(QStringLiteral("AKIDSETTINGSTEST"));
+    open(QStringLiteral("Uploads"));
+    const auto type = [&](const char* name, const QString& text) {
+        auto* edit = find<QLineEdit>(QString::fromLatin1(name));
+        ASSERT_NE(edit, nullptr);
+        click(edit);
+        settle(50);
+        xdotool({"key", "ctrl+a", "BackSpace"});
+        xdotool({"type", "--delay", "5", text});
+        xdotool({"key", "Tab"});
+        settle(100);
+    };
+    const auto label = [&](const char* name) {
+        return find<QLabel>(QString::fromLatin1(name))->text();
+    };
+    const auto settledOn = [&](const std::function<bool()>& done) {
+        const QDeadlineTimer deadline(15000);
+        while (!done() && !deadline.hasExpired()) {
+            settle(20);
+        }
+        return done();
+    };
+    EXPECT_FALSE(find<QLineEdit>(QStringLiteral("s3Secret"))->isEnabled())
+        << "a secret without its key id";
+
+    type("filebinServer", server.address());
+    type("filebinBin", QStringLiteral("settings-bin"));
+    auto* destination = find<QComboBox>(QStringLiteral("uploadDestination"));
+    click(destination);
+    settle(300);
+    xdotool({"key", "End", "Return"}); // the last entry: Filebin
+    settle(100);
+    EXPECT_EQ(m_preferences->string(keys::uploadDestination), QStringLiteral("filebin"));
+
+    type("s3Endpoint", QStringLiteral("http://127.0.0.1:9"));
+    type("s3Bucket", QStringLiteral("shots"));
+    type("s3AccessKeyId", QStringLiteral("AKIDSETTINGSTEST"));
+    ASSERT_TRUE(settledOn([&] { return label("s3SecretState").startsWith(u"Not set"); }))
+        << label("s3SecretState").toStdString();
+    type("s3Secret", QStringLiteral("typed-secret/with+signs"));
+    ASSERT_TRUE(settledOn([&] { return label("s3SecretState").contains(u"keyring"); }))
+        << label("s3SecretState").toStdString();
+    EXPECT_TRUE(find<QLineEdit>(QStringLiteral("s3Secret"))->text().isEmpty());
+    EXPECT_EQ(uploadSecrets::s3Secret(QStringLiteral("AKIDSETTINGSTEST")),
+              QStringLiteral("typed-secret/with+signs"));
+
+    const UploadSettings stored =
+        UploadStore(UploadStore::defaultPath()).settings(ShotUploadDestination::auto_);
+    EXPECT_EQ(stored.filebin.server, server.address());
+    EXPECT_EQ(stored.filebin.bin, QStringLiteral("settings-bin"));
+    EXPECT_EQ(stored.s3.bucket, QStringLiteral("shots"));
+    EXPECT_EQ(stored.s3.region, QStringLiteral("auto"));
+    EXPECT_EQ(stored.effective(), ShotUploadDestination::r2) << "auto with a complete bucket";
+    QFile store(UploadStore::defaultPath());
+    ASSERT_TRUE(store.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(store.readAll().contains("typed-secret"));
+    QFile prefs(m_preferences->path());
+    if (prefs.open(QIODevice::ReadOnly)) {
+        EXPECT_FALSE(prefs.readAll().contains("typed-secret"));
+    }
+
+    // The test upload goes where the settings say: Filebin here.
+    click(find<QPushButton>(QStringLiteral("testUpload")));
+    ASSERT_TRUE(settledOn([&] { return !server.received().isEmpty() &&
+                                       label("testUploadResult").startsWith(u'\u2713'); }))
+        << label("testUploadResult").toStdString();
+    EXPECT_TRUE(label("testUploadResult").contains(server.address() + QStringLiteral("/settings-bin/")))
+        << label("testUploadResult").toStdString();
+    EXPECT_FALSE(QImage::fromData(server.received().first().body, "PNG").isNull());
+    server.setMode(test::FilebinServer::Mode::refused);
+    click(find<QPushButton>(QStringLiteral("testUpload")));
+    ASSERT_TRUE(settledOn([&] { return label("testUploadResult").startsWith(u'\u2717'); }));
+    EXPECT_TRUE(label("testUploadResult").contains(QLatin1String(test::FilebinServer::refusal)));
+    test::saveArtifact(m_settings->grab().toImage(), QStringLiteral("settings-uploads-filled.png"));
+
+    click(find<QPushButton>(QStringLiteral("forgetS3Secret")));
+    ASSERT_TRUE(settledOn([&] { return label("s3SecretState").startsWith(u"Not set"); }));
+    EXPECT_EQ(uploadSecrets::s3Secret(QStringLiteral("AKIDSETTINGSTEST")), std::nullopt);
 }
 
 TEST_F(Settings, RecordingPageStoresTheNextRecordingsOptions)

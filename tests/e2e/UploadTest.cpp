@@ -306,6 +306,7 @@ TEST(Upload, FilebinAnswersRefusalsSilenceAndCancelEachEndAsTheyShould)
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         server.setMode(c.mode);
+        const qsizetype before = server.received().size();
         Uploader uploader(request());
         std::promise<void> sent;
         bool once = false;
@@ -333,6 +334,9 @@ TEST(Upload, FilebinAnswersRefusalsSilenceAndCancelEachEndAsTheyShould)
             ASSERT_FALSE(steps.isEmpty());
             EXPECT_EQ(steps.last().first, c.lastStep);
         }
+        // Sent once: never again behind the user's back (an HTTP stack's
+        // quiet resend after a dropped connection stores the file twice).
+        EXPECT_EQ(server.received().size(), before + 1);
     }
 }
 
