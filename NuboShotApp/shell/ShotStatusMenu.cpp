@@ -109,6 +109,11 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
     m_menu.addMenu(&m_recent);
     connect(&m_menu, &QMenu::aboutToShow, this, &ShotStatusMenu::refreshRecent);
     refreshRecent();
+    if (m_actions.uploads) {
+        QAction* uploads = m_menu.addAction(ShotIcons::icon(QStringLiteral("nuboshot-upload")),
+                                            QStringLiteral("Recent Uploads\u2026"));
+        connect(uploads, &QAction::triggered, this, [this] { m_actions.uploads(); });
+    }
     m_menu.addSeparator();
     QAction* settings = m_menu.addAction(ShotIcons::icon(QStringLiteral("preferences-system")),
                                          QStringLiteral("Settings\u2026"));

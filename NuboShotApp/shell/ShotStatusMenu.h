@@ -32,6 +32,8 @@ public:
         std::function<QList<ShotRecentEntry>()> recentItems;
         std::function<void(const QUuid& id)> openRecent;
         std::function<void()> clearRecent;
+        // The upload history window; no item when not given.
+        std::function<void()> uploads;
         // Recording: shown disabled without canRecord.
         std::function<bool()> canRecord;
         std::function<void()> recordScreen;

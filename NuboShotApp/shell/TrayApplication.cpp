@@ -17,13 +17,16 @@
 #include "recording/RecordingRecovery.h"
 #include "recording/ShotRecordingFlow.h"
 #include "recents/ShotRecentStore.h"
+#include "output/ShotUploadHistory.h"
 #include "shell/ShotStatusMenu.h"
+#include "upload/UploadStore.h"
 #include "settings/ShotSettingsWindow.h"
 
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QFileDialog>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
@@ -87,6 +90,14 @@ void TrayApplication::showSettings()
             }});
     }
     m_settings->present();
+}
+
+void TrayApplication::showUploads()
+{
+    if (!m_uploads) {
+        m_uploads = std::make_unique<ShotUploadHistory>();
+    }
+    m_uploads->present();
 }
 
 TrayApplication::~TrayApplication() = default;
@@ -271,6 +282,7 @@ TrayApplication::Start TrayApplication::start()
     actions.recentItems = [this] { return m_recents->entries(); };
     actions.openRecent = [this](const QUuid& id) { m_feature->openRecent(id); };
     actions.clearRecent = [this] { m_recents->clear(); };
+    actions.uploads = [this] { showUploads(); };
     actions.canRecord = [this] { return m_recording->canRecord(); };
     actions.recordScreen = [this] {
         if (!m_feature->isCapturing()) {
@@ -360,6 +372,37 @@ TrayApplication::Start TrayApplication::start()
         }
     });
     recovery->setFuture(QtConcurrent::run(&RecordingRecovery::recoverInterrupted));
+    // Uploads a crash cut short are told once: they may or may not have arrived.
+    auto* uploads = new QFutureWatcher<QStringList>(this);
+    connect(uploads, &QFutureWatcherBase::finished, this, [this, uploads] {
+        uploads->deleteLater();
+        const QStringList files = uploads->result();
+        if (!files.isEmpty()) {
+            m_tray.showMessage(
+                files.size() == 1 ? QStringLiteral("An upload was interrupted")
+                                  : QStringLiteral("%1 uploads were interrupted").arg(files.size()),
+                QStringLiteral("%1 may not have arrived. Upload it again from its editor, or "
+                               "see Recent Uploads.")
+                    .arg(QLocale().createSeparatedList(files)),
+                QSystemTrayIcon::Warning, 8000);
+        }
+    });
+    uploads->setFuture(QtConcurrent::run([]() -> QStringList {
+        QStringList files;
+        try {
+            UploadStore store;
+            for (const UploadStore::Interrupted& upload : store.takeInterrupted()) {
+                qCWarning(lcUpload, "Upload %s of %s was interrupted after the step %s at %s",
+                          qUtf8Printable(upload.uploadId), qUtf8Printable(upload.fileName),
+                          qUtf8Printable(toString(upload.lastStep)),
+                          qUtf8Printable(upload.at.toString(Qt::ISODate)));
+                files << upload.fileName;
+            }
+        } catch (const Error& error) {
+            qCWarning(lcUpload, "%s", qUtf8Printable(error.message()));
+        }
+        return files;
+    }));
     // Which GPU encoders open is asked now, so the first recording does not wait for it.
     (void)QtConcurrent::run([] { (void)recordingEncoderSupport(); });
     return Start::started;

@@ -20,6 +20,7 @@ class ShotRecentStore;
 class ShotRecordingFlow;
 class ShotGlobalShortcuts;
 class ShotSettingsWindow;
+class ShotUploadHistory;
 class ShotStatusMenu;
 
 // The program as it lives in the tray: one instance per session, found by
@@ -42,6 +43,7 @@ public:
 private:
     void openImage();
     void showSettings();
+    void showUploads();
     void quit();
     // A capture the menu or a shortcut asks for, unless a recording is being framed.
     void capture(CaptureMode mode);
@@ -61,6 +63,7 @@ private:
     std::unique_ptr<ShotBusService> m_service;
     // Uses the preferences and shortcuts above: declared after them, it goes first.
     std::unique_ptr<ShotSettingsWindow> m_settings;
+    std::unique_ptr<ShotUploadHistory> m_uploads;
 };
 
 } // namespace nubo

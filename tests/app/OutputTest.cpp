@@ -8,6 +8,8 @@
 #include "output/ShotRawClipboardTracker.h"
 #include "output/ShotSaveOptions.h"
 #include "output/ShotUpload.h"
+#include "output/ShotUploadHistory.h"
+#include "upload/Uploader.h"
 #include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
 #include "support/DesktopPortal.h"
@@ -40,6 +42,9 @@
 #include <QThreadPool>
 #include <QTimer>
 #include <QToolButton>
+#include <QTreeWidget>
+
+#include <future>
 
 #include <gtest/gtest.h>
 
@@ -770,6 +775,113 @@ TEST_F(Output, TheUploadButtonSaysWhatHappenedAndCopiesTheLink)
     const auto uses = UploadStore(UploadStore::defaultPath()).fileUses();
     ASSERT_GE(uses.size(), 2);
     EXPECT_EQ(uses.first().link, QGuiApplication::clipboard()->text());
+}
+
+// The upload history lists what the shared store holds, copies a link and
+// takes a Filebin upload down with the service's own DELETE; a refused
+// delete says why and keeps the row as it was.
+TEST_F(Output, RecentUploadsCopyLinksAndDeleteFromFilebin)
+{
+    test::FilebinServer server;
+    const QString store = m_dir.filePath(QStringLiteral("shared.sqlite"));
+    const auto upload = [&](const QString& name) {
+        UploadRequest request;
+        request.fileName = name;
+        request.bytes = QByteArray(1000, 'x');
+        request.settings.destination = ShotUploadDestination::filebin;
+        request.settings.filebin.server = server.address();
+        return std::async(std::launch::async, [request, store] {
+                   return Uploader(request, store).run();
+               }).get();
+    };
+    const UploadReceipt first = upload(QStringLiteral("first shot.png"));
+    const UploadReceipt second = upload(QStringLiteral("second shot.png"));
+    {
+        // A bucket's object: listed, but deleted with the bucket's own tools.
+        UploadStore s(store);
+        const QString id = s.beginUpload(ShotUploadDestination::r2, QStringLiteral("bucket.png"),
+                                         QStringLiteral("00"), 10);
+        s.recordFileUse({id, QStringLiteral("00"), QStringLiteral("bucket.png"), 10,
+                         ShotUploadDestination::r2, QStringLiteral("shots"),
+                         QStringLiteral("2026/bucket.png"), QString(),
+                         QDateTime::currentDateTimeUtc().addSecs(5), std::nullopt, std::nullopt});
+    }
+
+    ShotUploadHistory history(store);
+    history.present();
+    activate(history);
+    settle(200);
+    QTreeWidget* list = history.list();
+    ASSERT_EQ(list->topLevelItemCount(), 3);
+    EXPECT_EQ(list->topLevelItem(0)->text(4), QStringLiteral("2026/bucket.png"));
+    EXPECT_EQ(list->topLevelItem(1)->text(0), QStringLiteral("second shot.png"));
+    EXPECT_EQ(list->topLevelItem(1)->text(4), second.link);
+    EXPECT_EQ(list->topLevelItem(2)->text(4), first.link);
+    auto* remove = history.findChild<QPushButton*>(QStringLiteral("deleteUpload"));
+    auto* copy = history.findChild<QPushButton*>(QStringLiteral("copyUploadLink"));
+    ASSERT_TRUE(remove && copy);
+    const auto pick = [&](int row) {
+        QTreeWidgetItem* item = list->topLevelItem(row);
+        const QRect r = list->visualItemRect(item);
+        const QPoint at = list->viewport()->mapToGlobal(r.center());
+        run(QStringLiteral("xdotool"),
+            {"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "1"});
+        settle(150);
+    };
+    pick(0);
+    EXPECT_FALSE(remove->isEnabled()) << "a bucket's object";
+    pick(2);
+    EXPECT_TRUE(remove->isEnabled());
+    click(copy);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), first.link);
+
+    const auto deleteWith = [&](const QString& button) {
+        QString failure = QStringLiteral("(none)");
+        const QMetaObject::Connection heard =
+            QObject::connect(&history, &ShotUploadHistory::deleteFinished, &history,
+                             [&failure](const QString& f) { failure = f; });
+        const auto unhear = qScopeGuard([heard] { QObject::disconnect(heard); });
+        test::ModalAnswer answer([button](QDialog& dialog) {
+            for (QAbstractButton* b : dialog.findChildren<QAbstractButton*>()) {
+                if (b->text().remove(u'&') == button) {
+                    const QPoint at = b->mapToGlobal(b->rect().center());
+                    run(QStringLiteral("xdotool"), {"mousemove", QString::number(at.x()),
+                                                    QString::number(at.y()), "click", "1"});
+                }
+            }
+        });
+        click(remove);
+        const QDeadlineTimer deadline(10000);
+        while (failure == QStringLiteral("(none)") && !deadline.hasExpired() &&
+               (button != QStringLiteral("Cancel") || !answer.answered())) {
+            settle(20);
+        }
+        settle(100);
+        EXPECT_TRUE(answer.answered());
+        return failure;
+    };
+    // Asked first: "Cancel" sends nothing.
+    EXPECT_EQ(deleteWith(QStringLiteral("Cancel")), QStringLiteral("(none)"));
+    EXPECT_EQ(server.received().size(), 2);
+
+    server.setMode(test::FilebinServer::Mode::refused);
+    const QString refused = deleteWith(QStringLiteral("Delete"));
+    EXPECT_TRUE(refused.contains(QLatin1String(test::FilebinServer::refusal))) << refused.toStdString();
+    EXPECT_EQ(list->topLevelItem(2)->text(3), list->topLevelItem(1)->text(3)) << "still kept";
+
+    server.setMode(test::FilebinServer::Mode::created);
+    pick(2);
+    EXPECT_EQ(deleteWith(QStringLiteral("Delete")), QString());
+    const auto received = server.received();
+    ASSERT_EQ(received.size(), 4);
+    EXPECT_EQ(received.last().method, QByteArray("DELETE"));
+    EXPECT_EQ(QString::fromUtf8(received.last().path),
+              QStringLiteral("/%1/first%20shot.png").arg(first.location));
+    EXPECT_EQ(list->topLevelItem(2)->text(3), QStringLiteral("Deleted"));
+    pick(2);
+    EXPECT_FALSE(remove->isEnabled());
+    ASSERT_TRUE(UploadStore(store).fileUses().last().deletedAt.has_value());
+    test::saveArtifact(history.grab().toImage(), QStringLiteral("upload-history.png"));
 }
 
 } // namespace

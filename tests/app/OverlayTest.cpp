@@ -256,6 +256,25 @@ TEST(ShotStatusMenu, ItemsInTheDesignedOrder)
     EXPECT_TRUE(opened);
     shown.last()->trigger();
     EXPECT_TRUE(quit);
+
+    // Where uploads can be listed, their window is one item above the settings.
+    bool uploads = false;
+    ShotStatusMenu::Actions withUploads{[](CaptureMode) {}, [] {}, [] {}, [] {}};
+    withUploads.uploads = [&] { uploads = true; };
+    ShotStatusMenu second(withUploads);
+    QStringList tail;
+    for (QAction* action : second.menu().actions()) {
+        if (action->isVisible()) {
+            tail << (action->isSeparator() ? QStringLiteral("-") : action->text());
+            if (action->text() == QStringLiteral("Recent Uploads\u2026")) {
+                action->trigger();
+            }
+        }
+    }
+    EXPECT_EQ(tail.mid(tail.indexOf(QStringLiteral("Open Image in Nubo Shot\u2026"))).join(u'|'),
+              QStringLiteral("Open Image in Nubo Shot\u2026|Recent Uploads\u2026|-|Settings\u2026|-|"
+                             "Quit Nubo Shot"));
+    EXPECT_TRUE(uploads);
 }
 
 // While a recording runs the menu offers what can be done with it and its
