@@ -1,5 +1,5 @@
-// Uploads against real servers in the test session: s3rver (which checks
-// Signature Version 4) for S3, a local server speaking Filebin's protocol,
+// Uploads against real servers in the test session: s3rver for S3 (behind
+// a front that checks Signature Version 4 with botocore), a local server speaking Filebin's protocol,
 // gnome-keyring for the secret, and the shared SQLite store on disk.
 #include "support/FilebinServer.h"
 #include "support/Process.h"
