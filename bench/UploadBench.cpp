@@ -90,6 +90,19 @@ void BM_UploadToLocalS3(benchmark::State& state)
 }
 BENCHMARK(BM_UploadToLocalS3)->Unit(benchmark::kMillisecond)->UseRealTime()->MeasureProcessCPUTime();
 
+// What an editor reads when it opens, to name its upload button: the store
+// opened and the destinations' settings read.
+void BM_ReadUploadSettings(benchmark::State& state)
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("shared.sqlite"));
+    UploadStore(path).saveSettings(bucket(), FilebinSettings{});
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(UploadStore(path).settings(ShotUploadDestination::auto_));
+    }
+}
+BENCHMARK(BM_ReadUploadSettings)->Unit(benchmark::kMicrosecond);
+
 // Noise compresses to nothing: 1300 × 1300 of it is a PNG just over 5 MB.
 int makePng(const char* path)
 {

@@ -105,6 +105,8 @@ ShotOutputActions::ShotOutputActions(ShotOutputHost& host, ShotPreferences& pref
     connect(m_bar, &ShotBottomBar::cancelUploadRequested, m_upload, &ShotUploadStatus::cancel);
     connect(m_upload, &ShotUploadStatus::changed, this, &ShotOutputActions::showUpload);
     showUpload();
+    // Settings changed elsewhere show when the user comes back to the editor.
+    m_host.outputWindow()->installEventFilter(this);
     // Without a portal there is nobody to share with: no button then.
     m_bar->setShareAvailable(ShotShare::isAvailable());
 
@@ -383,6 +385,15 @@ void ShotOutputActions::share()
                                                      ShotFormat::png, file});
                                 });
         });
+}
+
+bool ShotOutputActions::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate && watched == m_host.outputWindow() &&
+        m_upload->state().is<ShotUploadState::Idle>()) {
+        showUpload();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void ShotOutputActions::showUpload()

@@ -80,6 +80,9 @@ signals:
     // Nothing is under way any more.
     void idle();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     // What a worker made: bytes, a file, a picture, or why it failed.
     struct Made {

@@ -98,9 +98,9 @@ TEST_F(RecentTray, ACaptureIsKeptEditedAndOpenedAgainFromTheMenu)
         << "the entry did not follow the edit; log:\n" << m_log.toStdString();
     EXPECT_TRUE(waitUntil([&] { return !windowShown(title); })) << "copy closes the editor";
 
-    // Recent (above Settings… and Quit) → the entry: the editor again.
+    // Recent (above Recent Uploads…, Settings… and Quit) → the entry: the editor again.
     ASSERT_TRUE(openTrayMenu());
-    run(QStringLiteral("xdotool"), {"key", "Up", "Up", "Up", "Right"});
+    run(QStringLiteral("xdotool"), {"key", "Up", "Up", "Up", "Up", "Right"});
     QThread::msleep(300);
     test::saveArtifact(QGuiApplication::primaryScreen()->grabWindow(0).toImage(),
                        QStringLiteral("tray-recent.png"));

@@ -238,20 +238,34 @@ QList<DisplayCapture> PortalScreenCapturer::screenshotDisplays(const QList<Deskt
 {
     QElapsedTimer clock;
     clock.start();
-    const QVariantMap results = portal::request(
-        QStringLiteral("org.freedesktop.portal.Screenshot"), QStringLiteral("Screenshot"),
-        {QString()}, {{QStringLiteral("interactive"), false}}, std::chrono::minutes(5));
-    const QUrl uri(results.value(QStringLiteral("uri")).toString());
-    if (!uri.isLocalFile()) {
-        throw Error(QStringLiteral("The desktop's screenshot is not a local file (%1).")
-                        .arg(uri.toString()));
-    }
-    QImageReader reader(uri.toLocalFile());
-    reader.setAutoTransform(false);
-    const QImage desktop = reader.read().convertToFormat(QImage::Format_RGBA8888_Premultiplied);
-    if (desktop.isNull()) {
-        throw Error(QStringLiteral("The desktop's screenshot “%1” cannot be read: %2")
-                        .arg(uri.toLocalFile(), reader.errorString()));
+    // Some portals write every screenshot to one fixed file (wlroots' writes
+    // /tmp/out.png): another program's screenshot at the same moment can
+    // leave it half written. A picture that cannot be read is asked for once
+    // more before the capture fails.
+    QImage desktop;
+    for (int attempt = 1; desktop.isNull(); ++attempt) {
+        const QVariantMap results = portal::request(
+            QStringLiteral("org.freedesktop.portal.Screenshot"), QStringLiteral("Screenshot"),
+            {QString()}, {{QStringLiteral("interactive"), false}}, std::chrono::minutes(5));
+        const QUrl uri(results.value(QStringLiteral("uri")).toString());
+        if (!uri.isLocalFile()) {
+            throw Error(QStringLiteral("The desktop's screenshot is not a local file (%1).")
+                            .arg(uri.toString()));
+        }
+        QImageReader reader(uri.toLocalFile());
+        reader.setAutoTransform(false);
+        desktop = reader.read().convertToFormat(QImage::Format_RGBA8888_Premultiplied);
+        const QString why = reader.errorString();
+        reader.setFileName(QString());
+        QFile::remove(uri.toLocalFile()); // the desktop's copy; ours is in memory
+        if (desktop.isNull() && attempt == 2) {
+            throw Error(QStringLiteral("The desktop's screenshot “%1” cannot be read: %2")
+                            .arg(uri.toLocalFile(), why));
+        }
+        if (desktop.isNull()) {
+            qCWarning(lcCapture, "The desktop's screenshot %s cannot be read (%s): asking again",
+                      qUtf8Printable(uri.toLocalFile()), qUtf8Printable(why));
+        }
     }
     // The picture is the whole desktop, at the largest scale of its screens.
     QList<DesktopScreen> known = listed;
@@ -282,7 +296,6 @@ QList<DisplayCapture> PortalScreenCapturer::screenshotDisplays(const QList<Deskt
         captures.append({id, image,
                          ScreenSpace{id, QRectF(screen.geometry), QRectF(pixelRect), screen.scale}});
     }
-    QFile::remove(uri.toLocalFile()); // the desktop's copy; ours is in memory
     qCInfo(lcCapture, "Screenshot portal: %lld screens in %lld ms",
            static_cast<long long>(captures.size()), static_cast<long long>(clock.elapsed()));
     if (captures.isEmpty()) {
