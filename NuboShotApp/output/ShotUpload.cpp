@@ -56,12 +56,15 @@ UploadSettings ShotUploadStatus::settings(std::optional<ShotUploadDestination> d
 {
     const auto chosen = destination.value_or(
         m_preferences.enumeration(keys::uploadDestination, ShotUploadDestination::auto_));
+    UploadSettings fallback;
+    fallback.destination = chosen;
+    if (!QFileInfo::exists(storePath)) {
+        return fallback; // nothing set up yet; opening an editor makes no store
+    }
     try {
         return UploadStore(storePath).settings(chosen);
     } catch (const Error& error) {
         qCWarning(lcUpload, "%s", qUtf8Printable(error.message()));
-        UploadSettings fallback;
-        fallback.destination = chosen;
         return fallback;
     }
 }
