@@ -283,7 +283,7 @@ int runCaptureCommand(const QStringList& arguments)
     const QString name = QLatin1String(TrayApplication::busName);
     if (!bus.interface()->isServiceRegistered(name)) {
         // Start the tray application and wait for it to take its name.
-        if (!QProcess::startDetached(QCoreApplication::applicationFilePath(), {})) {
+        if (!QProcess::startDetached(cli::programPath(), {})) {
             return fail(QStringLiteral("Could not start Nubo Shot."));
         }
         QElapsedTimer waited;

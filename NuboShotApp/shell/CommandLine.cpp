@@ -12,6 +12,8 @@
 #include "shell/VideoCommand.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
+
 
 namespace nubo::cli {
 
@@ -92,6 +94,14 @@ int failWith(const Error& error)
         return fail(QStringLiteral("%1 (%2)").arg(error.message(), capture->detail()));
     }
     return fail(error.message());
+}
+
+QString programPath()
+{
+    const QString front = qEnvironmentVariable("NUBOSHOT_PROGRAM");
+    return !front.isEmpty() && QFileInfo(front).isExecutable()
+               ? front
+               : QCoreApplication::applicationFilePath();
 }
 
 bool isHeadless(const QStringList& arguments)

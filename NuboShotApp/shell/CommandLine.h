@@ -22,6 +22,9 @@ bool needsScreens(const QStringList& arguments);
 
 // Runs a headless command; arguments exclude the program name.
 int run(const QStringList& arguments);
+// The command that starts this program, as users run it (the small
+// `nuboshot` in front of it, when it started this one).
+QString programPath();
 
 // Output helpers: one line each, UTF-8.
 void print(const QString& text, std::FILE* stream = stdout);

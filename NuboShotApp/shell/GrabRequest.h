@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/BusNames.h"
+
 #include "capture/CaptureSelection.h"
 #include "capture/ScreenCapturing.h"
 
@@ -38,8 +40,8 @@ struct GrabRequest {
 // another display), its error when it failed.
 class GrabOverBus {
 public:
-    static constexpr char path[] = "/com/corvane/lab/nuboshot";
-    static constexpr char interface[] = "com.corvane.lab.nuboshot";
+    static constexpr const char* path = bus::path;
+    static constexpr const char* interface = bus::interface;
     static constexpr char errorName[] = "com.corvane.lab.nuboshot.Error";
 
     static std::optional<QString> ask(const GrabRequest& request);

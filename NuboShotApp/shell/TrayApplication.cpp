@@ -6,6 +6,7 @@
 #include "editor/ShotEditorWindow.h"
 #include "export/ShotQuickSave.h"
 #include "render/ShotRenderer.h"
+#include "shell/CommandLine.h"
 #include "shell/DesktopScreens.h"
 #include "shell/GrabRequest.h"
 #include "shell/ShotBusService.h"
@@ -75,7 +76,7 @@ void TrayApplication::showSettings()
     // One window: a second "Settings…" brings it forward.
     if (!m_settings) {
         m_settings = std::make_unique<ShotSettingsWindow>(ShotSettingsContext{
-            *m_preferences, m_shortcuts.get(), QCoreApplication::applicationFilePath(),
+            *m_preferences, m_shortcuts.get(), cli::programPath(),
             [this](const QString&) {
                 m_preferences->sync();
                 m_recents->applyPreference();

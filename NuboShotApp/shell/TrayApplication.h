@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/BusNames.h"
+
 #include "capture/CaptureTypes.h"
 #include "recording/RecordingTypes.h"
 
@@ -28,7 +30,7 @@ class ShotStatusMenu;
 class TrayApplication : public QObject {
     Q_OBJECT
 public:
-    static constexpr char busName[] = "com.corvane.lab.nuboshot";
+    static constexpr const char* busName = bus::name;
 
     enum class Start { started, alreadyRunning };
 

@@ -17,6 +17,8 @@
 #include <QProcess>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -217,6 +219,39 @@ TEST_F(Tray, CaptureFromTheShellOpensAnEditor)
     }
     const auto stillThere = test::runNuboShot({"open", dir.filePath(QStringLiteral("small.png"))});
     EXPECT_EQ(stillThere.exitCode, 0) << stillThere.err.toStdString();
+}
+
+// `nuboshot` is a small program in front of the whole one: it becomes the
+// whole program (the same process) for everything but a capture the running
+// tray can take, and says so plainly when the whole program is missing.
+TEST_F(Tray, TheCommandInFrontBecomesTheWholeProgram)
+{
+    ASSERT_NO_FATAL_FAILURE(startTray());
+    const QString pid = QString::number(m_app.processId());
+    EXPECT_EQ(QFileInfo(QStringLiteral("/proc/%1/exe").arg(pid)).symLinkTarget(),
+              QFileInfo(QStringLiteral(NUBOSHOT_BINARY)).absolutePath() +
+                  QStringLiteral("/nuboshot-app"));
+    QFile environ(QStringLiteral("/proc/%1/environ").arg(pid));
+    ASSERT_TRUE(environ.open(QIODevice::ReadOnly));
+    // Commands it shows and starts name the front, as users run it.
+    EXPECT_TRUE(environ.readAll().split('\0').contains(
+        "NUBOSHOT_PROGRAM=" + QFileInfo(QStringLiteral(NUBOSHOT_BINARY)).canonicalFilePath().toLocal8Bit()));
+
+    // What the tray cannot take goes to the whole program, which explains.
+    const auto bogus = test::runNuboShot({"capture", "sideways"});
+    EXPECT_EQ(bogus.exitCode, 2);
+    EXPECT_TRUE(bogus.err.contains(QStringLiteral("capture takes area, window"))) << bogus.err.toStdString();
+
+    QTemporaryDir alone;
+    const QString front = alone.filePath(QStringLiteral("nuboshot"));
+    ASSERT_TRUE(QFile::copy(QStringLiteral(NUBOSHOT_BINARY), front));
+    QProcess lonely;
+    lonely.start(front, {"--version"});
+    ASSERT_TRUE(lonely.waitForFinished(10000));
+    EXPECT_EQ(lonely.exitCode(), 1);
+    EXPECT_TRUE(lonely.readAllStandardError().contains("cannot start " +
+                                                     QFile::encodeName(alone.path()) +
+                                                     "/nuboshot-app: No such file or directory"));
 }
 
 TEST_F(Tray, PrintScreenKeysCaptureFromAnywhere)

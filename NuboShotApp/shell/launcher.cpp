@@ -1,0 +1,90 @@
+// `nuboshot`: the command users and desktops run. Key bindings run
+// `nuboshot capture MODE` for every shot, and the whole program (Qt Widgets,
+// FFmpeg, PipeWire… some 240 libraries) takes about 70 ms just to load. So
+// this small program, with Qt Core and D-Bus only, hands a capture to the
+// running tray itself, and for everything else becomes the whole program
+// (exec, same process and arguments).
+
+#include "shell/BusNames.h"
+
+#include <QCoreApplication>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <unistd.h>
+
+namespace {
+
+// The whole program: beside this one in a build tree, in libexec once installed.
+std::string programBeside(const std::string& self)
+{
+    const std::string folder = self.substr(0, self.rfind('/') + 1);
+    for (const char* relative : {"nuboshot-app", "../libexec/nuboshot/nuboshot-app"}) {
+        const std::string candidate = folder + relative;
+        if (::access(candidate.c_str(), X_OK) == 0) {
+            return candidate;
+        }
+    }
+    return folder + "nuboshot-app";
+}
+
+std::string selfPath()
+{
+    char buffer[4096];
+    const ssize_t n = ::readlink("/proc/self/exe", buffer, sizeof buffer - 1);
+    return n > 0 ? std::string(buffer, size_t(n)) : std::string();
+}
+
+// A capture asked of the running tray; -1 when there is none to ask.
+int askTray(int argc, char** argv)
+{
+    if (argc != 3 || std::strcmp(argv[1], "capture") != 0) {
+        return -1;
+    }
+    const QString mode = QString::fromLocal8Bit(argv[2]);
+    const bool recording = mode == QLatin1String("recording");
+    if (!recording && mode != QLatin1String("area") && mode != QLatin1String("window") &&
+        mode != QLatin1String("fullscreen") && mode != QLatin1String("scrolling")) {
+        return -1; // the whole program explains its usage
+    }
+    QCoreApplication app(argc, argv);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(QLatin1String(nubo::bus::name))) {
+        return -1; // the whole program starts the tray first
+    }
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QLatin1String(nubo::bus::name), QLatin1String(nubo::bus::path),
+        QLatin1String(nubo::bus::interface),
+        recording ? QStringLiteral("ToggleRecording") : QStringLiteral("CaptureShot"));
+    if (!recording) {
+        call.setArguments({mode});
+    }
+    const QDBusMessage reply = bus.call(call, QDBus::Block, 30000);
+    if (reply.type() == QDBusMessage::ErrorMessage) {
+        std::fprintf(stderr, "nuboshot: %s\n", qUtf8Printable(reply.errorMessage()));
+        return 1;
+    }
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (const int asked = askTray(argc, argv); asked >= 0) {
+        return asked;
+    }
+    const std::string self = selfPath();
+    const std::string program = programBeside(self);
+    // What the program calls itself in commands it shows and starts.
+    ::setenv("NUBOSHOT_PROGRAM", self.c_str(), 1);
+    ::execv(program.c_str(), argv);
+    std::fprintf(stderr, "nuboshot: cannot start %s: %s\n", program.c_str(), std::strerror(errno));
+    return 1;
+}
