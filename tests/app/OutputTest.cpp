@@ -711,6 +711,7 @@ TEST_F(Output, TheUploadButtonSaysWhatHappenedAndCopiesTheLink)
               0);
     const QString link = server.address() + QString::fromUtf8(sent.path);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), link);
+    test::saveArtifact(bar.grab().toImage(), QStringLiteral("editor-upload-done.png"));
     EXPECT_TRUE(bar.uploadButton()->toolTip().startsWith(link));
 
     // Pressed again, the same shot is not sent twice: the link is copied again.
@@ -768,6 +769,7 @@ TEST_F(Output, TheUploadButtonSaysWhatHappenedAndCopiesTheLink)
     EXPECT_TRUE(title().startsWith(QStringLiteral("Uploading\u2026"))) << title().toStdString();
     EXPECT_FALSE(bar.uploadButton()->isEnabled());
     ASSERT_TRUE(settledIn([&] { return server.received().size() == 5; }));
+    test::saveArtifact(bar.grab().toImage(), QStringLiteral("editor-uploading.png"));
     click(bar.cancelUploadButton());
     ASSERT_TRUE(finished());
     EXPECT_EQ(title(), QStringLiteral("Upload to Filebin"));
