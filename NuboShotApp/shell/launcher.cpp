@@ -1,6 +1,6 @@
 // `nuboshot`: the command users and desktops run. Key bindings run
 // `nuboshot capture MODE` for every shot, and the whole program (Qt Widgets,
-// FFmpeg, PipeWire… some 240 libraries) takes about 70 ms just to load. So
+// FFmpeg and the rest: some 240 libraries) takes about 70 ms to load. So
 // this small program, with Qt Core and D-Bus only, hands a capture to the
 // running tray itself, and for everything else becomes the whole program
 // (exec, same process and arguments).

@@ -91,6 +91,19 @@ protected:
             {"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "1"});
         settle();
     }
+    // Presses a button of the next dialog with the pointer, as a user would.
+    static std::unique_ptr<test::ModalAnswer> pressInDialog(const QString& button)
+    {
+        return std::make_unique<test::ModalAnswer>([button](QDialog& dialog) {
+            for (QAbstractButton* b : dialog.findChildren<QAbstractButton*>()) {
+                if (b->text().remove(u'&') == button) {
+                    const QPoint at = b->mapToGlobal(b->rect().center());
+                    run(QStringLiteral("xdotool"), {"mousemove", QString::number(at.x()),
+                                                    QString::number(at.y()), "click", "1"});
+                }
+            }
+        });
+    }
     QStringList saved() const
     {
         return QDir(m_dir.filePath(QStringLiteral("saved"))).entryList(QDir::Files, QDir::Name);
@@ -680,18 +693,6 @@ TEST_F(Output, TheUploadButtonSaysWhatHappenedAndCopiesTheLink)
         return predicate();
     };
     const auto finished = [&] { return settledIn([&] { return !status.isRunning(); }); };
-    // Presses a button of the dialog the upload opens, with the pointer.
-    const auto answerWith = [&](const QString& button) {
-        return std::make_unique<test::ModalAnswer>([button](QDialog& dialog) {
-            for (QAbstractButton* b : dialog.findChildren<QAbstractButton*>()) {
-                if (b->text().remove(u'&') == button) {
-                    const QPoint at = b->mapToGlobal(b->rect().center());
-                    run(QStringLiteral("xdotool"), {"mousemove", QString::number(at.x()),
-                                                    QString::number(at.y()), "click", "1"});
-                }
-            }
-        });
-    };
 
     // Nothing but Filebin is set up: "auto" goes there.
     EXPECT_EQ(title(), QStringLiteral("Upload to Filebin"));
@@ -731,7 +732,7 @@ TEST_F(Output, TheUploadButtonSaysWhatHappenedAndCopiesTheLink)
     EXPECT_EQ(server.received().size(), 2);
     {
         // Retrying asks first; "Cancel" sends nothing.
-        const auto answer = answerWith(QStringLiteral("Cancel"));
+        const auto answer = pressInDialog(QStringLiteral("Cancel"));
         click(bar.uploadButton());
         settle(800);
         EXPECT_TRUE(answer->answered());
@@ -742,7 +743,7 @@ TEST_F(Output, TheUploadButtonSaysWhatHappenedAndCopiesTheLink)
     EXPECT_EQ(title(), QStringLiteral("Upload uncertain \u00b7 Retry"));
     server.setMode(test::FilebinServer::Mode::created);
     {
-        const auto answer = answerWith(QStringLiteral("Retry upload"));
+        const auto answer = pressInDialog(QStringLiteral("Retry upload"));
         click(bar.uploadButton());
         settle(800);
         EXPECT_TRUE(answer->answered());
@@ -819,6 +820,7 @@ TEST_F(Output, RecentUploadsCopyLinksAndDeleteFromFilebin)
     EXPECT_EQ(list->topLevelItem(1)->text(0), QStringLiteral("second shot.png"));
     EXPECT_EQ(list->topLevelItem(1)->text(4), second.link);
     EXPECT_EQ(list->topLevelItem(2)->text(4), first.link);
+    test::saveArtifact(history.grab().toImage(), QStringLiteral("upload-history-opened.png"));
     auto* remove = history.findChild<QPushButton*>(QStringLiteral("deleteUpload"));
     auto* copy = history.findChild<QPushButton*>(QStringLiteral("copyUploadLink"));
     ASSERT_TRUE(remove && copy);
@@ -843,23 +845,15 @@ TEST_F(Output, RecentUploadsCopyLinksAndDeleteFromFilebin)
             QObject::connect(&history, &ShotUploadHistory::deleteFinished, &history,
                              [&failure](const QString& f) { failure = f; });
         const auto unhear = qScopeGuard([heard] { QObject::disconnect(heard); });
-        test::ModalAnswer answer([button](QDialog& dialog) {
-            for (QAbstractButton* b : dialog.findChildren<QAbstractButton*>()) {
-                if (b->text().remove(u'&') == button) {
-                    const QPoint at = b->mapToGlobal(b->rect().center());
-                    run(QStringLiteral("xdotool"), {"mousemove", QString::number(at.x()),
-                                                    QString::number(at.y()), "click", "1"});
-                }
-            }
-        });
+        const auto answer = pressInDialog(button);
         click(remove);
         const QDeadlineTimer deadline(10000);
         while (failure == QStringLiteral("(none)") && !deadline.hasExpired() &&
-               (button != QStringLiteral("Cancel") || !answer.answered())) {
+               (button != QStringLiteral("Cancel") || !answer->answered())) {
             settle(20);
         }
         settle(100);
-        EXPECT_TRUE(answer.answered());
+        EXPECT_TRUE(answer->answered());
         return failure;
     };
     // Asked first: "Cancel" sends nothing.
