@@ -8,7 +8,7 @@
 //   build/bench/export_bench --benchmark_counters_tabular=true
 
 #include "export/ImageWriter.h"
-#include "document/PngEncoder.h"
+#include "codec/PngEncoder.h"
 
 #include <QBuffer>
 #include <QGuiApplication>

@@ -5,7 +5,7 @@
 #include "capture/ScreenCapturing.h"
 #include "capture/ScreenRegionStreaming.h"
 #include "capture/ScrollDriving.h"
-#include "recording/ScreenRecording.h"
+#include "capture/ScreenFrameSource.h"
 #include "core/Error.h"
 
 #include <QRect>
@@ -26,6 +26,13 @@ struct CapturePlatformFeatures {
     bool operator==(const CapturePlatformFeatures&) const = default;
 };
 
+// Whether the desktop asks the user before a program reads the screen, and
+// how many of the user's answers are kept so that captures ask nobody.
+struct ScreenGrants {
+    bool asked = false; // false: programs may read the screen (X11)
+    qsizetype kept = 0;
+};
+
 // One desktop's capture backend: still captures, region streams and global
 // shortcuts behind the engine's interfaces. The application talks to these
 // and never to the window system itself. Made by CapturePlatformLoader.
@@ -41,6 +48,9 @@ public:
 
     // The backend's name, as the override variable takes it ("x11").
     virtual QString name() const = 0;
+    // Why nothing can be captured here, in one line for the user; empty
+    // where the backend works.
+    virtual QString problem() const { return {}; }
     virtual CapturePlatformFeatures features() const = 0;
     // Shared by every thread that captures.
     virtual std::shared_ptr<ScreenCapturing> capturer() = 0;
@@ -50,12 +60,17 @@ public:
     virtual std::shared_ptr<ScrollDriving> scrollDriving() = 0;
     // Null when the backend has no global shortcuts. Main thread.
     virtual std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() = 0;
-    // A screen recorder; null when the backend cannot record. Main thread.
-    virtual std::unique_ptr<ScreenRecording> makeRecorder() { return nullptr; }
+    // The pictures of one recording at a time; null when the backend cannot
+    // record. Main thread.
+    virtual std::unique_ptr<ScreenFrameSource> makeFrameSource() { return nullptr; }
     // Keeps the window system's screen saver and power saving off while
     // held (let go on false, and by the window system when the process
     // ends). False when this desktop has no such hold. Main thread.
     virtual bool holdScreenSaver(bool /*hold*/) { return false; }
+    // The desktop's answers about reading the screen. Main thread.
+    virtual ScreenGrants grants() const { return {}; }
+    // Forgets the kept answers: the desktop asks again at the next capture.
+    virtual void forgetGrant() {}
     // The name of the application that owns the clipboard now, when the
     // window system can tell. Main thread.
     virtual std::optional<QString> clipboardOwner() { return std::nullopt; }
@@ -65,33 +80,6 @@ public:
 class CapturePlatformError : public Error {
 public:
     using Error::Error;
-};
-
-// The part of the process environment that picks a backend.
-struct CapturePlatformEnvironment {
-    QString override;       // NUBOSHOT_CAPTURE_PLATFORM
-    QString x11Display;     // DISPLAY
-    QString waylandDisplay; // WAYLAND_DISPLAY
-    QString sessionType;    // XDG_SESSION_TYPE
-
-    static CapturePlatformEnvironment fromProcess();
-};
-
-// Picks the backend at start: in a Wayland session the desktop portal's
-// ("portal"), X11 ("x11") when an X display is reachable outside one; the
-// backend named in NUBOSHOT_CAPTURE_PLATFORM when set (tests, and users who
-// know better); otherwise a CapturePlatformError that says what is missing.
-class CapturePlatformLoader {
-public:
-    using ScaleLookup = CapturePlatform::ScaleLookup;
-    using ScreenLookup = CapturePlatform::ScreenLookup;
-    static constexpr char overrideVariable[] = "NUBOSHOT_CAPTURE_PLATFORM";
-
-    // The backends this build has, by name.
-    static QStringList backends();
-    static std::unique_ptr<CapturePlatform>
-    load(const CapturePlatformEnvironment& environment = CapturePlatformEnvironment::fromProcess(),
-         ScaleLookup scale = {}, ScreenLookup screens = {});
 };
 
 } // namespace nubo

@@ -73,16 +73,13 @@ struct CapturableWindow {
     bool operator==(const CapturableWindow&) const = default;
 };
 
-// A candidate window before filtering. On X11 `bundleID` stays empty (there
-// are no bundles) and `windowTypes` holds the window's EWMH types, lower
-// case without prefix ("normal", "dock", "dropdown_menu").
+// A candidate window before filtering. `windowTypes` holds the window's
+// EWMH types, lower case without prefix ("normal", "dock", "dropdown_menu").
 struct WindowCaptureDescriptor {
     CapturableWindow window;
     std::optional<qint32> processID;
-    std::optional<QString> bundleID;
     bool isOnScreen = true;
     double alpha = 1;
-    std::optional<int> cgLayer;
     QStringList windowTypes;
 };
 
@@ -90,7 +87,7 @@ struct WindowCaptureDescriptor {
 // panel strip along its top edge.
 struct WindowCaptureDisplay {
     QRectF frame;
-    double menuBarHeight = 0;
+    double panelStripHeight = 0;
 };
 
 struct WindowCaptureSnapshot {

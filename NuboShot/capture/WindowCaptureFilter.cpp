@@ -30,7 +30,7 @@ bool WindowCaptureFilter::keep(const WindowCaptureDescriptor& d,
     if (!ShotGeometry::isFinite(w.frame) || w.frame.width() < 8 || w.frame.height() < 8) {
         return false;
     }
-    if (!inLayerRange(w.layer) || !inLayerRange(d.cgLayer.value_or(w.layer))) {
+    if (!inLayerRange(w.layer)) {
         return false;
     }
     for (const QString& type : d.windowTypes) {
@@ -40,8 +40,8 @@ bool WindowCaptureFilter::keep(const WindowCaptureDescriptor& d,
     }
     for (const WindowCaptureDisplay& display : displays) {
         const QRectF strip(display.frame.topLeft(),
-                           QSizeF(display.frame.width(), display.menuBarHeight));
-        if (display.menuBarHeight > 0 && strip.contains(w.frame)) {
+                           QSizeF(display.frame.width(), display.panelStripHeight));
+        if (display.panelStripHeight > 0 && strip.contains(w.frame)) {
             return false;
         }
         if (w.layer != 0 && w.frame.contains(display.frame.adjusted(2, 2, -2, -2))) {

@@ -1,6 +1,6 @@
 #include "document/ShotDocumentArchive.h"
 
-#include "document/PngEncoder.h"
+#include "codec/PngEncoder.h"
 
 #include "core/FileWriting.h"
 #include "core/Geometry.h"

@@ -2,7 +2,7 @@
 
 #include "core/FileWriting.h"
 
-#include "document/PngEncoder.h"
+#include "codec/PngEncoder.h"
 
 #include <QFileInfo>
 #include <QPainter>

@@ -1,7 +1,8 @@
 #include "recording/CameraStreamSource.h"
 
 #include "core/Logging.h"
-#include "recording/MediaError.h"
+#include "media/MediaError.h"
+#include "media/MediaOwners.h"
 #include "core/Settings.h"
 
 #include <QDir>
@@ -61,24 +62,15 @@ std::optional<QString> captureDeviceName(const QString& path)
 } // namespace
 
 struct CameraStreamSource::Stream {
-    AVFormatContext* format = nullptr;
-    AVCodecContext* decoder = nullptr;
-    SwsContext* scaler = nullptr;
+    media::InputFormat format;
+    media::Codec decoder;
+    media::Scaler scaler;
     std::tuple<int, int, int, bool> scalerKey{0, 0, -1, false};
-    AVPacket* packet = nullptr;
-    AVFrame* frame = nullptr;
+    media::Packet packet;
+    media::Frame frame;
     int index = -1;
     bool file = false; // played at its own pace, and again from the start
     AVRational timeBase{1, 30};
-
-    ~Stream()
-    {
-        av_frame_free(&frame);
-        av_packet_free(&packet);
-        sws_freeContext(scaler);
-        avcodec_free_context(&decoder);
-        avformat_close_input(&format);
-    }
 };
 
 CameraStreamSource::CameraStreamSource(const QString& id) : m_id(id), m_stream(std::make_unique<Stream>())
@@ -104,44 +96,45 @@ CameraStreamSource::CameraStreamSource(const QString& id) : m_id(id), m_stream(s
                : std::vector<std::vector<std::pair<const char*, const char*>>>{{}};
     int status = AVERROR(ENODEV);
     for (const auto& attempt : attempts) {
-        AVDictionary* options = nullptr;
+        media::Dictionary options;
         for (const auto& [key, value] : attempt) {
-            av_dict_set(&options, key, value, 0);
+            options.set(key, value);
         }
         // Stopping never waits on a camera that went quiet.
-        s.format = avformat_alloc_context();
-        s.format->interrupt_callback = {[](void* stop) -> int {
-                                            return static_cast<std::atomic<bool>*>(stop)->load();
-                                        },
-                                        &m_stop};
-        status = avformat_open_input(&s.format, path.constData(), input, &options);
-        av_dict_free(&options);
+        AVFormatContext* format = avformat_alloc_context();
+        format->interrupt_callback = {[](void* stop) -> int {
+                                          return static_cast<std::atomic<bool>*>(stop)->load();
+                                      },
+                                      &m_stop};
+        // Frees the context itself when it fails.
+        status = avformat_open_input(&format, path.constData(), input, options.get());
         if (status >= 0) {
+            s.format.reset(format);
             break;
         }
     }
     if (status < 0) {
         throw Error(QStringLiteral("The camera “%1” cannot be opened: %2.").arg(id, mediaErrorText(status)));
     }
-    if ((status = avformat_find_stream_info(s.format, nullptr)) < 0) {
+    if ((status = avformat_find_stream_info(s.format.get(), nullptr)) < 0) {
         throw Error(QStringLiteral("The camera “%1” gives no pictures: %2.").arg(id, mediaErrorText(status)));
     }
     const AVCodec* codec = nullptr;
-    s.index = av_find_best_stream(s.format, AVMEDIA_TYPE_VIDEO, -1, -1, &codec, 0);
+    s.index = av_find_best_stream(s.format.get(), AVMEDIA_TYPE_VIDEO, -1, -1, &codec, 0);
     if (s.index < 0 || !codec) {
         throw Error(QStringLiteral("The camera “%1” gives no pictures that can be read.").arg(id));
     }
     AVStream* stream = s.format->streams[s.index];
     s.timeBase = stream->time_base;
-    s.decoder = avcodec_alloc_context3(codec);
-    avcodec_parameters_to_context(s.decoder, stream->codecpar);
+    s.decoder.reset(avcodec_alloc_context3(codec));
+    avcodec_parameters_to_context(s.decoder.get(), stream->codecpar);
     s.decoder->thread_count = 1; // one picture at a time, without delay
-    if ((status = avcodec_open2(s.decoder, codec, nullptr)) < 0) {
+    if ((status = avcodec_open2(s.decoder.get(), codec, nullptr)) < 0) {
         throw Error(QStringLiteral("The camera's pictures (%1) cannot be decoded: %2.")
                         .arg(QString::fromLatin1(codec->name), mediaErrorText(status)));
     }
-    s.packet = av_packet_alloc();
-    s.frame = av_frame_alloc();
+    s.packet = media::packet();
+    s.frame = media::frame();
     const AVRational rate = stream->avg_frame_rate.num > 0 ? stream->avg_frame_rate : stream->r_frame_rate;
     m_description = QStringLiteral("%1 %2x%3 at %4 fps")
                         .arg(QString::fromLatin1(codec->name))
@@ -203,17 +196,16 @@ void CameraStreamSource::run()
         }
         const auto key = std::tuple(frame->width, frame->height, int(pixels), fullRange);
         if (!s.scaler || s.scalerKey != key) {
-            sws_freeContext(s.scaler);
-            s.scaler = sws_getContext(frame->width, frame->height, pixels, size.width(),
-                                      size.height(), AV_PIX_FMT_BGRA, SWS_BILINEAR, nullptr,
-                                      nullptr, nullptr);
+            s.scaler.reset(sws_getContext(frame->width, frame->height, pixels, size.width(),
+                                          size.height(), AV_PIX_FMT_BGRA, SWS_BILINEAR,
+                                          nullptr, nullptr, nullptr));
             if (s.scaler && fullRange) {
                 int* table = nullptr;
                 int* targetTable = nullptr;
                 int sourceRange = 0, targetRange = 0, brightness = 0, contrast = 0, saturation = 0;
-                sws_getColorspaceDetails(s.scaler, &table, &sourceRange, &targetTable, &targetRange,
+                sws_getColorspaceDetails(s.scaler.get(), &table, &sourceRange, &targetTable, &targetRange,
                                          &brightness, &contrast, &saturation);
-                sws_setColorspaceDetails(s.scaler, table, 1, targetTable, targetRange, brightness,
+                sws_setColorspaceDetails(s.scaler.get(), table, 1, targetTable, targetRange, brightness,
                                          contrast, saturation);
             }
             s.scalerKey = key;
@@ -224,7 +216,7 @@ void CameraStreamSource::run()
         }
         uint8_t* target[1] = {picture.bits()};
         const int stride[1] = {int(picture.bytesPerLine())};
-        sws_scale(s.scaler, frame->data, frame->linesize, 0, frame->height, target, stride);
+        sws_scale(s.scaler.get(), frame->data, frame->linesize, 0, frame->height, target, stride);
         ++m_decoded;
         const std::lock_guard lock(m_mutex);
         if (!m_taken) {
@@ -234,11 +226,11 @@ void CameraStreamSource::run()
         m_taken = false;
     };
     while (!m_stop) {
-        int status = av_read_frame(s.format, s.packet);
+        int status = av_read_frame(s.format.get(), s.packet.get());
         if (status == AVERROR_EOF && s.file) {
             // Again from the start, at the same pace.
-            av_seek_frame(s.format, s.index, 0, AVSEEK_FLAG_BACKWARD);
-            avcodec_flush_buffers(s.decoder);
+            av_seek_frame(s.format.get(), s.index, 0, AVSEEK_FLAG_BACKWARD);
+            avcodec_flush_buffers(s.decoder.get());
             pace.reset();
             continue;
         }
@@ -251,7 +243,7 @@ void CameraStreamSource::run()
             break;
         }
         if (s.packet->stream_index != s.index) {
-            av_packet_unref(s.packet);
+            av_packet_unref(s.packet.get());
             continue;
         }
         if (s.file && s.packet->pts != AV_NOPTS_VALUE) {
@@ -265,16 +257,16 @@ void CameraStreamSource::run()
                 std::this_thread::sleep_until(std::min(due, Clock::now() + std::chrono::milliseconds(20)));
             }
         }
-        status = avcodec_send_packet(s.decoder, s.packet);
-        av_packet_unref(s.packet);
+        status = avcodec_send_packet(s.decoder.get(), s.packet.get());
+        av_packet_unref(s.packet.get());
         if (status < 0 && status != AVERROR(EAGAIN)) {
             // One broken picture (a torn JPEG) is skipped, not the camera.
             qCDebug(lcCamera, "A camera picture could not be decoded: %s", qPrintable(mediaErrorText(status)));
             continue;
         }
-        while (avcodec_receive_frame(s.decoder, s.frame) >= 0) {
-            deliver(s.frame);
-            av_frame_unref(s.frame);
+        while (avcodec_receive_frame(s.decoder.get(), s.frame.get()) >= 0) {
+            deliver(s.frame.get());
+            av_frame_unref(s.frame.get());
         }
     }
     if (!failure.isEmpty()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "recording/RecordingAudio.h"
+#include "recording/RecordingAudioServer.h"
 
 #include <QList>
 #include <QString>
@@ -13,25 +14,6 @@
 #include <vector>
 
 namespace nubo {
-
-// A sound source of the audio server, as a user picks it.
-struct RecordingAudioDevice {
-    QString name;        // the server's name: what "shot.recording.microphoneDeviceID" holds
-    QString description; // what a user reads
-    bool isDefault = false;
-    bool operator==(const RecordingAudioDevice&) const = default;
-};
-
-// The audio server, over PulseAudio's protocol (PipeWire serves it too).
-// Nothing is ever started for us: no server, no audio.
-namespace RecordingAudioServer {
-// Why no audio can be recorded ("No audio server answers: Connection
-// refused."); nothing when a server answers.
-std::optional<QString> unavailable();
-// The sources a microphone can be recorded from: every one that is not a
-// sink's monitor. Throws Error when no server answers.
-QList<RecordingAudioDevice> microphones();
-} // namespace RecordingAudioServer
 
 // Times the fragments of one source on the audio server's own clock (frames
 // counted from the first), anchored to the recorder's clock by when each

@@ -1,5 +1,7 @@
 #include "recording/RecordingAudio.h"
 
+#include "media/MediaOwners.h"
+
 #include <cmath>
 #include <limits>
 
@@ -59,12 +61,11 @@ std::optional<RecordingAudioBuffer> RecordingAudioFIFO::pop()
 // ---- Mixer ----
 
 struct RecordingAudioMixer::Converter {
-    SwrContext* context = nullptr;
+    media::Resampler context;
     int sampleRate = 0;
     int channels = 0;
     int format = -1;
     bool compensating = false;
-    ~Converter() { swr_free(&context); }
 };
 
 RecordingAudioMixer::RecordingAudioMixer(bool systemEnabled, bool micEnabled)
@@ -128,17 +129,18 @@ void RecordingAudioMixer::add(Source source, const RecordingAudioInput& input,
         AVChannelLayout in{}, out{};
         av_channel_layout_default(&in, input.channels);
         av_channel_layout_default(&out, 2);
-        if (swr_alloc_set_opts2(&converter->context, &out, AV_SAMPLE_FMT_FLT, recordingAudioRate,
-                                &in, AVSampleFormat(input.format), input.sampleRate, 0,
-                                nullptr) < 0) {
+        SwrContext* context = nullptr;
+        if (swr_alloc_set_opts2(&context, &out, AV_SAMPLE_FMT_FLT, recordingAudioRate, &in,
+                                AVSampleFormat(input.format), input.sampleRate, 0, nullptr) < 0) {
             converter.reset();
             throw invalid();
         }
+        converter->context.reset(context);
         // A mono source (a microphone) at full level on both sides, not 3 dB
         // down as the converter would put a centre channel.
         const double monoToBoth[2] = {1.0, 1.0};
-        if ((input.channels == 1 && swr_set_matrix(converter->context, monoToBoth, 1) < 0) ||
-            swr_init(converter->context) < 0) {
+        if ((input.channels == 1 && swr_set_matrix(converter->context.get(), monoToBoth, 1) < 0) ||
+            swr_init(converter->context.get()) < 0) {
             converter.reset();
             throw invalid();
         }
@@ -161,7 +163,7 @@ void RecordingAudioMixer::add(Source source, const RecordingAudioInput& input,
     const bool continues = received && std::abs(drift) <= continuityWindow;
     const bool compensate = continues && std::abs(drift) > 2; // two frames: rounding
     if (compensate || converter->compensating) {
-        if (swr_set_compensation(converter->context, compensate ? int(drift) : 0,
+        if (swr_set_compensation(converter->context.get(), compensate ? int(drift) : 0,
                                  compensate ? 2 * recordingAudioRate : 0) >= 0) {
             converter->compensating = compensate;
         }
@@ -171,7 +173,7 @@ void RecordingAudioMixer::add(Source source, const RecordingAudioInput& input,
     const int room = *capacity + (converter->compensating ? input.frames / 100 + 1 : 0);
     chunk.samples.resize(size_t(room) * 2);
     uint8_t* out[1] = {reinterpret_cast<uint8_t*>(chunk.samples.data())};
-    const int converted = swr_convert(converter->context, out, room,
+    const int converted = swr_convert(converter->context.get(), out, room,
                                       const_cast<const uint8_t**>(input.data), input.frames);
     if (converted < 0) {
         throw invalid();

@@ -1,7 +1,7 @@
 #include "recording/RecordingEncoder.h"
 
 #include "core/Logging.h"
-#include "recording/MediaError.h"
+#include "media/MediaError.h"
 
 #include <QDir>
 #include <QFile>
@@ -116,11 +116,11 @@ int RecordingVideoEncoder::tryOpen(const QString& name, const Settings& settings
     const bool hevc = codec->id == AV_CODEC_ID_HEVC;
     int status = 0;
     const auto undo = [this](int failure) {
-        av_frame_free(&m_upload);
-        av_frame_free(&m_input);
-        avcodec_free_context(&m_context);
-        av_buffer_unref(&m_frames);
-        av_buffer_unref(&m_device);
+        m_upload.reset();
+        m_input.reset();
+        m_context.reset();
+        m_frames.reset();
+        m_device.reset();
         return failure;
     };
     if (isNvenc(name) && !QFile::exists(QStringLiteral("/dev/nvidiactl"))) {
@@ -130,16 +130,18 @@ int RecordingVideoEncoder::tryOpen(const QString& name, const Settings& settings
         const QStringList nodes = renderNodes();
         status = AVERROR(ENODEV);
         for (const QString& node : nodes) {
-            status = av_hwdevice_ctx_create(&m_device, AV_HWDEVICE_TYPE_VAAPI,
+            AVBufferRef* device = nullptr;
+            status = av_hwdevice_ctx_create(&device, AV_HWDEVICE_TYPE_VAAPI,
                                             QFile::encodeName(node).constData(), nullptr, 0);
             if (status >= 0) {
+                m_device.reset(device);
                 break;
             }
         }
         if (status < 0) {
             return undo(status);
         }
-        m_frames = av_hwframe_ctx_alloc(m_device);
+        m_frames.reset(av_hwframe_ctx_alloc(m_device.get()));
         if (!m_frames) {
             return undo(AVERROR(ENOMEM));
         }
@@ -149,23 +151,23 @@ int RecordingVideoEncoder::tryOpen(const QString& name, const Settings& settings
         frames->width = settings.size.width();
         frames->height = settings.size.height();
         frames->initial_pool_size = 8;
-        if ((status = av_hwframe_ctx_init(m_frames)) < 0) {
+        if ((status = av_hwframe_ctx_init(m_frames.get())) < 0) {
             return undo(status);
         }
         m_inputFormat = AV_PIX_FMT_NV12;
     } else {
         m_inputFormat = AV_PIX_FMT_YUV420P;
     }
-    m_context = avcodec_alloc_context3(codec);
+    m_context.reset(avcodec_alloc_context3(codec));
     if (!m_context) {
         return undo(AVERROR(ENOMEM));
     }
-    AVCodecContext* c = m_context;
+    AVCodecContext* c = m_context.get();
     c->width = settings.size.width();
     c->height = settings.size.height();
     c->pix_fmt = vaapi ? AV_PIX_FMT_VAAPI : AV_PIX_FMT_YUV420P;
     if (vaapi) {
-        c->hw_frames_ctx = av_buffer_ref(m_frames);
+        c->hw_frames_ctx = av_buffer_ref(m_frames.get());
     }
     c->time_base = movieTimeBase;
     c->framerate = AVRational{settings.framesPerSecond, 1};
@@ -182,21 +184,20 @@ int RecordingVideoEncoder::tryOpen(const QString& name, const Settings& settings
     if (settings.globalHeader) {
         c->flags |= AV_CODEC_FLAG_GLOBAL_HEADER;
     }
-    AVDictionary* options = nullptr;
+    media::Dictionary options;
     if (name == QLatin1String("libx264")) {
-        av_dict_set(&options, "preset", "superfast", 0); // made for real time
-        av_dict_set(&options, "profile", "high", 0);
+        options.set("preset", "superfast"); // made for real time
+        options.set("profile", "high");
     } else if (isNvenc(name)) {
-        av_dict_set(&options, "preset", "p4", 0);
-        av_dict_set(&options, "tune", "ll", 0); // low latency: no frames held back
-        av_dict_set(&options, "rc", "vbr", 0);
+        options.set("preset", "p4");
+        options.set("tune", "ll"); // low latency: no frames held back
+        options.set("rc", "vbr");
     }
-    status = avcodec_open2(c, codec, &options);
-    av_dict_free(&options);
+    status = avcodec_open2(c, codec, options.get());
     if (status < 0) {
         return undo(status);
     }
-    m_input = av_frame_alloc();
+    m_input = media::frame();
     if (!m_input) {
         return undo(AVERROR(ENOMEM));
     }
@@ -207,23 +208,14 @@ int RecordingVideoEncoder::tryOpen(const QString& name, const Settings& settings
     m_input->color_trc = c->color_trc;
     m_input->colorspace = c->colorspace;
     m_input->color_range = c->color_range;
-    if ((status = av_frame_get_buffer(m_input, 0)) < 0) {
+    if ((status = av_frame_get_buffer(m_input.get(), 0)) < 0) {
         return undo(status);
     }
-    if (vaapi && !(m_upload = av_frame_alloc())) {
+    if (vaapi && !(m_upload = media::frame())) {
         return undo(AVERROR(ENOMEM));
     }
     m_hardware = vaapi || isNvenc(name);
     return 0;
-}
-
-RecordingVideoEncoder::~RecordingVideoEncoder()
-{
-    av_frame_free(&m_upload);
-    av_frame_free(&m_input);
-    avcodec_free_context(&m_context);
-    av_buffer_unref(&m_frames);
-    av_buffer_unref(&m_device);
 }
 
 QString RecordingVideoEncoder::name() const
@@ -235,20 +227,20 @@ int RecordingVideoEncoder::send(int64_t pts)
 {
     m_input->pts = pts;
     if (!m_upload) {
-        return avcodec_send_frame(m_context, m_input);
+        return avcodec_send_frame(m_context.get(), m_input.get());
     }
     // Into a surface of the GPU's pool, then to its encoder.
-    int status = av_hwframe_get_buffer(m_frames, m_upload, 0);
+    int status = av_hwframe_get_buffer(m_frames.get(), m_upload.get(), 0);
     if (status >= 0) {
-        status = av_hwframe_transfer_data(m_upload, m_input, 0);
+        status = av_hwframe_transfer_data(m_upload.get(), m_input.get(), 0);
     }
     if (status >= 0) {
-        status = av_frame_copy_props(m_upload, m_input);
+        status = av_frame_copy_props(m_upload.get(), m_input.get());
     }
     if (status >= 0) {
-        status = avcodec_send_frame(m_context, m_upload);
+        status = avcodec_send_frame(m_context.get(), m_upload.get());
     }
-    av_frame_unref(m_upload);
+    av_frame_unref(m_upload.get());
     return status;
 }
 

@@ -9,20 +9,14 @@
 #include <cstdint>
 #include <memory>
 
-extern "C" {
-#include <libavutil/pixfmt.h>
-}
-
-struct AVBufferRef;
-struct AVCodecContext;
-struct AVFrame;
+#include "media/MediaOwners.h"
 
 namespace nubo {
 
 // The video encoder of one recording. H.264 goes to the GPU through VAAPI
 // where a VAAPI device opens one, else to libx264; HEVC is hardware only
 // (VAAPI or NVENC). Every encoder is set up alike: no B-frames, a key frame
-// every two seconds, the design's bit rate, BT.709 tags.
+// every two seconds, the recording's bit rate, BT.709 tags.
 class RecordingVideoEncoder {
 public:
     struct Settings {
@@ -40,17 +34,16 @@ public:
     // the last candidate refuses.
     static std::unique_ptr<RecordingVideoEncoder> open(RecordingCodec codec, const Settings& settings);
 
-    ~RecordingVideoEncoder();
     RecordingVideoEncoder(const RecordingVideoEncoder&) = delete;
     RecordingVideoEncoder& operator=(const RecordingVideoEncoder&) = delete;
 
-    AVCodecContext* context() const { return m_context; }
+    AVCodecContext* context() const { return m_context.get(); }
     QString name() const;
     bool isHardware() const { return m_hardware; }
     // The picture to fill before send(): planar 4:2:0 in the format the
     // encoder takes (YUV420P or NV12), already writable.
     AVPixelFormat inputFormat() const { return m_inputFormat; }
-    AVFrame* input() const { return m_input; }
+    AVFrame* input() const { return m_input.get(); }
     // Hands input() to the encoder at `pts` (uploaded to the GPU first for
     // VAAPI). An FFmpeg status.
     int send(int64_t pts);
@@ -60,11 +53,11 @@ private:
     // FFmpeg's status; on failure everything opened is freed.
     int tryOpen(const QString& name, const Settings& settings);
 
-    AVCodecContext* m_context = nullptr;
-    AVBufferRef* m_device = nullptr;
-    AVBufferRef* m_frames = nullptr;
-    AVFrame* m_input = nullptr;
-    AVFrame* m_upload = nullptr;
+    media::Codec m_context;
+    media::Buffer m_device;
+    media::Buffer m_frames;
+    media::Frame m_input;
+    media::Frame m_upload;
     AVPixelFormat m_inputFormat = AV_PIX_FMT_YUV420P;
     bool m_hardware = false;
 };

@@ -190,17 +190,6 @@ QString RecordingError::describe(Code code, const QString& detail)
     return {};
 }
 
-QRectF recordingTargetRect(const RecordingTarget& target)
-{
-    if (const auto* d = std::get_if<RecordingTarget::Display>(&target.target)) {
-        return d->display.space.globalFrame;
-    }
-    if (const auto* a = std::get_if<RecordingTarget::Area>(&target.target)) {
-        return a->globalRect.intersected(a->display.space.globalFrame);
-    }
-    return std::get<RecordingTarget::Window>(target.target).window.frame;
-}
-
 void validate(const RecordingOptions& options, const RecordingCapabilities& capabilities)
 {
     if (options.microphone && !capabilities.supportsMicrophone) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "capture/CaptureTypes.h"
+#include "capture/RecordingTarget.h"
 #include "core/EnumStrings.h"
 #include "core/Error.h"
 
@@ -50,37 +50,10 @@ struct RecordingOptions {
     QJsonObject toJson() const;
     static std::optional<RecordingOptions> fromJson(const QJsonObject& object);
     // The "shot.recording.…" keys, read forgivingly (wrong or missing: the
-    // default), written as the design stores them.
+    // default), written under the same keys.
     static RecordingOptions read(const ShotPreferences& preferences);
     void write(ShotPreferences& preferences) const;
 };
-
-// What is recorded: a whole display, an area of one (global points, origin
-// top-left: the role the design gives to AppKit's rectangle), or one window.
-struct RecordingTarget {
-    struct Display {
-        CaptureDisplay display;
-        bool operator==(const Display&) const = default;
-    };
-    struct Area {
-        CaptureDisplay display;
-        QRectF globalRect;
-        bool operator==(const Area&) const = default;
-    };
-    struct Window {
-        CapturableWindow window;
-        bool operator==(const Window&) const = default;
-    };
-    std::variant<Display, Area, Window> target;
-    bool operator==(const RecordingTarget&) const = default;
-};
-
-// The global rectangle (points) a target covers: an area within its display.
-QRectF recordingTargetRect(const RecordingTarget& target);
-inline QSizeF recordingTargetSize(const RecordingTarget& target)
-{
-    return recordingTargetRect(target).size();
-}
 
 struct RecordingCapabilities {
     bool supportsMicrophone = false;
@@ -88,8 +61,6 @@ struct RecordingCapabilities {
     bool supportsHEVC = false;
     bool operator==(const RecordingCapabilities&) const = default;
 };
-
-using RecordingDuration = std::chrono::microseconds;
 
 struct RecordingState {
     struct Recording {

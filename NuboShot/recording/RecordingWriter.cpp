@@ -1,7 +1,7 @@
 #include "recording/RecordingWriter.h"
 
 #include "core/Logging.h"
-#include "recording/MediaError.h"
+#include "media/MediaError.h"
 #include "recording/RecordingEncoder.h"
 #include "recording/RecordingRecovery.h"
 
@@ -16,12 +16,11 @@
 #include <pthread.h>
 #include <sys/stat.h>
 
+#include "media/MediaOwners.h"
+
 extern "C" {
-#include <libavcodec/avcodec.h>
 #include <libavutil/channel_layout.h>
-#include <libavformat/avformat.h>
 #include <libavutil/opt.h>
-#include <libswscale/swscale.h>
 }
 
 namespace nubo {
@@ -70,36 +69,21 @@ AVPixelFormat sourceFormat(const QImage& image)
 } // namespace
 
 struct RecordingWriter::Encoder {
-    AVFormatContext* format = nullptr;
+    media::OutputFormat format;
     std::unique_ptr<RecordingVideoEncoder> video;
     AVCodecContext* codec = nullptr; // the video encoder's
     AVFrame* frame = nullptr;        // its input picture
     AVStream* stream = nullptr;
-    AVPacket* packet = nullptr;
-    SwsContext* scaler = nullptr;
+    media::Packet packet;
+    media::Scaler scaler;
     QSize scalerSource;
     AVPixelFormat scalerFormat = AV_PIX_FMT_NONE;
     bool headerWritten = false;
     // The sound, when there is any.
-    AVCodecContext* audioCodec = nullptr;
+    media::Codec audioCodec;
     AVStream* audioStream = nullptr;
-    AVFrame* audioFrame = nullptr;
-    AVPacket* audioPacket = nullptr;
-
-    ~Encoder()
-    {
-        av_packet_free(&audioPacket);
-        av_frame_free(&audioFrame);
-        avcodec_free_context(&audioCodec);
-        sws_freeContext(scaler);
-        av_packet_free(&packet);
-        if (format) {
-            if (format->pb) {
-                avio_closep(&format->pb);
-            }
-            avformat_free_context(format);
-        }
-    }
+    media::Frame audioFrame;
+    media::Packet audioPacket;
 };
 
 // The audio path: what arrives from the sources, the mixer, the FIFO and
@@ -176,10 +160,12 @@ void RecordingWriter::open()
 {
     auto e = std::make_unique<Encoder>();
     const QByteArray path = QFile::encodeName(m_file);
-    int status = avformat_alloc_output_context2(&e->format, nullptr, "mp4", path.constData());
+    AVFormatContext* format = nullptr;
+    int status = avformat_alloc_output_context2(&format, nullptr, "mp4", path.constData());
     if (status < 0) {
         fail(QStringLiteral("createOutput"), status);
     }
+    e->format.reset(format);
     const int fps = framesPerSecond(m_options.frameRate);
     e->video = RecordingVideoEncoder::open(
         m_options.codec,
@@ -188,7 +174,7 @@ void RecordingWriter::open()
          (e->format->oformat->flags & AVFMT_GLOBALHEADER) != 0});
     e->codec = e->video->context();
     e->frame = e->video->input();
-    e->stream = avformat_new_stream(e->format, nullptr);
+    e->stream = avformat_new_stream(e->format.get(), nullptr);
     e->stream->time_base = movieTimeBase;
     avcodec_parameters_from_context(e->stream->codecpar, e->codec);
     if (e->codec->codec_id == AV_CODEC_ID_HEVC) {
@@ -199,7 +185,7 @@ void RecordingWriter::open()
         if (!aac) {
             fail(QStringLiteral("openAudioEncoder"), AVERROR_ENCODER_NOT_FOUND);
         }
-        e->audioCodec = avcodec_alloc_context3(aac);
+        e->audioCodec.reset(avcodec_alloc_context3(aac));
         e->audioCodec->sample_rate = recordingAudioRate;
         av_channel_layout_default(&e->audioCodec->ch_layout, 2);
         e->audioCodec->sample_fmt = AV_SAMPLE_FMT_FLTP;
@@ -210,40 +196,39 @@ void RecordingWriter::open()
         }
         // FFmpeg's own encoder with its default coder ("fast" measured
         // slower at this rate).
-        status = avcodec_open2(e->audioCodec, aac, nullptr);
+        status = avcodec_open2(e->audioCodec.get(), aac, nullptr);
         if (status < 0) {
             fail(QStringLiteral("openAudioEncoder"), status);
         }
-        e->audioStream = avformat_new_stream(e->format, nullptr);
+        e->audioStream = avformat_new_stream(e->format.get(), nullptr);
         e->audioStream->time_base = audioTimeBase;
-        avcodec_parameters_from_context(e->audioStream->codecpar, e->audioCodec);
-        e->audioFrame = av_frame_alloc();
+        avcodec_parameters_from_context(e->audioStream->codecpar, e->audioCodec.get());
+        e->audioFrame = media::frame();
         e->audioFrame->format = AV_SAMPLE_FMT_FLTP;
         e->audioFrame->sample_rate = recordingAudioRate;
         e->audioFrame->nb_samples = e->audioCodec->frame_size;
         av_channel_layout_default(&e->audioFrame->ch_layout, 2);
-        if ((status = av_frame_get_buffer(e->audioFrame, 0)) < 0) {
+        if ((status = av_frame_get_buffer(e->audioFrame.get(), 0)) < 0) {
             fail(QStringLiteral("allocateFrame"), status);
         }
-        e->audioPacket = av_packet_alloc();
+        e->audioPacket = media::packet();
     }
     status = avio_open(&e->format->pb, path.constData(), AVIO_FLAG_WRITE);
     if (status < 0) {
         fail(QStringLiteral("openFile"), status);
     }
-    AVDictionary* muxerOptions = nullptr;
+    media::Dictionary muxerOptions;
     // A fragment at every key frame, and at least every two seconds (sound
     // goes on while a still screen makes no key frames): a killed recording
     // is still a movie.
-    av_dict_set(&muxerOptions, "movflags", "frag_keyframe+empty_moov+default_base_moof", 0);
-    av_dict_set(&muxerOptions, "frag_duration", "2000000", 0);
-    status = avformat_write_header(e->format, &muxerOptions);
-    av_dict_free(&muxerOptions);
+    muxerOptions.set("movflags", "frag_keyframe+empty_moov+default_base_moof");
+    muxerOptions.set("frag_duration", "2000000");
+    status = avformat_write_header(e->format.get(), muxerOptions.get());
     if (status < 0) {
         fail(QStringLiteral("startWriting"), status);
     }
     e->headerWritten = true;
-    e->packet = av_packet_alloc();
+    e->packet = media::packet();
     {
         const std::lock_guard lock(m_muxMutex);
         m_encoder = std::move(e);
@@ -282,18 +267,17 @@ bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captu
         m_marker = RecordingRecovery::mark(m_file);
     }
     Encoder& e = *m_encoder;
-    if (!e.scaler || e.scalerSource != picture.size() || e.scalerFormat != format) {
-        sws_freeContext(e.scaler);
-        e.scaler = sws_getContext(picture.width(), picture.height(), format, m_size.width(),
+    if (!e.scaler.get() || e.scalerSource != picture.size() || e.scalerFormat != format) {
+        e.scaler.reset(sws_getContext(picture.width(), picture.height(), format, m_size.width(),
                                   m_size.height(), e.video->inputFormat(),
                                   picture.size() == m_size ? SWS_POINT : SWS_AREA, nullptr,
-                                  nullptr, nullptr);
+                                  nullptr, nullptr));
         if (!e.scaler) {
             fail(QStringLiteral("convertPixels"), AVERROR(EINVAL));
         }
         // sRGB pictures into BT.709 studio-range YUV.
         const int* coefficients = sws_getCoefficients(SWS_CS_ITU709);
-        sws_setColorspaceDetails(e.scaler, coefficients, 1, coefficients, 0, 0, 1 << 16, 1 << 16);
+        sws_setColorspaceDetails(e.scaler.get(), coefficients, 1, coefficients, 0, 0, 1 << 16, 1 << 16);
         e.scalerSource = picture.size();
         e.scalerFormat = format;
     }
@@ -304,7 +288,7 @@ bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captu
     const QImage drawn = m_camera ? withCamera(picture) : picture;
     const uint8_t* source[1] = {drawn.constBits()};
     const int stride[1] = {int(drawn.bytesPerLine())};
-    sws_scale(e.scaler, source, stride, 0, drawn.height(), e.frame->data, e.frame->linesize);
+    sws_scale(e.scaler.get(), source, stride, 0, drawn.height(), e.frame->data, e.frame->linesize);
     status = e.video->send(pts);
     if (status < 0) {
         fail(QStringLiteral("appendVideo"), status);
@@ -320,7 +304,7 @@ void RecordingWriter::encode(bool flush)
 {
     Encoder& e = *m_encoder;
     while (true) {
-        int status = avcodec_receive_packet(e.codec, e.packet);
+        int status = avcodec_receive_packet(e.codec, e.packet.get());
         if (status == AVERROR(EAGAIN) || status == AVERROR_EOF) {
             return;
         }
@@ -331,11 +315,11 @@ void RecordingWriter::encode(bool flush)
         // Each frame lasts until the next; the last one a frame's length.
         e.packet->duration = av_rescale_q(1, AVRational{1, e.codec->framerate.num},
                                           e.codec->time_base);
-        av_packet_rescale_ts(e.packet, e.codec->time_base, e.stream->time_base);
+        av_packet_rescale_ts(e.packet.get(), e.codec->time_base, e.stream->time_base);
         e.packet->stream_index = e.stream->index;
         // Written as it comes: the fragments interleave picture and sound.
         const std::lock_guard lock(m_muxMutex);
-        status = av_write_frame(e.format, e.packet);
+        status = av_write_frame(e.format.get(), e.packet.get());
         if (status < 0) {
             fail(flush ? QStringLiteral("finishWriting") : QStringLiteral("appendVideo"), status);
         }
@@ -621,7 +605,7 @@ void RecordingWriter::encodeAudio(const RecordingAudioBuffer& buffer, std::optio
 {
     Encoder& e = *m_encoder;
     Audio& a = *m_audio;
-    AVCodecContext* c = e.audioCodec;
+    AVCodecContext* c = e.audioCodec.get();
     if (!a.started) {
         // The encoder's first frame decodes to its priming silence: fed from
         // that many frames into the movie on, every decoded frame plays at
@@ -650,7 +634,7 @@ void RecordingWriter::encodeAudio(const RecordingAudioBuffer& buffer, std::optio
     a.pending.insert(a.pending.end(), samples, samples + frames * 2);
     a.next = from + frames;
     while (qint64(a.pending.size() / 2) >= c->frame_size) {
-        AVFrame* frame = e.audioFrame;
+        AVFrame* frame = e.audioFrame.get();
         int status = av_frame_make_writable(frame);
         if (status < 0) {
             fail(QStringLiteral("appendAudio"), status);
@@ -678,16 +662,16 @@ void RecordingWriter::writeAudioPackets()
 {
     Encoder& e = *m_encoder;
     while (true) {
-        int status = avcodec_receive_packet(e.audioCodec, e.audioPacket);
+        int status = avcodec_receive_packet(e.audioCodec.get(), e.audioPacket.get());
         if (status == AVERROR(EAGAIN) || status == AVERROR_EOF) {
             return;
         }
         if (status < 0) {
             fail(QStringLiteral("appendAudio"), status);
         }
-        av_packet_rescale_ts(e.audioPacket, e.audioCodec->time_base, e.audioStream->time_base);
+        av_packet_rescale_ts(e.audioPacket.get(), e.audioCodec->time_base, e.audioStream->time_base);
         e.audioPacket->stream_index = e.audioStream->index;
-        status = av_write_frame(e.format, e.audioPacket);
+        status = av_write_frame(e.format.get(), e.audioPacket.get());
         if (status < 0) {
             fail(QStringLiteral("appendAudio"), status);
         }
@@ -730,9 +714,9 @@ QString RecordingWriter::finish(std::optional<RecordingDuration> end)
         if (m_audio && !m_audio->failure) {
             const std::lock_guard lock(m_muxMutex);
             Audio& a = *m_audio;
-            AVCodecContext* c = m_encoder->audioCodec;
+            AVCodecContext* c = m_encoder->audioCodec.get();
             if (!a.pending.empty()) { // the last, shorter frame
-                AVFrame* last = m_encoder->audioFrame;
+                AVFrame* last = m_encoder->audioFrame.get();
                 int status = av_frame_make_writable(last);
                 const int n = int(a.pending.size() / 2);
                 last->nb_samples = n;
@@ -763,11 +747,11 @@ QString RecordingWriter::finish(std::optional<RecordingDuration> end)
             fail(QStringLiteral("finishWriting"), status);
         }
         encode(true);
-        status = av_write_trailer(m_encoder->format);
+        status = av_write_trailer(m_encoder->format.get());
         if (status < 0) {
             fail(QStringLiteral("finishWriting"), status);
         }
-        status = avio_closep(&m_encoder->format->pb);
+        status = media::closeOutput(m_encoder->format.get());
         if (status < 0) {
             fail(QStringLiteral("finishWriting"), status);
         }
@@ -802,30 +786,24 @@ void RecordingWriter::moveIndexToFront(const QString& file)
     const QString sibling = info.absolutePath() + QStringLiteral("/.") + info.completeBaseName() +
                             QStringLiteral(".indexing.mp4");
     const QByteArray to = QFile::encodeName(sibling);
-    AVFormatContext* input = nullptr;
-    AVFormatContext* output = nullptr;
-    AVPacket* packet = av_packet_alloc();
-    const auto cleanUp = [&] {
-        av_packet_free(&packet);
-        avformat_close_input(&input);
-        if (output) {
-            if (output->pb) {
-                avio_closep(&output->pb);
-            }
-            avformat_free_context(output);
-            output = nullptr;
-        }
-    };
+    media::InputFormat inputOwner;
+    media::OutputFormat outputOwner;
+    const media::Packet packetOwner = media::packet();
+    AVPacket* packet = packetOwner.get();
     const auto check = [&](int status, const char* operation) {
         if (status < 0) {
-            cleanUp();
+            outputOwner.reset();
             QFile::remove(sibling);
             fail(QString::fromLatin1(operation), status);
         }
     };
+    AVFormatContext* input = nullptr;
     check(avformat_open_input(&input, from.constData(), nullptr, nullptr), "readMovie");
+    inputOwner.reset(input);
     check(avformat_find_stream_info(input, nullptr), "readMovie");
+    AVFormatContext* output = nullptr;
     check(avformat_alloc_output_context2(&output, nullptr, "mp4", to.constData()), "indexMovie");
+    outputOwner.reset(output);
     for (unsigned i = 0; i < input->nb_streams; ++i) {
         AVStream* stream = avformat_new_stream(output, nullptr);
         check(stream ? 0 : AVERROR(ENOMEM), "indexMovie");
@@ -835,13 +813,11 @@ void RecordingWriter::moveIndexToFront(const QString& file)
         stream->time_base = input->streams[i]->time_base;
     }
     check(avio_open(&output->pb, to.constData(), AVIO_FLAG_WRITE), "indexMovie");
-    AVDictionary* options = nullptr;
-    av_dict_set(&options, "movflags", "faststart", 0);
+    media::Dictionary options;
+    options.set("movflags", "faststart");
     // No edit list: players would trim the last frame's time by it.
-    av_dict_set(&options, "use_editlist", "0", 0);
-    const int header = avformat_write_header(output, &options);
-    av_dict_free(&options);
-    check(header, "indexMovie");
+    options.set("use_editlist", "0");
+    check(avformat_write_header(output, options.get()), "indexMovie");
     std::vector<int64_t> lastDuration(input->nb_streams, 0);
     qint64 copied = 0;
     while (true) {
@@ -868,8 +844,9 @@ void RecordingWriter::moveIndexToFront(const QString& file)
     qCDebug(lcRecordingWriter, "Index moved to the front of %s (%lld packets)",
             qPrintable(file), static_cast<long long>(copied));
     check(av_write_trailer(output), "indexMovie");
-    check(avio_closep(&output->pb), "indexMovie");
-    cleanUp();
+    check(media::closeOutput(output), "indexMovie");
+    outputOwner.reset();
+    inputOwner.reset();
     if (::rename(to.constData(), from.constData()) != 0) {
         const int error = errno;
         QFile::remove(sibling);

@@ -1,35 +1,12 @@
 #pragma once
 
-// FFmpeg plumbing shared by the readers and the export: owners that free
-// what FFmpeg allocated, and the opened recording.
+// The opened recording, shared by the readers and the export.
 
 #include "video/VideoSource.h"
 
-extern "C" {
-#include <libavcodec/avcodec.h>
-#include <libavformat/avformat.h>
-#include <libavutil/frame.h>
-#include <libswresample/swresample.h>
-#include <libswscale/swscale.h>
-}
-
-#include <memory>
+#include "media/MediaOwners.h"
 
 namespace nubo::media {
-
-struct FreeFrame { void operator()(AVFrame* f) const { av_frame_free(&f); } };
-struct FreePacket { void operator()(AVPacket* p) const { av_packet_free(&p); } };
-struct FreeCodec { void operator()(AVCodecContext* c) const { avcodec_free_context(&c); } };
-struct FreeScaler { void operator()(SwsContext* s) const { sws_freeContext(s); } };
-struct FreeResampler { void operator()(SwrContext* s) const { swr_free(&s); } };
-using Frame = std::unique_ptr<AVFrame, FreeFrame>;
-using Packet = std::unique_ptr<AVPacket, FreePacket>;
-using Codec = std::unique_ptr<AVCodecContext, FreeCodec>;
-using Scaler = std::unique_ptr<SwsContext, FreeScaler>;
-using Resampler = std::unique_ptr<SwrContext, FreeResampler>;
-
-inline Frame frame() { return Frame(av_frame_alloc()); }
-inline Packet packet() { return Packet(av_packet_alloc()); }
 
 // A recording opened for reading, its best video stream and its first
 // audio stream found.

@@ -2,7 +2,8 @@
 
 #include "core/BackgroundThread.h"
 #include "core/Logging.h"
-#include "recording/MediaError.h"
+#include "media/H264Bitstream.h"
+#include "media/MediaError.h"
 #include "video/MediaInput.h"
 #include "video/VideoEditRenderer.h"
 
@@ -27,6 +28,8 @@ extern "C" {
 
 namespace nubo {
 
+using namespace media::h264;
+
 namespace {
 
 struct Cancelled {};
@@ -47,104 +50,6 @@ void check(int status)
         media::fail(status);
     }
 }
-
-// ------------------------------------------------------------ H.264 splicing
-
-struct AvcConfig {
-    QByteArray header;              // the first five bytes
-    std::vector<QByteArray> sps, pps;
-    QByteArray trailer;             // the High profiles' extension
-    int lengthSize = 4;
-};
-
-std::optional<AvcConfig> parseAvcC(const uint8_t* data, int size)
-{
-    if (size < 7 || data[0] != 1) {
-        return std::nullopt;
-    }
-    AvcConfig config;
-    config.header = QByteArray(reinterpret_cast<const char*>(data), 5);
-    config.lengthSize = (data[4] & 3) + 1;
-    int at = 5;
-    auto sets = [&](int count, std::vector<QByteArray>& into) {
-        for (int i = 0; i < count; ++i) {
-            if (at + 2 > size) {
-                return false;
-            }
-            const int length = (data[at] << 8) | data[at + 1];
-            at += 2;
-            if (at + length > size) {
-                return false;
-            }
-            into.emplace_back(reinterpret_cast<const char*>(data + at), length);
-            at += length;
-        }
-        return true;
-    };
-    if (!sets(data[at++] & 0x1f, config.sps) || at >= size || !sets(data[at++], config.pps)) {
-        return std::nullopt;
-    }
-    config.trailer = QByteArray(reinterpret_cast<const char*>(data + at), size - at);
-    return config;
-}
-
-QByteArray writeAvcC(const AvcConfig& config)
-{
-    QByteArray out = config.header;
-    out.append(char(0xe0 | int(config.sps.size())));
-    for (const QByteArray& set : config.sps) {
-        out.append(char(set.size() >> 8)).append(char(set.size() & 0xff)).append(set);
-    }
-    out.append(char(config.pps.size()));
-    for (const QByteArray& set : config.pps) {
-        out.append(char(set.size() >> 8)).append(char(set.size() & 0xff)).append(set);
-    }
-    return out + config.trailer;
-}
-
-// The NAL units of an Annex B stream (start codes removed).
-std::vector<QByteArray> annexBUnits(const uint8_t* data, int size)
-{
-    std::vector<QByteArray> units;
-    int start = -1;
-    for (int i = 0; i + 2 < size; ++i) {
-        if (data[i] == 0 && data[i + 1] == 0 && data[i + 2] == 1) {
-            if (start >= 0) {
-                int end = i;
-                while (end > start && data[end - 1] == 0) {
-                    --end;
-                }
-                units.emplace_back(reinterpret_cast<const char*>(data + start), end - start);
-            }
-            start = i + 3;
-            i += 2;
-        }
-    }
-    if (start >= 0 && start < size) {
-        units.emplace_back(reinterpret_cast<const char*>(data + start), size - start);
-    }
-    return units;
-}
-
-// An unsigned Exp-Golomb number from bit `bit` of the unit on.
-int readUe(const QByteArray& unit, int bit)
-{
-    auto bitAt = [&](int b) { return b / 8 < unit.size() ? (uint8_t(unit[b / 8]) >> (7 - b % 8)) & 1 : 1; };
-    int zeros = 0;
-    while (bitAt(bit) == 0 && zeros < 31) {
-        ++zeros;
-        ++bit;
-    }
-    ++bit;
-    int value = 0;
-    for (int i = 0; i < zeros; ++i) {
-        value = (value << 1) | bitAt(bit++);
-    }
-    return (1 << zeros) - 1 + value;
-}
-
-int spsId(const QByteArray& sps) { return readUe(sps, 32); }
-int ppsId(const QByteArray& pps) { return readUe(pps, 8); }
 
 // The encoder for the pictures between a cut and the next key frame: x264
 // at the recording's size, no B-frames, its parameter sets under ids of its
@@ -210,16 +115,6 @@ public:
         }
     }
 
-    ~Export()
-    {
-        if (m_output) {
-            if (m_output->pb) {
-                avio_closep(&m_output->pb);
-            }
-            avformat_free_context(m_output);
-        }
-    }
-
     VideoExportResult run(bool copy)
     {
         if (m_kept.empty()) {
@@ -237,10 +132,9 @@ public:
         } else {
             prepareEncode();
         }
-        AVDictionary* options = nullptr;
-        av_dict_set(&options, "movflags", "+faststart", 0);
-        const int status = avformat_write_header(m_output, &options);
-        av_dict_free(&options);
+        media::Dictionary options;
+        options.set("movflags", "+faststart");
+        const int status = avformat_write_header(m_output.get(), options.get());
         if (status < 0) {
             cannotCreate(mediaErrorText(status));
         }
@@ -253,8 +147,8 @@ public:
             encodePictures();
         }
         writeSoundUpTo(std::nullopt);
-        check(av_write_trailer(m_output));
-        check(avio_closep(&m_output->pb));
+        check(av_write_trailer(m_output.get()));
+        check(media::closeOutput(m_output.get()));
         report(1.0);
         return m_result;
     }
@@ -284,16 +178,17 @@ private:
     void openOutput()
     {
         const QByteArray path = QFile::encodeName(m_file);
-        int status = avformat_alloc_output_context2(&m_output, nullptr, "mp4", path.constData());
+        AVFormatContext* output = nullptr;
+        int status = avformat_alloc_output_context2(&output, nullptr, "mp4", path.constData());
+        m_output.reset(output);
         if (status < 0 || !m_output) {
-            m_output = nullptr;
             cannotCreate(mediaErrorText(status));
         }
         status = avio_open(&m_output->pb, path.constData(), AVIO_FLAG_WRITE);
         if (status < 0) {
             cannotCreate(QStringLiteral("%1 (%2)").arg(mediaErrorText(status), QDir::toNativeSeparators(QFileInfo(m_file).absolutePath())));
         }
-        m_videoOut = avformat_new_stream(m_output, nullptr);
+        m_videoOut = avformat_new_stream(m_output.get(), nullptr);
     }
 
     // ---- sound: decoded, cut to the kept ranges and encoded up front; its
@@ -318,7 +213,7 @@ private:
         if (status < 0) {
             cannotCreate(mediaErrorText(status));
         }
-        m_audioOut = avformat_new_stream(m_output, nullptr);
+        m_audioOut = avformat_new_stream(m_output.get(), nullptr);
         status = avcodec_parameters_from_context(m_audioOut->codecpar, m_sound.get());
         if (status < 0) {
             cannotCreate(mediaErrorText(status));
@@ -331,8 +226,7 @@ private:
         media::Input input(m_list.source);
         media::Codec decoder = input.decoder(input.audio, 1);
         const AVStream* stream = input.audioStream();
-        std::unique_ptr<AVAudioFifo, void (*)(AVAudioFifo*)> fifo(
-            av_audio_fifo_alloc(AV_SAMPLE_FMT_FLTP, 2, 4096), av_audio_fifo_free);
+        media::AudioFifo fifo(av_audio_fifo_alloc(AV_SAMPLE_FMT_FLTP, 2, 4096));
         media::Packet packet = media::packet();
         media::Frame decoded = media::frame();
         media::Frame converted = media::frame();
@@ -442,7 +336,7 @@ private:
             if (time && av_compare_ts(next->dts, m_audioOut->time_base, time->first, time->second) > 0) {
                 return;
             }
-            check(av_interleaved_write_frame(m_output, next));
+            check(av_interleaved_write_frame(m_output.get(), next));
             m_soundPackets.pop_front();
         }
     }
@@ -451,7 +345,7 @@ private:
     {
         packet->stream_index = m_videoOut->index;
         writeSoundUpTo(std::pair{packet->dts, m_videoOut->time_base});
-        check(av_interleaved_write_frame(m_output, packet));
+        check(av_interleaved_write_frame(m_output.get(), packet));
     }
 
     // The output timestamp of a picture at edited time `edited`, later than
@@ -784,7 +678,7 @@ private:
     VideoExportResult m_result;
     double m_reported = -1;
 
-    AVFormatContext* m_output = nullptr;
+    media::OutputFormat m_output;
     AVStream* m_videoOut = nullptr;
     AVStream* m_audioOut = nullptr;
     AVRational m_timeBase{1, 90000};

@@ -1,7 +1,7 @@
 #include "video/VideoSource.h"
 
 #include "core/Logging.h"
-#include "recording/MediaError.h"
+#include "media/MediaError.h"
 #include "video/MediaInput.h"
 
 #include <QFileInfo>

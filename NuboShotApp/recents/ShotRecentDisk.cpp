@@ -2,7 +2,7 @@
 
 #include "core/FileWriting.h"
 #include "core/Logging.h"
-#include "document/PngEncoder.h"
+#include "codec/PngEncoder.h"
 #include "document/ShotDocumentArchive.h"
 #include "document/ShotImageFile.h"
 #include "render/ShotRenderer.h"

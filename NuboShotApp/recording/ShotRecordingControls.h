@@ -1,7 +1,7 @@
 #pragma once
 
 #include "recording/CameraStreamSource.h"
-#include "recording/PulseAudioCapture.h"
+#include "recording/RecordingAudioServer.h"
 #include "recording/RecordingTypes.h"
 
 #include <QObject>

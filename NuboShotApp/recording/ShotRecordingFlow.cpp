@@ -8,6 +8,7 @@
 #include "overlay/ShotOverlayController.h"
 #include "recording/ShotCameraBubble.h"
 #include "recording/ShotRecordingControls.h"
+#include "recording/RecordingSession.h"
 #include "recording/ShotRecordingWindows.h"
 #include "recording/ShotScreenSaverInhibitor.h"
 
@@ -29,10 +30,8 @@ struct ShotRecordingFlow::Frozen {
 };
 
 ShotRecordingFlow::ShotRecordingFlow(std::shared_ptr<CapturePlatform> platform,
-                                     QString platformProblem, ShotPreferences& preferences,
-                                     QObject* parent)
-    : QObject(parent), m_platform(std::move(platform)),
-      m_platformProblem(std::move(platformProblem)), m_preferences(preferences),
+                                     ShotPreferences& preferences, QObject* parent)
+    : QObject(parent), m_platform(std::move(platform)), m_preferences(preferences),
       m_overlay(std::make_unique<ShotOverlayController>()),
       m_inhibitor(std::make_unique<ShotScreenSaverInhibitor>(m_platform)),
       m_camera(std::make_unique<ShotCameraBubble>(preferences))
@@ -90,9 +89,16 @@ ShotRecordingFlow::~ShotRecordingFlow()
     }
 }
 
+QString ShotRecordingFlow::cannotRecord() const
+{
+    return m_platform->problem().isEmpty()
+               ? QStringLiteral("This desktop cannot be recorded by Nubo Shot yet.")
+               : m_platform->problem();
+}
+
 bool ShotRecordingFlow::canRecord() const
 {
-    return m_platform && m_platform->features().recording;
+    return m_platform->features().recording;
 }
 
 RecordingState ShotRecordingFlow::state() const
@@ -110,11 +116,9 @@ bool ShotRecordingFlow::isRunning() const
 ScreenRecording& ShotRecordingFlow::recorder()
 {
     if (!m_recorder) {
-        m_recorder = m_platform ? m_platform->makeRecorder() : nullptr;
+        m_recorder = RecordingSession::forPlatform(*m_platform);
         if (!m_recorder) {
-            throw Error(m_platformProblem.isEmpty()
-                            ? QStringLiteral("This desktop cannot be recorded by Nubo Shot yet.")
-                            : m_platformProblem);
+            throw Error(cannotRecord());
         }
         m_recorder->onStateChange = [this](const RecordingState& state) { recorderChanged(state); };
         m_recorder->onFirstFrame = [this] {
@@ -183,7 +187,7 @@ void ShotRecordingFlow::grabKeys(const QList<std::pair<QString, QKeySequence>>& 
     // Wherever the keyboard is: Return starts and Escape cancels, even when
     // the bar never got the focus.
     m_keys.reset();
-    m_keys = m_platform ? m_platform->makeGlobalShortcuts() : nullptr;
+    m_keys = m_platform->makeGlobalShortcuts();
     if (!m_keys) {
         return;
     }
@@ -194,8 +198,9 @@ void ShotRecordingFlow::grabKeys(const QList<std::pair<QString, QKeySequence>>& 
             [this, id] {
                 if (id == QLatin1String("cancel")) {
                     cancel();
-                } else if (id == QLatin1String("start") && m_phase == Phase::choosing) {
-                    begin();
+                } else if (id == QLatin1String("start") && m_phase == Phase::choosing &&
+                           m_options) {
+                    m_options->start();
                 }
             },
             Qt::QueuedConnection);
@@ -221,7 +226,9 @@ void ShotRecordingFlow::toggle()
         }
         return;
     case Phase::choosing:
-        begin();
+        if (m_options) {
+            m_options->start();
+        }
         return;
     case Phase::framing:
     case Phase::countingDown:
@@ -239,9 +246,7 @@ void ShotRecordingFlow::recordScreen()
         return;
     }
     if (!canRecord()) {
-        fail(m_platformProblem.isEmpty()
-                 ? QStringLiteral("This desktop cannot be recorded by Nubo Shot yet.")
-                 : m_platformProblem);
+        fail(cannotRecord());
         return;
     }
     if (screenIsFree && !screenIsFree()) {
@@ -368,7 +373,7 @@ void ShotRecordingFlow::choose(const RecordingTarget& target, const QRectF& disp
     qCInfo(lcRecording, "Recording options shown");
 }
 
-void ShotRecordingFlow::begin()
+void ShotRecordingFlow::begin(const RecordingOptions& options)
 {
     if (m_phase != Phase::choosing || !m_options || !m_target) {
         return;
@@ -379,7 +384,6 @@ void ShotRecordingFlow::begin()
     m_inhibitor->hold(QStringLiteral("Recording the screen"));
     m_options->close();
     const bool countdown = m_preferences.boolean(keys::recordingCountdown, true);
-    const RecordingOptions options = RecordingOptions::read(m_preferences);
     m_options = nullptr;
     m_outline.hide();
     if (!countdown) {
@@ -417,8 +421,7 @@ void ShotRecordingFlow::startNow(const RecordingTarget& target, const RecordingO
     m_targetRect = recordingTargetRect(target);
     m_displayRect = m_targetRect;
     try {
-        for (const CaptureDisplay& d : m_platform ? m_platform->capturer()->displays()
-                                                  : QList<CaptureDisplay>()) {
+        for (const CaptureDisplay& d : m_platform->capturer()->displays()) {
             if (d.space.globalFrame.contains(m_targetRect.center())) {
                 m_displayRect = d.space.globalFrame;
             }
@@ -440,7 +443,7 @@ void ShotRecordingFlow::startRecorder(const RecordingTarget& target,
         setCamera(options);
         recorder().start(target, options, folder);
     } catch (const CaptureError& error) {
-        // The designed line, and what exactly was missing.
+        // The usual line, and what exactly was missing.
         fail(error.detail().isEmpty()
                  ? error.message()
                  : QStringLiteral("%1 (%2)").arg(error.message(), error.detail()));

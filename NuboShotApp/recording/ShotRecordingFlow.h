@@ -3,6 +3,7 @@
 #include "capture/CapturePlatform.h"
 #include "overlay/ShotAreaOutline.h"
 #include "recording/RecordingTypes.h"
+#include "recording/ScreenRecording.h"
 #include "recording/ShotRecordingWindows.h"
 
 #include <QElapsedTimer>
@@ -30,9 +31,7 @@ class ShotRecordingFlow : public QObject {
 public:
     enum class Phase { idle, framing, choosing, countingDown, recording };
 
-    // `platform` may be null: recording then fails with `platformProblem`.
-    ShotRecordingFlow(std::shared_ptr<CapturePlatform> platform, QString platformProblem,
-                      ShotPreferences& preferences, QObject* parent = nullptr);
+    ShotRecordingFlow(std::shared_ptr<CapturePlatform> platform, ShotPreferences& preferences, QObject* parent = nullptr);
     ~ShotRecordingFlow() override;
 
     // "Record Screen": frame over the frozen screen, then choose and start.
@@ -61,6 +60,8 @@ public:
     // desktop cannot say.
     QList<CapturableWindow> recordableWindows() const;
     bool canRecord() const;
+    // Why this desktop cannot be recorded, for the user.
+    QString cannotRecord() const;
     // What this computer can record with (the recorder's probe). Throws
     // Error when nothing can be recorded here.
     RecordingCapabilities capabilities() { return recorder().capabilities(); }
@@ -85,7 +86,7 @@ private:
     struct Frozen;
     void frozen(const Frozen& result);
     void choose(const RecordingTarget& target, const QRectF& display);
-    void begin();
+    void begin(const RecordingOptions& options);
     void startRecorder(const RecordingTarget& target, const RecordingOptions& options,
                        const QString& folder);
     void showControls(const RecordingOptions& options);
@@ -100,7 +101,6 @@ private:
     ScreenRecording& recorder();
 
     std::shared_ptr<CapturePlatform> m_platform;
-    QString m_platformProblem;
     ShotPreferences& m_preferences;
     std::unique_ptr<ShotOverlayController> m_overlay;
     std::unique_ptr<ScreenRecording> m_recorder;

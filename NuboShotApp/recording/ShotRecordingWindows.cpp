@@ -203,10 +203,15 @@ ShotRecordingOptionsBar::ShotRecordingOptionsBar(ShotPreferences& preferences,
         "QPushButton { color: white; background: rgb(224,53,43); border: none; "
         "border-radius: 5px; padding: 5px 12px; font-weight: 600; }"
         "QPushButton:hover { background: rgb(238,72,62); }"));
-    connect(m_start, &QPushButton::clicked, this, &ShotRecordingOptionsBar::startRequested);
+    connect(m_start, &QPushButton::clicked, this, &ShotRecordingOptionsBar::start);
     row->addWidget(m_start);
     connect(m_controls, &ShotRecordingControls::changed, this, [this] { adjustSize(); });
     m_controls->loadMicrophones();
+}
+
+void ShotRecordingOptionsBar::start()
+{
+    emit startRequested(m_controls->options());
 }
 
 void ShotRecordingOptionsBar::keyPressEvent(QKeyEvent* event)
@@ -214,7 +219,7 @@ void ShotRecordingOptionsBar::keyPressEvent(QKeyEvent* event)
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        emit startRequested();
+        start();
         return;
     case Qt::Key_Escape:
         emit cancelled();

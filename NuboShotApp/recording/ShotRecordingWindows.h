@@ -44,9 +44,12 @@ public:
                             const QString& targetSize);
     ShotRecordingControls& controls() { return *m_controls; }
     QPushButton* startButton() const { return m_start; }
+    // As the Start button: startRequested with the options chosen.
+    void start();
 
 signals:
-    void startRequested();
+    // The options as chosen, with nothing this computer cannot do.
+    void startRequested(const nubo::RecordingOptions& options);
     void cancelled();
 
 protected:

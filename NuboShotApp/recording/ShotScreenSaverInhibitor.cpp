@@ -39,7 +39,7 @@ void ShotScreenSaverInhibitor::hold(const QString& reason)
     }
     m_held = true;
     const int generation = ++m_generation;
-    m_platformHeld = m_platform && m_platform->holdScreenSaver(true);
+    m_platformHeld = m_platform->holdScreenSaver(true);
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(QLatin1String(service))) {
         qCInfo(lcRecording, "Screen saver held off by the window system: %s; the desktop has "
@@ -78,7 +78,7 @@ void ShotScreenSaverInhibitor::release()
     }
     m_held = false;
     ++m_generation;
-    if (m_platformHeld && m_platform) {
+    if (m_platformHeld) {
         m_platform->holdScreenSaver(false);
     }
     m_platformHeld = false;

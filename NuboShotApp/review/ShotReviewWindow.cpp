@@ -6,7 +6,7 @@
 #include "recording/RecordingTypes.h"
 #include "review/ShotReviewCanvas.h"
 #include "review/ShotReviewTimeline.h"
-#include "review/ShotVideoPlayer.h"
+#include "video/VideoPlayer.h"
 #include "style/ShotIcons.h"
 #include "video/VideoEditExport.h"
 #include "video/VideoEditRenderer.h"
@@ -63,7 +63,7 @@ QToolButton* toolButton(const QString& text, const QString& tip, QWidget* parent
 ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& preferences, QWidget* parent)
     : QWidget(parent), m_recording(QFileInfo(recording).absoluteFilePath()), m_preferences(preferences)
 {
-    m_player = std::make_unique<ShotVideoPlayer>(m_recording);
+    m_player = std::make_unique<VideoPlayer>(m_recording);
     m_info = m_player->info();
     m_history = VideoEditHistory(VideoEditList::opened(m_recording, m_info.duration));
     setObjectName(QStringLiteral("reviewWindow"));
@@ -167,7 +167,7 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
     bottom->addWidget(m_export);
     layout->addLayout(bottom);
 
-    connect(m_play, &QToolButton::clicked, m_player.get(), &ShotVideoPlayer::toggle);
+    connect(m_play, &QToolButton::clicked, m_player.get(), &VideoPlayer::toggle);
     connect(splitButton, &QToolButton::clicked, this, &ShotReviewWindow::split);
     connect(removeButton, &QToolButton::clicked, this, &ShotReviewWindow::removeSegment);
     connect(m_blurMode, &QToolButton::clicked, this, [this](bool on) { setMode(on ? 1 : 0); });
@@ -189,14 +189,14 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
         }
     });
 
-    connect(m_player.get(), &ShotVideoPlayer::frameShown, m_canvas, &ShotReviewCanvas::setFrame);
-    connect(m_player.get(), &ShotVideoPlayer::positionChanged, this, [this](VideoTime position) {
+    connect(m_player.get(), &VideoPlayer::frameShown, m_canvas, &ShotReviewCanvas::setFrame);
+    connect(m_player.get(), &VideoPlayer::positionChanged, this, [this](VideoTime position) {
         m_timeline->setPosition(position);
         updateLabels();
     });
-    connect(m_player.get(), &ShotVideoPlayer::playingChanged, this,
+    connect(m_player.get(), &VideoPlayer::playingChanged, this,
             [this](bool playing) { m_play->setText(playing ? QStringLiteral("Pause") : QStringLiteral("Play")); });
-    connect(m_canvas, &ShotReviewCanvas::sizeChanged, m_player.get(), &ShotVideoPlayer::setDisplaySize);
+    connect(m_canvas, &ShotReviewCanvas::sizeChanged, m_player.get(), &VideoPlayer::setDisplaySize);
     connect(m_timeline, &ShotReviewTimeline::scrubbed, m_player.get(), [this](VideoTime t) {
         m_player->pause();
         m_player->seek(t);

@@ -18,7 +18,7 @@ namespace nubo {
 class ShotPreferences;
 class ShotReviewCanvas;
 class ShotReviewTimeline;
-class ShotVideoPlayer;
+class VideoPlayer;
 class VideoEditExportSession;
 struct VideoExportOutcome;
 
@@ -34,7 +34,7 @@ public:
     ~ShotReviewWindow() override;
 
     const VideoEditHistory& history() const { return m_history; }
-    ShotVideoPlayer& player() const { return *m_player; }
+    VideoPlayer& player() const { return *m_player; }
     // Where Export writes: the recordings folder, the recording's name with
     // " (edited)", a counter where that is taken.
     QString exportPath() const;
@@ -70,7 +70,7 @@ private:
 
     QString m_recording;
     ShotPreferences& m_preferences;
-    std::unique_ptr<ShotVideoPlayer> m_player;
+    std::unique_ptr<VideoPlayer> m_player;
     VideoSourceInfo m_info;
     VideoEditHistory m_history;
     ShotReviewCanvas* m_canvas = nullptr;

@@ -1,7 +1,7 @@
 #include "core/Error.h"
 #include "settings/ShotSettingsBackup.h"
 #include "settings/ShotSettingsPage.h"
-#include "shell/ShotGlobalShortcuts.h"
+#include "shortcuts/ShotGlobalShortcuts.h"
 
 #include <QDir>
 #include <QFileDialog>

@@ -1,8 +1,8 @@
-#include "capture/portal/PortalScreenCapturer.h"
+#include "capture/CapturePlatform.h"
 #include "core/Settings.h"
 #include "recording/CameraStreamSource.h"
 #include "settings/ShotSettingsPage.h"
-#include "shell/ShotGlobalShortcuts.h"
+#include "shortcuts/ShotGlobalShortcuts.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -47,7 +47,7 @@ public:
         m_forget->setToolTip(QStringLiteral("The desktop asks again at the next capture"));
         m_section->addRow(QString(), m_forget);
         connect(m_forget, &QPushButton::clicked, this, [this] {
-            preferences().remove(QLatin1String(keys::portalScreenCastGrants));
+            m_context.platform.forgetGrant();
             if (m_context.changed) {
                 m_context.changed(QLatin1String(keys::portalScreenCastGrants));
             }
@@ -67,13 +67,13 @@ public:
 
     void reload() override
     {
-        const bool wayland =
-            QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
-        const qsizetype grants = loadPortalGrants().size();
-        if (!wayland) {
+        const ScreenGrants grants = m_context.platform.grants();
+        if (!m_context.platform.problem().isEmpty()) {
+            set(m_screen, false, m_context.platform.problem());
+        } else if (!grants.asked) {
             set(m_screen, true,
                 QStringLiteral("Allowed: this X11 desktop lets programs read the screen."));
-        } else if (grants > 0) {
+        } else if (grants.kept > 0) {
             set(m_screen, true,
                 QStringLiteral("Granted through the desktop's screen-sharing dialog; captures "
                                "do not ask again."));
@@ -83,8 +83,8 @@ public:
                                "the next capture. Choose every screen and allow it to be "
                                "remembered."));
         }
-        m_forget->setVisible(wayland);
-        m_forget->setEnabled(grants > 0);
+        m_forget->setVisible(grants.asked);
+        m_forget->setEnabled(grants.kept > 0);
 
         const ShotGlobalShortcuts* keys = m_context.shortcuts;
         if (keys && keys->isAvailable() && keys->problems().isEmpty()) {

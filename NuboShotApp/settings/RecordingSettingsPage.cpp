@@ -2,7 +2,7 @@
 #include "recording/ShotRecordingControls.h"
 #include "settings/ShotSettingsPage.h"
 #include "settings/ShotShortcutField.h"
-#include "shell/ShotGlobalShortcuts.h"
+#include "shortcuts/ShotGlobalShortcuts.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>

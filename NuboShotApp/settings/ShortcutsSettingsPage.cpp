@@ -1,6 +1,6 @@
 #include "settings/ShotSettingsPage.h"
 #include "settings/ShotShortcutField.h"
-#include "shell/ShotGlobalShortcuts.h"
+#include "shortcuts/ShotGlobalShortcuts.h"
 
 #include <QClipboard>
 #include <QFormLayout>

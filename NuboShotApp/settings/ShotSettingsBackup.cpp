@@ -6,7 +6,7 @@
 #include "document/ShotDocumentCoding.h"
 #include "editor/ShotToolKind.h"
 #include "export/ShotFormat.h"
-#include "shell/ShotGlobalShortcuts.h"
+#include "shortcuts/ShotGlobalShortcuts.h"
 
 #include <QFile>
 #include <QFileInfo>

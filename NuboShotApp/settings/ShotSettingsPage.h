@@ -15,6 +15,7 @@ class QVBoxLayout;
 
 namespace nubo {
 
+class CapturePlatform;
 class ShotGlobalShortcuts;
 class ShotPreferences;
 
@@ -23,6 +24,8 @@ class ShotPreferences;
 // nothing waits for a restart.
 struct ShotSettingsContext {
     ShotPreferences& preferences;
+    // The desktop's capture backend: its grants.
+    CapturePlatform& platform;
     // The tray's capture shortcuts, bound again after a change; null when
     // the window runs without them.
     ShotGlobalShortcuts* shortcuts = nullptr;

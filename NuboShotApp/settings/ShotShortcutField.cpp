@@ -1,7 +1,7 @@
 #include "settings/ShotShortcutField.h"
 
 #include "core/Settings.h"
-#include "shell/ShotGlobalShortcuts.h"
+#include "shortcuts/ShotGlobalShortcuts.h"
 
 #include <QEvent>
 #include <QFormLayout>

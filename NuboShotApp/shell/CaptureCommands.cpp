@@ -1,13 +1,13 @@
 #include "shell/CaptureCommands.h"
 
 #include "capture/CapturePlatform.h"
-#include "shell/ShotGlobalShortcuts.h"
+#include "shortcuts/ShotGlobalShortcuts.h"
 #include "core/Logging.h"
 #include "export/ShotExporter.h"
 #include "shell/CommandLine.h"
 #include "shell/DesktopScreens.h"
 #include "shell/GrabRequest.h"
-#include "shell/TrayApplication.h"
+#include "shell/BusNames.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -280,7 +280,7 @@ int runCaptureCommand(const QStringList& arguments)
     if (!bus.isConnected()) {
         return fail(QStringLiteral("There is no session bus to reach Nubo Shot on."));
     }
-    const QString name = QLatin1String(TrayApplication::busName);
+    const QString name = QLatin1String(bus::name);
     if (!bus.interface()->isServiceRegistered(name)) {
         // Start the tray application and wait for it to take its name.
         if (!QProcess::startDetached(cli::programPath(), {})) {

@@ -87,7 +87,7 @@ int failWith(const Error& error)
         }
         return fail(line + QLatin1Char(')'));
     }
-    // The designed capture messages are short on purpose; here, as in the
+    // The capture messages are short on purpose; here, as in the
     // log, the real cause follows them.
     if (const auto* capture = dynamic_cast<const CaptureError*>(&error);
         capture && !capture->detail().isEmpty()) {

@@ -1,5 +1,7 @@
 #include "shell/DesktopScreens.h"
 
+#include "capture/CapturePlatformLoader.h"
+
 #include <QGuiApplication>
 #include <QScreen>
 

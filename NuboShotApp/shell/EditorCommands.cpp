@@ -8,7 +8,7 @@
 #include "shell/ArchiveCommands.h"
 #include "shell/CommandLine.h"
 #include "shell/GrabRequest.h"
-#include "shell/TrayApplication.h"
+#include "shell/BusNames.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -56,13 +56,13 @@ int runEditorCommand(int argc, char** argv, const QStringList& arguments)
         QCoreApplication probe(argc, argv);
         QDBusConnection bus = QDBusConnection::sessionBus();
         if (bus.isConnected() &&
-            bus.interface()->isServiceRegistered(QLatin1String(TrayApplication::busName))) {
+            bus.interface()->isServiceRegistered(QLatin1String(bus::name))) {
             QStringList absolute;
             for (const QString& file : files) {
                 absolute << QFileInfo(file).absoluteFilePath();
             }
             QDBusMessage call = QDBusMessage::createMethodCall(
-                QLatin1String(TrayApplication::busName), QLatin1String(GrabOverBus::path),
+                QLatin1String(bus::name), QLatin1String(GrabOverBus::path),
                 QLatin1String(GrabOverBus::interface),
                 arguments.first() == QLatin1String("open") ? QStringLiteral("OpenImage")
                                                            : QStringLiteral("Annotate"));

@@ -4,7 +4,7 @@
 #include "core/Geometry.h"
 #include "core/Logging.h"
 #include "export/ShotExporter.h"
-#include "shell/TrayApplication.h"
+#include "shell/BusNames.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -188,7 +188,7 @@ std::optional<QString> GrabOverBus::ask(const GrabRequest& request)
         return std::nullopt;
     }
     QDBusMessage call =
-        QDBusMessage::createMethodCall(QLatin1String(TrayApplication::busName), QLatin1String(path),
+        QDBusMessage::createMethodCall(QLatin1String(bus::name), QLatin1String(path),
                                        QLatin1String(interface), QStringLiteral("Grab"));
     call.setArguments(arguments(request));
     call.setAutoStartService(false); // a grab never starts the tray application

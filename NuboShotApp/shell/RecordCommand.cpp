@@ -4,13 +4,13 @@
 #include "capture/CaptureSelection.h"
 #include "core/Settings.h"
 #include "recording/CameraStreamSource.h"
-#include "recording/PulseAudioCapture.h"
-#include "recording/ScreenRecording.h"
+#include "recording/RecordingAudioServer.h"
+#include "recording/RecordingSession.h"
 #include "shell/CommandLine.h"
 #include "shell/DesktopScreens.h"
 #include "shell/RecordingOverBus.h"
 #include "shell/RecordingTargetWords.h"
-#include "shell/TrayApplication.h"
+#include "shell/BusNames.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -158,7 +158,7 @@ int runRecordCommand(const QStringList& arguments)
     const QString destination = folder.isEmpty() ? recordingFolder(preferences) : folder;
     QDBusConnection bus = QDBusConnection::sessionBus();
     const bool remote = bus.isConnected() &&
-                        bus.interface()->isServiceRegistered(QLatin1String(TrayApplication::busName));
+                        bus.interface()->isServiceRegistered(QLatin1String(bus::name));
     // The same steps whether the tray records or this process does.
     std::function<void()> stopNow, togglePause;
     int status = success;
@@ -182,7 +182,7 @@ int runRecordCommand(const QStringList& arguments)
             togglePause = [&] { tray->togglePause(); };
         } else {
             const std::shared_ptr<CapturePlatform> platform = loadCapturePlatform();
-            recorder = platform->makeRecorder();
+            recorder = RecordingSession::forPlatform(*platform);
             if (!recorder) {
                 return fail(QStringLiteral("This desktop cannot be recorded by Nubo Shot yet."));
             }

@@ -1,7 +1,7 @@
 #include "shell/RecordingOverBus.h"
 
 #include "shell/GrabRequest.h"
-#include "shell/TrayApplication.h"
+#include "shell/BusNames.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -14,7 +14,7 @@ namespace {
 
 QDBusMessage call(const char* method)
 {
-    return QDBusMessage::createMethodCall(QLatin1String(TrayApplication::busName),
+    return QDBusMessage::createMethodCall(QLatin1String(bus::name),
                                           QLatin1String(GrabOverBus::path),
                                           QLatin1String(GrabOverBus::interface),
                                           QString::fromLatin1(method));
@@ -25,7 +25,7 @@ QDBusMessage call(const char* method)
 RecordingOverBus::RecordingOverBus(QDBusConnection bus, QObject* parent)
     : QObject(parent), m_bus(std::move(bus))
 {
-    m_bus.connect(QLatin1String(TrayApplication::busName), QLatin1String(GrabOverBus::path),
+    m_bus.connect(QLatin1String(bus::name), QLatin1String(GrabOverBus::path),
                   QLatin1String(GrabOverBus::interface), QStringLiteral("RecordingStateChanged"),
                   this, SLOT(stateChanged(QString, QString)));
 }

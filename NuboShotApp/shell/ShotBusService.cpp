@@ -72,13 +72,14 @@ QString ShotBusService::Grab(int mode, qlonglong display, qlonglong window,
                              const QString& xDisplay, const QDBusMessage& message)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (xDisplay != qEnvironmentVariable("DISPLAY") || !m_platform) {
+    const bool ours = m_platform->problem().isEmpty();
+    if (xDisplay != qEnvironmentVariable("DISPLAY") || !ours) {
         // Another X display than ours, or none we can capture: the caller
         // captures by itself (and says why it cannot, if so).
         bus.send(message.createErrorReply(
             QStringLiteral("org.freedesktop.DBus.Error.NotSupported"),
-            m_platform ? QStringLiteral("This instance shows on another display.")
-                       : QStringLiteral("This instance cannot capture this desktop.")));
+            ours ? QStringLiteral("This instance shows on another display.")
+                 : QStringLiteral("This instance cannot capture this desktop.")));
         message.setDelayedReply(true);
         return {};
     }
@@ -121,8 +122,8 @@ void ShotBusService::StartRecording(const QStringList& target, const QString& op
                                     const QString& folder, const QDBusMessage& message)
 {
     try {
-        if (!m_platform) {
-            throw Error(QStringLiteral("This desktop cannot be recorded by Nubo Shot yet."));
+        if (!m_recording.canRecord()) {
+            throw Error(m_recording.cannotRecord());
         }
         const auto parsed = RecordingOptions::fromJson(QJsonDocument::fromJson(options.toUtf8()).object());
         if (!parsed) {

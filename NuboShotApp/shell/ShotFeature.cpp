@@ -24,10 +24,9 @@
 
 namespace nubo {
 
-ShotFeature::ShotFeature(std::shared_ptr<CapturePlatform> platform, QString platformProblem,
-                         ShotPreferences& preferences, ShotRenderer& renderer, QObject* parent)
-    : QObject(parent), m_platform(std::move(platform)),
-      m_platformProblem(std::move(platformProblem)), m_preferences(preferences),
+ShotFeature::ShotFeature(std::shared_ptr<CapturePlatform> platform, ShotPreferences& preferences,
+                         ShotRenderer& renderer, QObject* parent)
+    : QObject(parent), m_platform(std::move(platform)), m_preferences(preferences),
       m_renderer(renderer), m_overlay(std::make_unique<ShotOverlayController>())
 {
     presentAlert = [](const QString& title, const QString& text) {
@@ -114,8 +113,8 @@ void ShotFeature::capture(CaptureMode mode)
         failed(QStringLiteral("%1 is not available yet.").arg(ShotStatusMenu::captureTitle(mode)));
         return;
     }
-    if (!m_platform) {
-        failed(m_platformProblem);
+    if (!m_platform->problem().isEmpty()) {
+        failed(m_platform->problem());
         return;
     }
     if (m_capturing) {

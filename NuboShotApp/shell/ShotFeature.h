@@ -26,9 +26,7 @@ class ShotScrollingSession;
 class ShotFeature : public QObject {
     Q_OBJECT
 public:
-    // `platform` may be null: captures then fail with `platformProblem`.
-    ShotFeature(std::shared_ptr<CapturePlatform> platform, QString platformProblem,
-                ShotPreferences& preferences, ShotRenderer& renderer, QObject* parent = nullptr);
+    ShotFeature(std::shared_ptr<CapturePlatform> platform, ShotPreferences& preferences, ShotRenderer& renderer, QObject* parent = nullptr);
     ~ShotFeature() override;
 
     // A capture request as the menu, the shortcuts and automation make it.
@@ -78,7 +76,6 @@ private:
     void followInRecents(ShotEditorWindow* editor, const QUuid& id);
 
     std::shared_ptr<CapturePlatform> m_platform;
-    QString m_platformProblem;
     ShotPreferences& m_preferences;
     ShotRenderer& m_renderer;
     QList<QPointer<ShotEditorWindow>> m_editors;

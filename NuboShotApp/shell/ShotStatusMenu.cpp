@@ -1,5 +1,7 @@
 #include "shell/ShotStatusMenu.h"
 
+#include "shortcuts/ShotGlobalShortcuts.h"
+
 #include "style/ShotIcons.h"
 
 #include <QProxyStyle>
@@ -23,17 +25,7 @@ public:
 
 QString ShotStatusMenu::captureTitle(CaptureMode mode)
 {
-    switch (mode) {
-    case CaptureMode::area:
-        return QStringLiteral("Capture Area");
-    case CaptureMode::window:
-        return QStringLiteral("Capture Window");
-    case CaptureMode::fullscreen:
-        return QStringLiteral("Capture Fullscreen");
-    case CaptureMode::scrolling:
-        return QStringLiteral("Capture Scrolling");
-    }
-    return {};
+    return ShotGlobalShortcuts::title(toString(mode));
 }
 
 ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)

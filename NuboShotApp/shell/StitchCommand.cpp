@@ -4,7 +4,7 @@
 #include "core/Error.h"
 #include "core/FileWriting.h"
 #include "document/ShotImageFile.h"
-#include "document/PngEncoder.h"
+#include "codec/PngEncoder.h"
 #include "shell/CommandLine.h"
 
 namespace nubo::cli {

@@ -1,6 +1,7 @@
 #include "shell/TrayApplication.h"
 
-#include "capture/CapturePlatform.h"
+#include "capture/CapturePlatformLoader.h"
+#include "capture/NullCapturePlatform.h"
 #include "core/Logging.h"
 #include "core/Settings.h"
 #include "editor/ShotEditorWindow.h"
@@ -11,7 +12,7 @@
 #include "shell/GrabRequest.h"
 #include "shell/ShotBusService.h"
 #include "shell/ShotFeature.h"
-#include "shell/ShotGlobalShortcuts.h"
+#include "shortcuts/ShotGlobalShortcuts.h"
 #include "output/ShotClipboard.h"
 #include "output/ShotNotifications.h"
 #include "recording/RecordingEncoder.h"
@@ -76,7 +77,7 @@ void TrayApplication::showSettings()
     // One window: a second "Settings…" brings it forward.
     if (!m_settings) {
         m_settings = std::make_unique<ShotSettingsWindow>(ShotSettingsContext{
-            *m_preferences, m_shortcuts.get(), cli::programPath(),
+            *m_preferences, *m_platform, m_shortcuts.get(), cli::programPath(),
             [this](const QString&) {
                 m_preferences->sync();
                 m_recents->applyPreference();
@@ -215,23 +216,52 @@ void TrayApplication::showRecordingState(const RecordingState& state)
 TrayApplication::Start TrayApplication::start()
 {
     Q_ASSERT(thread() == QCoreApplication::instance()->thread());
+    if (!claimBusName()) {
+        return Start::alreadyRunning;
+    }
+    loadPlatform();
+    // Drag and share files from earlier sessions that nobody reads any more.
+    ShotQuickSave::sweepTemporaryExports(QDateTime::currentDateTime().addSecs(-3600));
+    m_preferences = std::make_unique<ShotPreferences>();
+    makeFeatures();
+    makeMenu();
+    bindShortcuts();
+    offerBusService();
+    if (!QSystemTrayIcon::isSystemTrayAvailable()) {
+        qCWarning(lcApp) << "No system tray yet; the icon appears when one starts";
+    }
+    m_tray.show();
+    qCInfo(lcApp) << "Nubo Shot started";
+    recoverRecordings();
+    tellInterruptedUploads();
+    // Which GPU encoders open is asked now, so the first recording does not wait for it.
+    (void)QtConcurrent::run([] { (void)recordingEncoderSupport(); });
+    return Start::started;
+}
+
+bool TrayApplication::claimBusName()
+{
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (bus.isConnected()) {
-        const auto reply = bus.interface()->registerService(
-            QLatin1String(busName), QDBusConnectionInterface::DontQueueService,
-            QDBusConnectionInterface::DontAllowReplacement);
-        if (reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceNotRegistered) {
-            return Start::alreadyRunning;
-        }
-        if (!reply.isValid()) {
-            qCWarning(lcApp) << "Could not claim" << busName
-                             << "on the session bus:" << reply.error().message();
-        }
-    } else {
+    if (!bus.isConnected()) {
         qCWarning(lcApp) << "No session bus; a second instance will not be noticed:"
                          << bus.lastError().message();
+        return true;
     }
+    const auto reply = bus.interface()->registerService(
+        QLatin1String(busName), QDBusConnectionInterface::DontQueueService,
+        QDBusConnectionInterface::DontAllowReplacement);
+    if (reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceNotRegistered) {
+        return false;
+    }
+    if (!reply.isValid()) {
+        qCWarning(lcApp) << "Could not claim" << busName
+                         << "on the session bus:" << reply.error().message();
+    }
+    return true;
+}
 
+void TrayApplication::loadPlatform()
+{
     // The screens' densities as they are now, for captures on worker threads.
     QList<std::pair<QRect, double>> densities;
     for (const QScreen* screen : QGuiApplication::screens()) {
@@ -239,40 +269,41 @@ TrayApplication::Start TrayApplication::start()
         const QRect logical = screen->geometry();
         densities.append({QRect(logical.topLeft() * ratio, logical.size() * ratio), ratio});
     }
-    QString platformProblem;
+    const auto density = [densities](const QRect& pixels) {
+        for (const auto& [geometry, ratio] : densities) {
+            if (geometry.contains(pixels.center())) {
+                return ratio;
+            }
+        }
+        return 1.0;
+    };
     try {
-        m_platform = CapturePlatformLoader::load(
-            CapturePlatformEnvironment::fromProcess(), [densities](const QRect& pixels) {
-                for (const auto& [geometry, ratio] : densities) {
-                    if (geometry.contains(pixels.center())) {
-                        return ratio;
-                    }
-                }
-                return 1.0;
-            },
-            desktopScreenLookup());
+        m_platform = CapturePlatformLoader::load(CapturePlatformEnvironment::fromProcess(),
+                                                 density, desktopScreenLookup());
         qCInfo(lcApp) << "Capture backend:" << m_platform->name();
         // Windows' own pixels are kept from now on: exact window captures,
         // and our own windows can be painted away from captures.
         m_platform->capturer()->prepareWindowPixels();
     } catch (const Error& error) {
         // The editor and everything else still work; captures say why not.
-        platformProblem = error.message();
         qCWarning(lcApp) << "Screen capture is not available:" << error.message();
+        m_platform = std::make_shared<NullCapturePlatform>(error.message());
     }
-    // Drag and share files from earlier sessions that nobody reads any more.
-    ShotQuickSave::sweepTemporaryExports(QDateTime::currentDateTime().addSecs(-3600));
-    m_preferences = std::make_unique<ShotPreferences>();
+}
+
+void TrayApplication::makeFeatures()
+{
     m_recents = std::make_unique<ShotRecentStore>(*m_preferences, ShotClipboard::shared(),
                                                   ShotRenderer::shared());
-    m_recents->sourceApp = [platform = m_platform]() -> std::optional<QString> {
-        return platform ? platform->clipboardOwner() : std::nullopt;
-    };
-    m_feature = std::make_unique<ShotFeature>(m_platform, platformProblem, *m_preferences,
-                                              ShotRenderer::shared());
+    m_recents->sourceApp = [platform = m_platform] { return platform->clipboardOwner(); };
+    m_feature = std::make_unique<ShotFeature>(m_platform, *m_preferences, ShotRenderer::shared());
     m_feature->setRecents(m_recents.get());
-    m_recording = std::make_unique<ShotRecordingFlow>(m_platform, platformProblem, *m_preferences);
+    m_recording = std::make_unique<ShotRecordingFlow>(m_platform, *m_preferences);
     m_recording->screenIsFree = [this] { return !m_feature->isCapturing(); };
+}
+
+ShotStatusMenu::Actions TrayApplication::menuActions()
+{
     ShotStatusMenu::Actions actions;
     actions.capture = [this](CaptureMode mode) { capture(mode); };
     actions.openImage = [this] { openImage(); };
@@ -307,7 +338,12 @@ TrayApplication::Start TrayApplication::start()
     actions.resumeRecording = [this, tolerant] { tolerant([this] { m_recording->resume(); }); };
     actions.stopRecording = [this, tolerant] { tolerant([this] { m_recording->stop(); }); };
     actions.cancelRecording = [this] { m_recording->cancel(); };
-    m_menu = std::make_unique<ShotStatusMenu>(std::move(actions));
+    return actions;
+}
+
+void TrayApplication::makeMenu()
+{
+    m_menu = std::make_unique<ShotStatusMenu>(menuActions());
     connect(m_recording.get(), &ShotRecordingFlow::stateChanged, this,
             [this](const RecordingState& state) {
                 showRecordingState(state);
@@ -319,9 +355,21 @@ TrayApplication::Start TrayApplication::start()
             &ShotStatusMenu::refreshRecent);
     m_recents->applyPreference();
     m_tray.setContextMenu(&m_menu->menu());
+    // A left click opens the same menu as a right click: every capture is
+    // one more click away, and nothing starts by accident.
+    connect(&m_tray, &QSystemTrayIcon::activated, this,
+            [this](QSystemTrayIcon::ActivationReason reason) {
+                if (reason == QSystemTrayIcon::Trigger) {
+                    m_menu->menu().popup(QCursor::pos());
+                }
+            });
+}
+
+void TrayApplication::bindShortcuts()
+{
     std::unique_ptr<GlobalShortcuts> keys;
     try {
-        keys = m_platform ? m_platform->makeGlobalShortcuts() : nullptr;
+        keys = m_platform->makeGlobalShortcuts();
     } catch (const Error& error) {
         qCWarning(lcApp) << "Global shortcuts are not available:" << error.message();
     }
@@ -337,32 +385,27 @@ TrayApplication::Start TrayApplication::start()
         m_preferences->sync();
     };
     m_shortcuts->changed();
-    // A left click opens the same menu as a right click: every capture is
-    // one more click away, and nothing starts by accident.
-    connect(&m_tray, &QSystemTrayIcon::activated, this,
-            [this](QSystemTrayIcon::ActivationReason reason) {
-                if (reason == QSystemTrayIcon::Trigger) {
-                    m_menu->menu().popup(QCursor::pos());
-                }
-            });
     if (!m_shortcuts->problems().isEmpty()) {
         // Told once, in the tray's own bubble; the rest of the program works as before.
         m_tray.showMessage(QStringLiteral("Nubo Shot"),
                            m_shortcuts->problems().join(QLatin1Char('\n')),
                            QSystemTrayIcon::Warning, 8000);
     }
+}
+
+void TrayApplication::offerBusService()
+{
     m_service = std::make_unique<ShotBusService>(m_platform, *m_feature, *m_recording);
+    QDBusConnection bus = QDBusConnection::sessionBus();
     if (bus.isConnected() && !bus.registerObject(QLatin1String(GrabOverBus::path), m_service.get(),
                                                  QDBusConnection::ExportAllSlots |
                                                      QDBusConnection::ExportAllSignals)) {
         qCWarning(lcApp) << "Could not offer the capture service on the session bus";
     }
+}
 
-    if (!QSystemTrayIcon::isSystemTrayAvailable()) {
-        qCWarning(lcApp) << "No system tray yet; the icon appears when one starts";
-    }
-    m_tray.show();
-    qCInfo(lcApp) << "Nubo Shot started";
+void TrayApplication::recoverRecordings()
+{
     // Recordings a crash or a power cut interrupted are finished now.
     auto* recovery = new QFutureWatcher<QStringList>(this);
     connect(recovery, &QFutureWatcherBase::finished, this, [recovery] {
@@ -373,6 +416,10 @@ TrayApplication::Start TrayApplication::start()
         }
     });
     recovery->setFuture(QtConcurrent::run(&RecordingRecovery::recoverInterrupted));
+}
+
+void TrayApplication::tellInterruptedUploads()
+{
     // Uploads a crash cut short are told once: they may or may not have arrived.
     auto* uploads = new QFutureWatcher<QStringList>(this);
     connect(uploads, &QFutureWatcherBase::finished, this, [this, uploads] {
@@ -404,9 +451,6 @@ TrayApplication::Start TrayApplication::start()
         }
         return files;
     }));
-    // Which GPU encoders open is asked now, so the first recording does not wait for it.
-    (void)QtConcurrent::run([] { (void)recordingEncoderSupport(); });
-    return Start::started;
 }
 
 } // namespace nubo

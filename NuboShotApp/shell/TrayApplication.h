@@ -4,6 +4,7 @@
 
 #include "capture/CaptureTypes.h"
 #include "recording/RecordingTypes.h"
+#include "shell/ShotStatusMenu.h"
 
 #include <QIcon>
 #include <QMenu>
@@ -23,7 +24,6 @@ class ShotRecordingFlow;
 class ShotGlobalShortcuts;
 class ShotSettingsWindow;
 class ShotUploadHistory;
-class ShotStatusMenu;
 
 // The program as it lives in the tray: one instance per session, found by
 // its name on the session bus.
@@ -43,6 +43,17 @@ public:
     ShotFeature* feature() { return m_feature.get(); }
 
 private:
+    // The steps of start(), in order.
+    bool claimBusName(); // false: another instance has it
+    void loadPlatform();
+    void makeFeatures();
+    ShotStatusMenu::Actions menuActions();
+    void makeMenu();
+    void bindShortcuts();
+    void offerBusService();
+    void recoverRecordings();
+    void tellInterruptedUploads();
+
     void openImage();
     void showSettings();
     void showUploads();

@@ -54,22 +54,13 @@ TEST(ShotCreationTool, GestureArithmetic)
     EXPECT_EQ(ShotCreationTool::emojiRect({50, 50}, 0), QRectF(49.5, 49.5, 1, 1));
 }
 
-TEST(ShotToolKind, RawValuesTitlesAndShortcuts)
+TEST(ShotToolKind, EveryToolHasALetterOfItsOwn)
 {
-    QStringList raw, titles;
     QSet<QChar> shortcuts;
     for (const ShotToolKind tool : allCases<ShotToolKind>()) {
-        raw << toString(tool);
-        titles << toolTitle(tool);
         shortcuts.insert(toolShortcut(tool));
     }
-    EXPECT_EQ(raw.join(u','),
-              QStringLiteral("crop,addImage,select,rect,filledRect,ellipse,line,arrow,text,blur,"
-                             "number,draw,emoji,colorPicker"));
-    EXPECT_EQ(titles.join(u','),
-              QStringLiteral("Crop,Add image,Select,Rectangle,Filled rectangle,Ellipse,Line,"
-                             "Arrow,Text,Blur / Censor,Number,Draw,Emoji,Pick color"));
-    EXPECT_EQ(shortcuts.size(), qsizetype(enumCount<ShotToolKind>())) << "one letter each";
+    EXPECT_EQ(shortcuts.size(), qsizetype(enumCount<ShotToolKind>()));
 }
 
 class EditorModel : public ::testing::Test {

@@ -1,6 +1,6 @@
 #include "core/Settings.h"
 #include "editor/ShotEditorWindow.h"
-#include "document/PngEncoder.h"
+#include "codec/PngEncoder.h"
 #include "output/ShotBottomBar.h"
 #include "output/ShotClipboard.h"
 #include "output/ShotOutput.h"

@@ -2,7 +2,7 @@
 // store's list and its updates, and the clipboard watcher against real
 // clipboard owners in the private session.
 
-#include "capture/CapturePlatform.h"
+#include "capture/CapturePlatformLoader.h"
 #include "core/Settings.h"
 #include "document/ShotDocumentArchive.h"
 #include "output/ShotClipboard.h"

@@ -97,17 +97,23 @@ TEST(ShotRecordingOptionsBar, ChoicesAreStoredAndUnavailableOnesSayWhy)
     EXPECT_TRUE(preferences.boolean(keys::recordingMicrophone, false));
     test::saveArtifact(bar.grab().toImage(), QStringLiteral("recording-options-bar.png"));
 
-    int started = 0, cancelled = 0;
-    QObject::connect(&bar, &ShotRecordingOptionsBar::startRequested, [&] { ++started; });
+    // Start hands the flow the options as chosen, nothing it cannot do.
+    QList<RecordingOptions> started;
+    int cancelled = 0;
+    QObject::connect(&bar, &ShotRecordingOptionsBar::startRequested,
+                     [&](const RecordingOptions& options) { started << options; });
     QObject::connect(&bar, &ShotRecordingOptionsBar::cancelled, [&] { ++cancelled; });
     bar.activateWindow();
     test::settle(200);
     test::xdotool({"key", "Return"});
-    test::settle(200);
+    EXPECT_TRUE(test::settleUntil([&] { return !started.isEmpty(); }));
     test::xdotool({"key", "Escape"});
-    test::settle(200);
-    EXPECT_EQ(started, 1);
+    EXPECT_TRUE(test::settleUntil([&] { return cancelled > 0; }));
+    ASSERT_EQ(started.size(), 1);
     EXPECT_EQ(cancelled, 1);
+    EXPECT_TRUE(started[0].systemAudio && started[0].highlightsClicks);
+    EXPECT_FALSE(started[0].showsCursor || started[0].microphone);
+    EXPECT_EQ(started[0].codec, RecordingCodec::h264);
 }
 
 // The control bar shows the elapsed time, and pause turns into resume.

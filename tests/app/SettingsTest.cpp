@@ -2,7 +2,7 @@
 // key at once, the running program follows (quick saves, shortcuts), and
 // values of the wrong type show the default instead of breaking anything.
 
-#include "capture/CapturePlatform.h"
+#include "capture/CapturePlatformLoader.h"
 #include "capture/GlobalShortcuts.h"
 #include "core/Settings.h"
 #include "editor/ShotEditorWindow.h"
@@ -16,7 +16,7 @@
 #include "shell/ShotStatusMenu.h"
 #include "settings/ShotSettingsBackup.h"
 #include "settings/ShotSettingsWindow.h"
-#include "shell/ShotGlobalShortcuts.h"
+#include "shortcuts/ShotGlobalShortcuts.h"
 #include "support/ArchiveFixtures.h"
 #include "support/EditorFixture.h"
 #include "support/FilebinServer.h"
@@ -73,7 +73,7 @@ protected:
                              std::function<void(const QString&)> changed = {})
     {
         m_settings = std::make_unique<ShotSettingsWindow>(ShotSettingsContext{
-            *m_preferences, shortcuts, QStringLiteral("/opt/Nubo Shot/bin/nuboshot"),
+            *m_preferences, *m_platform, shortcuts, QStringLiteral("/opt/Nubo Shot/bin/nuboshot"),
             std::move(changed), [this] { return m_capabilities; }});
         m_settings->showPage(page);
         activate(*m_settings);
@@ -94,6 +94,7 @@ protected:
     // A check box's box, not its middle (which may lie past a short label).
     void tick(QCheckBox* box) { click(box, QPoint(8, box->height() / 2)); }
 
+    std::unique_ptr<CapturePlatform> m_platform = CapturePlatformLoader::load();
     std::unique_ptr<ShotSettingsWindow> m_settings;
     std::unique_ptr<ShotGlobalShortcuts> m_shortcuts;
     RecordingCapabilities m_capabilities{true, true, false};

@@ -1,4 +1,4 @@
-#include "capture/CapturePlatform.h"
+#include "capture/CapturePlatformLoader.h"
 #include "support/Process.h"
 #include "support/QtPrinters.h"
 
@@ -78,7 +78,7 @@ TEST(CapturePlatformLoader, PicksTheBackendTheDesktopHasOrSaysWhyNone)
                 EXPECT_TRUE(f.windowCapture && f.regionStreams && f.globalShortcuts &&
                             f.autoScroll);
                 EXPECT_TRUE(f.recording);
-                EXPECT_TRUE(platform->makeRecorder());
+                EXPECT_TRUE(platform->makeFrameSource());
                 EXPECT_FALSE(platform->capturer()->displays().isEmpty());
                 EXPECT_TRUE(platform->regionStreaming());
                 EXPECT_TRUE(platform->scrollDriving());
@@ -128,7 +128,7 @@ TEST(CapturePlatformLoader, CommandsSayInOneLineWhyTheyCannotCapture)
 
 TEST(CapturePlatformLoader, GrabFailuresNameTheirRealCause)
 {
-    // The designed message stays first; the command line adds the cause.
+    // The capture message stays first; the command line adds the cause.
     QTemporaryDir dir;
     const QString out = dir.filePath(QStringLiteral("x.png"));
     struct Case {

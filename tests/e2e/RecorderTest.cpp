@@ -3,9 +3,9 @@
 // decoded with FFmpeg to see which paints it holds, in which order, at what
 // size and times.
 
-#include "capture/CapturePlatform.h"
+#include "capture/CapturePlatformLoader.h"
 #include "core/Settings.h"
-#include "recording/ScreenRecording.h"
+#include "recording/RecordingSession.h"
 #include "support/CameraStream.h"
 #include "support/MovieDecoder.h"
 #include "support/Process.h"
@@ -379,7 +379,7 @@ TEST_F(Recorder, EveryTransitionAndEveryRefusedRequest)
     const QPoint at = openCounter(QRect(100, 100, 320, 240));
     ASSERT_GE(at.x(), 0);
     const auto platform = CapturePlatformLoader::load();
-    std::unique_ptr<ScreenRecording> recorder = platform->makeRecorder();
+    std::unique_ptr<ScreenRecording> recorder = RecordingSession::forPlatform(*platform);
     ASSERT_TRUE(recorder);
     QList<RecordingState> seen;
     recorder->onStateChange = [&](const RecordingState& state) {

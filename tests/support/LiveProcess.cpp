@@ -44,6 +44,19 @@ void settle(int ms)
     }
 }
 
+bool settleUntil(const std::function<bool()>& condition, int timeoutMs)
+{
+    const QDeadlineTimer deadline(timeoutMs);
+    while (!condition()) {
+        if (deadline.hasExpired()) {
+            return false;
+        }
+        QCoreApplication::processEvents();
+        QThread::msleep(5);
+    }
+    return true;
+}
+
 void xdotool(const QStringList& arguments)
 {
     runServing(QStringLiteral("xdotool"), arguments);

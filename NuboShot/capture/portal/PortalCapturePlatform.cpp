@@ -29,4 +29,14 @@ std::shared_ptr<ScreenCapturing> PortalCapturePlatform::capturer()
     return m_capturer;
 }
 
+ScreenGrants PortalCapturePlatform::grants() const
+{
+    return {true, loadPortalGrants().size()};
+}
+
+void PortalCapturePlatform::forgetGrant()
+{
+    savePortalGrants({});
+}
+
 } // namespace nubo

@@ -21,6 +21,8 @@ public:
     std::shared_ptr<ScreenRegionStreaming> regionStreaming() override { return nullptr; }
     std::shared_ptr<ScrollDriving> scrollDriving() override { return nullptr; }
     std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override { return nullptr; }
+    ScreenGrants grants() const override;
+    void forgetGrant() override;
 
 private:
     std::shared_ptr<PortalScreenCapturer> m_capturer;

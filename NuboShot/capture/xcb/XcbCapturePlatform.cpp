@@ -4,7 +4,7 @@
 #include "capture/xcb/XcbGlobalShortcuts.h"
 #include "capture/xcb/XcbRegionStream.h"
 #include "capture/xcb/XcbScreenCapturer.h"
-#include "capture/xcb/XcbScreenRecorder.h"
+#include "capture/xcb/XcbScreenFrameSource.h"
 #include "capture/xcb/XcbScrollDriver.h"
 #include "core/Logging.h"
 
@@ -52,9 +52,9 @@ std::shared_ptr<ScrollDriving> XcbCapturePlatform::scrollDriving()
     return m_driving;
 }
 
-std::unique_ptr<ScreenRecording> XcbCapturePlatform::makeRecorder()
+std::unique_ptr<ScreenFrameSource> XcbCapturePlatform::makeFrameSource()
 {
-    return std::make_unique<XcbScreenRecorder>(m_displayName, m_scale);
+    return std::make_unique<XcbScreenFrameSource>(m_displayName, m_scale);
 }
 
 bool XcbCapturePlatform::holdScreenSaver(bool hold)

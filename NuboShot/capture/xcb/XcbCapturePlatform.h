@@ -26,7 +26,7 @@ public:
     std::shared_ptr<ScrollDriving> scrollDriving() override;
     std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override;
     std::optional<QString> clipboardOwner() override;
-    std::unique_ptr<ScreenRecording> makeRecorder() override;
+    std::unique_ptr<ScreenFrameSource> makeFrameSource() override;
     bool holdScreenSaver(bool hold) override;
 
 private:

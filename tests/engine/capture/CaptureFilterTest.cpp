@@ -1,4 +1,3 @@
-#include "capture/ShotScreenRecordingAccess.h"
 #include "capture/WindowCaptureFilter.h"
 #include "support/QtPrinters.h"
 
@@ -41,7 +40,6 @@ TEST(WindowCaptureFilter, KeepsOnlyWindowsAUserWouldPick)
         {"negative layer", [](auto& d) { d.window.layer = -1; }, false},
         {"layer 999", [](auto& d) { d.window.layer = 999; }, true},
         {"layer 1000", [](auto& d) { d.window.layer = 1000; }, false},
-        {"server layer out of range", [](auto& d) { d.cgLayer = 2000; }, false},
         {"dock type", [](auto& d) { d.windowTypes = {"dock"}; }, false},
         {"desktop type", [](auto& d) { d.windowTypes = {"desktop"}; }, false},
         {"menu types", [](auto& d) { d.windowTypes = {"dropdown_menu"}; }, false},
@@ -115,61 +113,6 @@ TEST(WindowCaptureFraming, DisplayWhenOneHoldsTheWindowFreeOtherwise)
     for (const Case& c : cases) {
         EXPECT_EQ(WindowCaptureFraming::pixelSize(c.size, c.scale), c.expected);
     }
-}
-
-TEST(ShotScreenRecordingAccess, DecidesFromItsInputsInOrder)
-{
-    struct Case {
-        bool preflight, live, probeSucceeds, liveAfterProbe;
-        ShotScreenRecordingAccess::Status status;
-        bool verified;
-        int probes;
-    };
-    using S = ShotScreenRecordingAccess::Status;
-    const Case cases[] = {
-        {true, false, false, false, S::granted, false, 0},
-        {false, false, true, true, S::missing, false, 0},
-        {false, true, true, true, S::granted, true, 1},
-        {false, true, true, false, S::missing, false, 1},
-        {false, true, false, true, S::restartRequired, false, 1},
-    };
-    for (const Case& c : cases) {
-        ShotScreenRecordingAccess access({});
-        access.verifiedLiveGrant = true;
-        int probes = 0, liveCalls = 0;
-        access.cgPreflight = [&] {
-            return c.preflight;
-        };
-        access.liveGrant = [&] {
-            return liveCalls++ == 0 ? c.live : c.liveAfterProbe;
-        };
-        access.probe = [&] {
-            ++probes;
-            if (!c.probeSucceeds) {
-                throw CaptureError(CaptureError::Code::noContent);
-            }
-        };
-        EXPECT_EQ(access.status(), c.status);
-        EXPECT_EQ(probes, c.probes);
-        if (!c.preflight) {
-            EXPECT_EQ(access.verifiedLiveGrant, c.verified);
-        }
-    }
-}
-
-TEST(CaptureError, MessagesAndModes)
-{
-    EXPECT_EQ(CaptureError(CaptureError::Code::permissionDenied).message(),
-              QStringLiteral("Screen Recording permission is required."));
-    EXPECT_EQ(CaptureError(CaptureError::Code::cancelled).message(),
-              QStringLiteral("Capture was cancelled."));
-    EXPECT_EQ(CaptureError(CaptureError::Code::noContent).message(),
-              QStringLiteral("No screen content is available."));
-    QStringList modes;
-    for (const CaptureMode mode : allCases<CaptureMode>()) {
-        modes << toString(mode);
-    }
-    EXPECT_EQ(modes.join(u','), QStringLiteral("area,window,fullscreen,scrolling"));
 }
 
 } // namespace

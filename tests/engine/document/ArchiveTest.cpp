@@ -110,7 +110,7 @@ TEST_F(Archive, WritesTheDocumentedLayout)
     EXPECT_LT(text.indexOf("\"canvasBounds\""), text.indexOf("\"layers\""));
     EXPECT_LT(text.indexOf("\"layers\""), text.indexOf("\"version\""));
 
-    // Annotation kinds as one key naming the case, payloads as designed.
+    // Annotation kinds as one key naming the case, payloads under their field names.
     const QJsonArray annotations = manifest.value(QStringLiteral("annotations")).toArray();
     const auto kind = [&](int i) {
         return annotations[i].toObject().value(QStringLiteral("kind")).toObject();

@@ -1,4 +1,4 @@
-#include "export/DeflateSplice.h"
+#include "codec/DeflateSplice.h"
 
 #include <QRandomGenerator>
 

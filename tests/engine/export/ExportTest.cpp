@@ -1,6 +1,6 @@
 #include "core/Settings.h"
 #include "export/ImageWriter.h"
-#include "document/PngEncoder.h"
+#include "codec/PngEncoder.h"
 #include "export/ShotExporter.h"
 #include "export/ShotFileName.h"
 #include "export/ShotQuickSave.h"

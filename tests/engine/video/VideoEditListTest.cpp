@@ -33,7 +33,7 @@ TEST(VideoTime, IsExactAndParsesDecimals)
     EXPECT_EQ(VideoTime::ofTicks(7680, 1, 15360), VideoTime(1, 2));
 }
 
-// The movie of the design's example: 0–10 s with 2–3 s and 5–6 s cut.
+// A 10 s movie with 2–3 s and 5–6 s cut.
 VideoEditList example()
 {
     VideoEditList list = VideoEditList::opened("movie.mp4", s(10));

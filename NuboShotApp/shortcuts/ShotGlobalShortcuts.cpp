@@ -1,8 +1,7 @@
-#include "shell/ShotGlobalShortcuts.h"
+#include "shortcuts/ShotGlobalShortcuts.h"
 
 #include "capture/GlobalShortcuts.h"
 #include "core/Settings.h"
-#include "shell/ShotStatusMenu.h"
 
 namespace nubo {
 
@@ -17,8 +16,15 @@ QStringList ShotGlobalShortcuts::actions()
 
 QString ShotGlobalShortcuts::title(const QString& action)
 {
-    if (const auto mode = fromString<CaptureMode>(action)) {
-        return ShotStatusMenu::captureTitle(*mode);
+    switch (fromString<CaptureMode>(action).value_or(CaptureMode(-1))) {
+    case CaptureMode::area:
+        return QStringLiteral("Capture Area");
+    case CaptureMode::window:
+        return QStringLiteral("Capture Window");
+    case CaptureMode::fullscreen:
+        return QStringLiteral("Capture Fullscreen");
+    case CaptureMode::scrolling:
+        return QStringLiteral("Capture Scrolling");
     }
     return QStringLiteral("Record Screen");
 }

@@ -1,9 +1,9 @@
-#include "review/ShotVideoPlayer.h"
+#include "video/VideoPlayer.h"
 
 #include "core/Logging.h"
 
-#include <pulse/error.h>
-#include <pulse/simple.h>
+#include "media/SoundOutput.h"
+
 #include <pthread.h>
 
 #include <condition_variable>
@@ -14,7 +14,7 @@
 namespace nubo {
 
 // The picture worker: decodes the newest time asked for.
-struct ShotVideoPlayer::Pictures {
+struct VideoPlayer::Pictures {
     explicit Pictures(const QString& file) : reader(file) {}
 
     VideoFrameReader reader;
@@ -27,7 +27,7 @@ struct ShotVideoPlayer::Pictures {
 };
 
 // The sound worker: 10 ms at a time to the audio server while playing.
-struct ShotVideoPlayer::Sound {
+struct VideoPlayer::Sound {
     explicit Sound(const QString& file) : reader(file) {}
 
     VideoSoundReader reader;
@@ -42,15 +42,7 @@ struct ShotVideoPlayer::Sound {
     void run()
     {
         pthread_setname_np(pthread_self(), "nubo.review-snd");
-        pa_sample_spec format{PA_SAMPLE_S16LE, 48000, 2};
-        pa_buffer_attr buffer{};
-        buffer.maxlength = uint32_t(-1);
-        buffer.tlength = uint32_t(pa_usec_to_bytes(80'000, &format));
-        buffer.prebuf = uint32_t(-1);
-        buffer.minreq = uint32_t(-1);
-        buffer.fragsize = uint32_t(-1);
-        int error = 0;
-        pa_simple* stream = nullptr;
+        SoundOutput output(QStringLiteral("Recording review"));
         while (true) {
             std::unique_lock lock(mutex);
             wake.wait(lock, [&] { return stopping || (playing && reader.hasSound()); });
@@ -60,22 +52,10 @@ struct ShotVideoPlayer::Sound {
             if (seekTo) {
                 reader.seek(*seekTo);
                 seekTo.reset();
-                if (stream) {
-                    pa_simple_flush(stream, nullptr);
-                }
+                output.flush();
             }
             const VideoEditList edits = list;
             lock.unlock();
-            if (!stream) {
-                stream = pa_simple_new(nullptr, "Nubo Shot", PA_STREAM_PLAYBACK, nullptr, "Recording review", &format,
-                                       nullptr, &buffer, &error);
-                if (!stream) {
-                    qCWarning(lcVideoEdit, "The review plays without sound: %s", pa_strerror(error));
-                    const std::lock_guard again(mutex);
-                    playing = false;
-                    continue;
-                }
-            }
             VideoTime start;
             std::vector<int16_t> samples = reader.read(480, &start);
             if (samples.empty()) {
@@ -95,19 +75,19 @@ struct ShotVideoPlayer::Sound {
                 }
                 continue;
             }
-            if (pa_simple_write(stream, samples.data(), samples.size() * sizeof(int16_t), &error) < 0) {
-                qCWarning(lcVideoEdit, "Sound playback stopped: %s", pa_strerror(error));
-                pa_simple_free(stream);
-                stream = nullptr;
+            // A server that went away is connected to once more.
+            if (!output.write(samples.data(), samples.size()) &&
+                !output.write(samples.data(), samples.size())) {
+                qCWarning(lcVideoEdit, "The review plays without sound: %s",
+                          qPrintable(output.problem()));
+                const std::lock_guard again(mutex);
+                playing = false;
             }
-        }
-        if (stream) {
-            pa_simple_free(stream);
         }
     }
 };
 
-ShotVideoPlayer::ShotVideoPlayer(const QString& file, QObject* parent) : QObject(parent)
+VideoPlayer::VideoPlayer(const QString& file, QObject* parent) : QObject(parent)
 {
     m_pictures = std::make_unique<Pictures>(file);
     m_info = m_pictures->reader.info();
@@ -144,11 +124,11 @@ ShotVideoPlayer::ShotVideoPlayer(const QString& file, QObject* parent) : QObject
     });
     m_ticker.setInterval(8);
     m_ticker.setTimerType(Qt::PreciseTimer);
-    connect(&m_ticker, &QTimer::timeout, this, &ShotVideoPlayer::tick);
+    connect(&m_ticker, &QTimer::timeout, this, &VideoPlayer::tick);
     request(VideoTime());
 }
 
-ShotVideoPlayer::~ShotVideoPlayer()
+VideoPlayer::~VideoPlayer()
 {
     {
         const std::lock_guard lock(m_pictures->mutex);
@@ -166,7 +146,7 @@ ShotVideoPlayer::~ShotVideoPlayer()
     }
 }
 
-void ShotVideoPlayer::setEdits(const VideoEditList& list)
+void VideoPlayer::setEdits(const VideoEditList& list)
 {
     m_list = list;
     if (m_sound) {
@@ -175,7 +155,7 @@ void ShotVideoPlayer::setEdits(const VideoEditList& list)
     }
 }
 
-void ShotVideoPlayer::setDisplaySize(QSize size)
+void VideoPlayer::setDisplaySize(QSize size)
 {
     {
         const std::lock_guard lock(m_pictures->mutex);
@@ -188,7 +168,7 @@ void ShotVideoPlayer::setDisplaySize(QSize size)
     request(m_position);
 }
 
-void ShotVideoPlayer::request(VideoTime time)
+void VideoPlayer::request(VideoTime time)
 {
     {
         const std::lock_guard lock(m_pictures->mutex);
@@ -197,7 +177,7 @@ void ShotVideoPlayer::request(VideoTime time)
     m_pictures->wake.notify_one();
 }
 
-void ShotVideoPlayer::delivered(const QImage& picture, VideoTime time, VideoTime duration)
+void VideoPlayer::delivered(const QImage& picture, VideoTime time, VideoTime duration)
 {
     m_shownTime = time;
     m_shownEnd = time + duration;
@@ -205,7 +185,7 @@ void ShotVideoPlayer::delivered(const QImage& picture, VideoTime time, VideoTime
     emit frameShown(picture, time);
 }
 
-void ShotVideoPlayer::seek(VideoTime source)
+void VideoPlayer::seek(VideoTime source)
 {
     m_position = std::clamp(source, VideoTime(), m_info.duration);
     if (m_sound) {
@@ -216,7 +196,7 @@ void ShotVideoPlayer::seek(VideoTime source)
     emit positionChanged(m_position);
 }
 
-void ShotVideoPlayer::play()
+void VideoPlayer::play()
 {
     if (m_playing) {
         return;
@@ -244,7 +224,7 @@ void ShotVideoPlayer::play()
     emit playingChanged(true);
 }
 
-void ShotVideoPlayer::pause()
+void VideoPlayer::pause()
 {
     if (!m_playing) {
         return;
@@ -259,12 +239,12 @@ void ShotVideoPlayer::pause()
     emit playingChanged(false);
 }
 
-void ShotVideoPlayer::toggle()
+void VideoPlayer::toggle()
 {
     m_playing ? pause() : play();
 }
 
-void ShotVideoPlayer::step(int frames)
+void VideoPlayer::step(int frames)
 {
     pause();
     VideoTime target = m_position;
@@ -284,7 +264,7 @@ void ShotVideoPlayer::step(int frames)
     seek(std::min(target, m_info.duration - m_info.frameDuration));
 }
 
-void ShotVideoPlayer::tick()
+void VideoPlayer::tick()
 {
     const qint64 now = m_clock.nsecsElapsed() / 1000;
     m_position += VideoTime(now - m_lastTick, 1'000'000);

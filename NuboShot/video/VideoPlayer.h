@@ -17,12 +17,12 @@ namespace nubo {
 // thread (only the newest request counts, so scrubbing never queues up),
 // the sound to the audio server on another, removed stretches jumped over
 // by the next-playable rule.
-class ShotVideoPlayer : public QObject {
+class VideoPlayer : public QObject {
     Q_OBJECT
 public:
     // Throws VideoEditError when the recording cannot be read.
-    explicit ShotVideoPlayer(const QString& file, QObject* parent = nullptr);
-    ~ShotVideoPlayer() override;
+    explicit VideoPlayer(const QString& file, QObject* parent = nullptr);
+    ~VideoPlayer() override;
 
     const VideoSourceInfo& info() const { return m_info; }
     void setEdits(const VideoEditList& list);

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "capture/xcb/XcbScreenCapturer.h"
+#include "capture/ScreenFrameSource.h"
 #include "recording/ScreenRecording.h"
 
 #include <QElapsedTimer>
-#include <QStringList>
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 
 #include <atomic>
@@ -16,21 +16,26 @@
 
 namespace nubo {
 
+class CapturePlatform;
 class PulseAudioCapture;
 class RecordingWriter;
 struct RecordingAudioInput;
 
-// Screen recording on X11: a thread of its own takes the target's pixels at
-// the frame rate (through the still capturer, so our own windows never show
-// and a window is recorded from its own pixels) only when something changed
-// (XDamage) or the pointer moved, draws the pointer in (XFixes), and hands
-// each frame to the writer, timed by its capture time. System audio and the
-// microphone come from the audio server's thread straight to the writer,
-// timed on the same clock.
-class XcbScreenRecorder : public ScreenRecording {
+// One recording, whatever the window system: the state machine on the main
+// thread, and a capture thread of its own ("recording") that looks at the
+// frame source at the frame rate, takes a picture only when something changed
+// (or the pointer moved, or a click ring is growing), draws the pointer and
+// the rings in and hands the picture to the writer, timed by its capture
+// time. System audio and the microphone come from the audio server's thread
+// straight to the writer, timed on the same clock. Stop finishes the writer
+// on the capture thread and reports back with a queued call.
+class RecordingSession : public ScreenRecording {
 public:
-    XcbScreenRecorder(QByteArray displayName, XcbScreenCapturer::ScaleLookup scale);
-    ~XcbScreenRecorder() override;
+    explicit RecordingSession(std::unique_ptr<ScreenFrameSource> source);
+    ~RecordingSession() override;
+
+    // A session over the platform's frame source; null when it cannot record.
+    static std::unique_ptr<RecordingSession> forPlatform(CapturePlatform& platform);
 
     RecordingState state() const override { return m_state; }
     RecordingCapabilities capabilities() override;
@@ -43,14 +48,15 @@ public:
     float takeMicrophoneLevel() override { return m_microphoneLevel.exchange(0); }
     void setCameraOverlay(std::optional<CameraOverlay> camera) override { m_camera = std::move(camera); }
 
-    // Frames the capture thread took, and frames it found nothing new for.
+    // Frames the capture thread took, and ticks it found nothing new for.
     qint64 framesCaptured() const { return m_captured; }
     qint64 ticksWithoutChange() const { return m_unchanged; }
 
 private:
-    struct Plan; // what the capture thread records, fixed at start
     void setState(RecordingState state);
-    void run(std::shared_ptr<Plan> plan, int generation);
+    void startAudio(const RecordingOptions& options);
+    void run(int generation, bool showsCursor);
+    void capture(int generation, bool showsCursor, std::optional<RecordingDuration>& end);
     void joinCapture();
     // Keeps the loudest sample for the level meter (float, interleaved).
     void noteMicrophoneLevel(const RecordingAudioInput& input);
@@ -58,8 +64,7 @@ private:
     RecordingDuration now() const;
     RecordingDuration elapsed() const;
 
-    QByteArray m_displayName;
-    XcbScreenCapturer::ScaleLookup m_scale;
+    std::unique_ptr<ScreenFrameSource> m_source;
     RecordingState m_state;
     int m_generation = 0;
     QObject m_context; // queued reports from the capture thread land here
@@ -71,6 +76,7 @@ private:
     std::condition_variable m_wake;
     bool m_stopRequested = false;
     bool m_cancelRequested = false;
+    int m_framesPerSecond = 30;
     std::unique_ptr<RecordingWriter> m_writer;
     std::unique_ptr<PulseAudioCapture> m_audio;
     QStringList m_audioNotes; // sources that ended early, and why

@@ -1,4 +1,4 @@
-#include "capture/CapturePlatform.h"
+#include "capture/CapturePlatformLoader.h"
 
 #include "capture/portal/PortalCapturePlatform.h"
 #include "capture/xcb/XcbCapturePlatform.h"

@@ -1,6 +1,6 @@
-#include "document/PngEncoder.h"
+#include "codec/PngEncoder.h"
 
-#include "export/DeflateSplice.h"
+#include "codec/DeflateSplice.h"
 
 #include <QtEndian>
 
