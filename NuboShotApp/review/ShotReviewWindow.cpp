@@ -74,7 +74,31 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 8);
     layout->setSpacing(6);
+    layout->addLayout(makeTools());
+    m_canvas = new ShotReviewCanvas(m_info.size, this);
+    layout->addWidget(m_canvas, 1);
+    m_timeline = new ShotReviewTimeline(m_info.duration, this);
+    layout->addWidget(m_timeline);
+    layout->addLayout(makeBottomBar());
+    connectButtons();
+    connectPlayer();
+    connectEdits();
+    // As large as a comfortable review, never larger than the screen.
+    QSize size(960, 680);
+    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
+        size = size.boundedTo(screen->availableSize() * 0.92);
+    }
+    resize(size);
+    applied();
+    loadThumbnails();
+    qCInfo(lcVideoEdit, "Review of %s opened (%dx%d, %s)", qPrintable(m_recording), m_info.size.width(),
+           m_info.size.height(), qPrintable(m_info.duration.text()));
+}
 
+// The tools over the picture: play, split, remove, blur, crop, mute; undo,
+// redo and the export quality.
+QLayout* ShotReviewWindow::makeTools()
+{
     // Tools over the picture.
     auto* tools = new QHBoxLayout;
     tools->setContentsMargins(10, 6, 10, 0);
@@ -119,14 +143,15 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
     tools->addWidget(m_undo);
     tools->addWidget(m_redo);
     tools->addWidget(m_quality);
-    layout->addLayout(tools);
 
-    m_canvas = new ShotReviewCanvas(m_info.size, this);
-    layout->addWidget(m_canvas, 1);
-    m_timeline = new ShotReviewTimeline(m_info.duration, this);
-    layout->addWidget(m_timeline);
+    connect(splitButton, &QToolButton::clicked, this, &ShotReviewWindow::split);
+    connect(removeButton, &QToolButton::clicked, this, &ShotReviewWindow::removeSegment);
+    return tools;
+}
 
-    // The bottom bar: time, estimate, status or progress, the outputs.
+// The bottom bar: time, estimate, status or progress, the outputs.
+QLayout* ShotReviewWindow::makeBottomBar()
+{
     auto* bottom = new QHBoxLayout;
     bottom->setContentsMargins(12, 0, 12, 0);
     m_time = new QLabel(this);
@@ -165,11 +190,13 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
     bottom->addWidget(m_copy);
     bottom->addWidget(m_saveAs);
     bottom->addWidget(m_export);
-    layout->addLayout(bottom);
 
+    return bottom;
+}
+
+void ShotReviewWindow::connectButtons()
+{
     connect(m_play, &QToolButton::clicked, m_player.get(), &VideoPlayer::toggle);
-    connect(splitButton, &QToolButton::clicked, this, &ShotReviewWindow::split);
-    connect(removeButton, &QToolButton::clicked, this, &ShotReviewWindow::removeSegment);
     connect(m_blurMode, &QToolButton::clicked, this, [this](bool on) { setMode(on ? 1 : 0); });
     connect(m_cropMode, &QToolButton::clicked, this, [this](bool on) { setMode(on ? 2 : 0); });
     connect(m_mute, &QToolButton::clicked, this, [this](bool on) {
@@ -188,7 +215,11 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
             m_session->cancel();
         }
     });
+}
 
+// What the player shows reaches the canvas, the timeline and the labels.
+void ShotReviewWindow::connectPlayer()
+{
     connect(m_player.get(), &VideoPlayer::frameShown, m_canvas, &ShotReviewCanvas::setFrame);
     connect(m_player.get(), &VideoPlayer::positionChanged, this, [this](VideoTime position) {
         m_timeline->setPosition(position);
@@ -201,6 +232,11 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
         m_player->pause();
         m_player->seek(t);
     });
+}
+
+// Drags and drawings on the timeline and the canvas become edits.
+void ShotReviewWindow::connectEdits()
+{
     connect(m_timeline, &ShotReviewTimeline::inPointDragged, this, [this](VideoTime t, bool finished) {
         VideoEditList next = m_history.current;
         next.setInPoint(t, m_info.duration, m_info.frameDuration);
@@ -248,17 +284,6 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
         next.setCrop(rect);
         commit(next, finished);
     });
-
-    // As large as a comfortable review, never larger than the screen.
-    QSize size(960, 680);
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        size = size.boundedTo(screen->availableSize() * 0.92);
-    }
-    resize(size);
-    applied();
-    loadThumbnails();
-    qCInfo(lcVideoEdit, "Review of %s opened (%dx%d, %s)", qPrintable(m_recording), m_info.size.width(),
-           m_info.size.height(), qPrintable(m_info.duration.text()));
 }
 
 ShotReviewWindow::~ShotReviewWindow()

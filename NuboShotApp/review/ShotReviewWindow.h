@@ -9,6 +9,7 @@
 #include <optional>
 
 class QLabel;
+class QLayout;
 class QProgressBar;
 class QPushButton;
 class QToolButton;
@@ -53,6 +54,13 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    // The steps of the constructor, in order.
+    QLayout* makeTools();
+    QLayout* makeBottomBar();
+    void connectButtons();
+    void connectPlayer();
+    void connectEdits();
+
     void commit(const VideoEditList& next, bool finished = true);
     void applied();
     void undo();

@@ -93,7 +93,6 @@ TEST_F(Recorder, AnAreaHoldsEveryPaintItCaughtInOrderAtItsEvenSize)
 {
     const QPoint at = openCounter(QRect(200, 150, 1001, 701));
     ASSERT_GE(at.x(), 0);
-    QThread::msleep(300);
     const QString area = QStringLiteral("%1,%2,1001,701").arg(at.x()).arg(at.y());
     ASSERT_TRUE(startRecording({"area", area, "--duration", "3", "--no-cursor"})) << m_log.toStdString();
     const QString file = finished();
@@ -118,7 +117,6 @@ TEST_F(Recorder, APauseLeavesNoGapAndNothingPaintedDuringIt)
 {
     const QPoint at = openCounter(QRect(100, 100, 400, 300));
     ASSERT_GE(at.x(), 0);
-    QThread::msleep(300);
     ASSERT_TRUE(startRecording({"area", QStringLiteral("%1,%2,400,300").arg(at.x()).arg(at.y()),
                                 "--no-cursor"}));
     QThread::msleep(1000);
@@ -148,7 +146,6 @@ TEST_F(Recorder, AStillScreenCostsAlmostNoFramesAndStillLastsTheWholeTime)
 {
     const QPoint at = openCounter(QRect(300, 300, 300, 200), true);
     ASSERT_GE(at.x(), 0);
-    QThread::msleep(300);
     ASSERT_TRUE(startRecording({"area", QStringLiteral("%1,%2,300,200").arg(at.x()).arg(at.y()),
                                 "--duration", "2", "--no-cursor"}));
     const QString file = finished();
@@ -178,7 +175,6 @@ TEST_F(Recorder, TheCameraBubbleSitsWhereItWasPutAndMovesOnAStillScreen)
     }
     const QPoint at = openCounter(QRect(300, 200, 640, 480), true);
     ASSERT_GE(at.x(), 0);
-    QThread::msleep(300);
     ASSERT_TRUE(startRecording({"area", QStringLiteral("%1,%2,640,480").arg(at.x()).arg(at.y()),
                                 "--duration", "3", "--no-cursor", "--camera", "-o",
                                 m_dir.filePath(QStringLiteral("movies"))}))
@@ -238,7 +234,6 @@ TEST_F(Recorder, AKilledRecordingLeavesAPlayableMovieThatTheNextStartRecovers)
 {
     const QPoint at = openCounter(QRect(100, 100, 320, 240));
     ASSERT_GE(at.x(), 0);
-    QThread::msleep(300);
     ASSERT_TRUE(startRecording({"area", QStringLiteral("%1,%2,320,240").arg(at.x()).arg(at.y()),
                                 "--no-cursor"}));
     QThread::msleep(5000);
@@ -274,7 +269,6 @@ TEST_F(Recorder, AWindowIsRecordedFromItsOwnPixelsEvenWhenCovered)
 {
     const QPoint at = openCounter(QRect(200, 200, 400, 300));
     ASSERT_GE(at.x(), 0);
-    QThread::msleep(300);
     ASSERT_TRUE(startRecording({"window", m_windowID, "--duration", "2", "--no-cursor"}));
     QThread::msleep(500);
     QProcess cover; // a window over it, and back again
@@ -346,7 +340,6 @@ TEST_F(Recorder, ClicksAreHighlightedWhenAsked)
 {
     const QPoint at = openCounter(QRect(300, 300, 400, 300), true);
     ASSERT_GE(at.x(), 0);
-    QThread::msleep(300);
     ASSERT_TRUE(startRecording({"area", QStringLiteral("%1,%2,400,300").arg(at.x()).arg(at.y()),
                                 "--duration", "2", "--highlight-clicks"}));
     const QPoint click = at + QPoint(200, 180);

@@ -158,9 +158,11 @@ TEST_F(RecordingFlow, AFramedAreaCountsDownPausesAndEndsInAMovieOfItsSize)
     saveArtifact(screen(), QStringLiteral("recording-overlay.png"));
     run(QStringLiteral("xdotool"), {"mouseup", "1"});
     ASSERT_TRUE(waitForLog(QStringLiteral("Recording options shown"))) << m_log.toStdString();
-    QThread::msleep(400);
-    const QRect options = shownWindowGeometry(QStringLiteral("^Nubo Shot Recording Options$"));
-    EXPECT_FALSE(options.isEmpty());
+    QRect options;
+    EXPECT_TRUE(waitUntil([&] {
+        options = shownWindowGeometry(QStringLiteral("^Nubo Shot Recording Options$"));
+        return !options.isEmpty();
+    }));
     EXPECT_FALSE(options.intersects(QRect(200, 150, 640, 360))) << "the options cover the area";
     saveArtifact(screen(), QStringLiteral("recording-options.png"));
 
@@ -172,10 +174,12 @@ TEST_F(RecordingFlow, AFramedAreaCountsDownPausesAndEndsInAMovieOfItsSize)
     ASSERT_TRUE(waitForLog(QStringLiteral("Recording control bar shown"), 6000));
     QElapsedTimer running;
     running.start();
-    QThread::msleep(500);
+    QRect bar;
+    ASSERT_TRUE(waitUntil([&] {
+        bar = shownWindowGeometry(QStringLiteral("^Nubo Shot Recording$"));
+        return !bar.isEmpty();
+    })) << "no control bar";
     saveArtifact(screen(), QStringLiteral("recording-control-bar.png"));
-    const QRect bar = shownWindowGeometry(QStringLiteral("^Nubo Shot Recording$"));
-    ASSERT_FALSE(bar.isEmpty()) << "no control bar";
     EXPECT_FALSE(bar.intersects(QRect(200, 150, 640, 360))) << "the control bar is in the area";
     QThread::msleep(2000);
     EXPECT_FALSE(screenSaverActive()) << "the screen saver started while recording";
@@ -193,8 +197,8 @@ TEST_F(RecordingFlow, AFramedAreaCountsDownPausesAndEndsInAMovieOfItsSize)
     ASSERT_FALSE(movie.isEmpty()) << m_log.toStdString();
     EXPECT_TRUE(movie.startsWith(m_folder.path()));
     EXPECT_TRUE(waitForLog(QStringLiteral("Screen saver released")));
-    QThread::msleep(3000);
-    EXPECT_TRUE(screenSaverActive()) << "the screen saver stayed held after the recording";
+    EXPECT_TRUE(waitUntil([&] { return screenSaverActive(); }, 8000))
+        << "the screen saver stayed held after the recording";
 
     const test::DecodedMovie decoded = test::decodeMovie(movie, false);
     ASSERT_TRUE(decoded.opened) << decoded.error.toStdString();

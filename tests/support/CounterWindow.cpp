@@ -4,7 +4,8 @@
 //
 //   test-counter-window --at WxH+X+Y [--still]
 //
-// Prints "ready X Y" once shown. With --still it paints once and stays.
+// Prints "ready X Y ID" once its first picture is on the screen. With
+// --still it paints once and stays.
 
 #include <QApplication>
 #include <QPainter>
@@ -40,7 +41,15 @@ protected:
             p.fillRect(16 + bit * block, 16, block, block,
                        m_counter >> bit & 1 ? Qt::white : Qt::black);
         }
-        ++m_counter;
+        if (m_counter++ == 0) {
+            // Told once the painted picture has gone to the server.
+            QTimer::singleShot(0, this, [this] {
+                const QPoint p = mapToGlobal(QPoint(0, 0));
+                std::printf("ready %d %d %llu\n", p.x(), p.y(),
+                            static_cast<unsigned long long>(winId()));
+                std::fflush(stdout);
+            });
+        }
     }
 
 private:
@@ -66,10 +75,5 @@ int main(int argc, char** argv)
     window.setFixedSize(geometry.captured(1).toInt(), geometry.captured(2).toInt());
     window.move(geometry.captured(3).toInt(), geometry.captured(4).toInt());
     window.show();
-    QTimer::singleShot(300, &window, [&window] {
-        const QPoint p = window.mapToGlobal(QPoint(0, 0));
-        std::printf("ready %d %d %llu\n", p.x(), p.y(), static_cast<unsigned long long>(window.winId()));
-        std::fflush(stdout);
-    });
     return app.exec();
 }
