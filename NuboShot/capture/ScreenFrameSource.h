@@ -42,6 +42,14 @@ struct ScreenFrameClick {
     RecordingDuration time{0};
 };
 
+// One picture of the target: the pixels in the window system's own 32-bit
+// layout (the image's format and stride say which) and when they were taken,
+// on the request's clock.
+struct ScreenFrame {
+    QImage image;
+    RecordingDuration captured{0};
+};
+
 // What happened on the target since the last look.
 struct ScreenFrameChanges {
     bool damaged = false; // pixels were drawn: a new capture() differs
@@ -68,11 +76,9 @@ public:
     // On the capture thread from here on.
     virtual void start() = 0;
     virtual ScreenFrameChanges look() = 0;
-    // The target's pixels now, in the window system's own 32-bit layout
-    // (the image's format and stride say which). The picture may share
-    // memory with the source: it stays valid until the next capture() or
-    // stop().
-    virtual QImage capture() = 0;
+    // The target's newest pixels. The picture may share memory with the
+    // source: it stays valid until the next capture() or stop().
+    virtual ScreenFrame capture() = 0;
     // Lets go of the window system; after the last picture was written.
     virtual void stop() = 0;
 };

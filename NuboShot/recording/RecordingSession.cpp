@@ -239,18 +239,17 @@ void RecordingSession::capture(int generation, bool showsCursor,
         if (std::optional<RecordingError> audio = m_writer->audioFailure()) {
             throw *audio;
         }
-        const RecordingDuration captured = now();
-        QImage frame = m_source->capture();
+        ScreenFrame frame = m_source->capture();
         if (seen.cursor || !clicks.isEmpty()) {
-            QPainter painter(&frame);
+            QPainter painter(&frame.image);
             painter.setRenderHint(QPainter::Antialiasing);
-            drawClickRings(painter, clicks, captured);
+            drawClickRings(painter, clicks, frame.captured);
             if (seen.cursor) {
                 painter.drawImage(seen.cursor->topLeft, seen.cursor->image);
             }
         }
         const std::lock_guard lock(m_mutex);
-        if (m_writer->appendVideo(frame, captured) && m_captured++ == 0) {
+        if (m_writer->appendVideo(frame.image, frame.captured) && m_captured++ == 0) {
             QMetaObject::invokeMethod(
                 &m_context,
                 [this, generation] {

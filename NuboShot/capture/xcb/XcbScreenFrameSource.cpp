@@ -245,10 +245,11 @@ ScreenFrameChanges XcbScreenFrameSource::look()
     return changes;
 }
 
-QImage XcbScreenFrameSource::capture()
+ScreenFrame XcbScreenFrameSource::capture()
 {
+    const RecordingDuration captured = m_request.clock();
     if (m_window) {
-        return m_capturer->captureWindow(m_windowID).image;
+        return {m_capturer->captureWindow(m_windowID).image, captured};
     }
     // Our own windows (the control bar, the camera preview) are painted away
     // where the stacking says they are; one that appeared or moved during
@@ -264,7 +265,7 @@ QImage XcbScreenFrameSource::capture()
         frame = m_capturer->captureRegion(m_display, m_region);
     }
     m_pendingClicks.append(clicks);
-    return frame;
+    return {frame, captured};
 }
 
 void XcbScreenFrameSource::stop()

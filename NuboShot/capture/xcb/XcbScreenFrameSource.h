@@ -21,7 +21,7 @@ public:
     ScreenFrameGeometry open(const ScreenFrameRequest& request) override;
     void start() override;
     ScreenFrameChanges look() override;
-    QImage capture() override;
+    ScreenFrame capture() override;
     void stop() override;
 
 private:
