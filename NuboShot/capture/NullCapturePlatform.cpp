@@ -25,7 +25,6 @@ private:
 
 NullCapturePlatform::NullCapturePlatform(QString problem)
     : m_problem(std::move(problem)), m_capturer(std::make_shared<NullScreenCapturing>(m_problem))
-{
-}
+{}
 
 } // namespace nubo

@@ -72,7 +72,9 @@ std::vector<QByteArray> annexBUnits(const uint8_t* data, int size)
 
 int readUe(const QByteArray& unit, int bit)
 {
-    auto bitAt = [&](int b) { return b / 8 < unit.size() ? (uint8_t(unit[b / 8]) >> (7 - b % 8)) & 1 : 1; };
+    auto bitAt = [&](int b) {
+        return b / 8 < unit.size() ? (uint8_t(unit[b / 8]) >> (7 - b % 8)) & 1 : 1;
+    };
     int zeros = 0;
     while (bitAt(bit) == 0 && zeros < 31) {
         ++zeros;

@@ -28,7 +28,13 @@ std::vector<QByteArray> annexBUnits(const uint8_t* data, int size);
 // An unsigned Exp-Golomb number from bit `bit` of the unit on.
 int readUe(const QByteArray& unit, int bit);
 // The id a sequence or picture parameter set (with its NAL header) gives itself.
-inline int spsId(const QByteArray& sps) { return readUe(sps, 32); }
-inline int ppsId(const QByteArray& pps) { return readUe(pps, 8); }
+inline int spsId(const QByteArray& sps)
+{
+    return readUe(sps, 32);
+}
+inline int ppsId(const QByteArray& pps)
+{
+    return readUe(pps, 8);
+}
 
 } // namespace nubo::media::h264

@@ -17,14 +17,30 @@ extern "C" {
 
 namespace nubo::media {
 
-struct FreeFrame { void operator()(AVFrame* f) const { av_frame_free(&f); } };
-struct FreePacket { void operator()(AVPacket* p) const { av_packet_free(&p); } };
-struct FreeCodec { void operator()(AVCodecContext* c) const { avcodec_free_context(&c); } };
-struct FreeScaler { void operator()(SwsContext* s) const { sws_freeContext(s); } };
-struct FreeResampler { void operator()(SwrContext* s) const { swr_free(&s); } };
-struct FreeAudioFifo { void operator()(AVAudioFifo* f) const { av_audio_fifo_free(f); } };
-struct UnrefBuffer { void operator()(AVBufferRef* b) const { av_buffer_unref(&b); } };
-struct CloseInput { void operator()(AVFormatContext* f) const { avformat_close_input(&f); } };
+struct FreeFrame {
+    void operator()(AVFrame* f) const { av_frame_free(&f); }
+};
+struct FreePacket {
+    void operator()(AVPacket* p) const { av_packet_free(&p); }
+};
+struct FreeCodec {
+    void operator()(AVCodecContext* c) const { avcodec_free_context(&c); }
+};
+struct FreeScaler {
+    void operator()(SwsContext* s) const { sws_freeContext(s); }
+};
+struct FreeResampler {
+    void operator()(SwrContext* s) const { swr_free(&s); }
+};
+struct FreeAudioFifo {
+    void operator()(AVAudioFifo* f) const { av_audio_fifo_free(f); }
+};
+struct UnrefBuffer {
+    void operator()(AVBufferRef* b) const { av_buffer_unref(&b); }
+};
+struct CloseInput {
+    void operator()(AVFormatContext* f) const { avformat_close_input(&f); }
+};
 // An output's file (when it was opened) and its context. Closing a file
 // that is still being written loses its end: finish it with closeOutput().
 struct CloseOutput {
@@ -47,8 +63,14 @@ using AudioFifo = std::unique_ptr<AVAudioFifo, FreeAudioFifo>;
 using InputFormat = std::unique_ptr<AVFormatContext, CloseInput>;
 using OutputFormat = std::unique_ptr<AVFormatContext, CloseOutput>;
 
-inline Frame frame() { return Frame(av_frame_alloc()); }
-inline Packet packet() { return Packet(av_packet_alloc()); }
+inline Frame frame()
+{
+    return Frame(av_frame_alloc());
+}
+inline Packet packet()
+{
+    return Packet(av_packet_alloc());
+}
 
 // An AVDictionary of options, freed with its owner.
 class Dictionary {

@@ -15,7 +15,8 @@ struct SoundOutput::Stream {
     }
 };
 
-SoundOutput::SoundOutput(QString stream) : m_name(std::move(stream)) {}
+SoundOutput::SoundOutput(QString stream) : m_name(std::move(stream))
+{}
 
 SoundOutput::~SoundOutput() = default;
 
@@ -31,9 +32,9 @@ bool SoundOutput::write(const int16_t* samples, size_t count)
         buffer.minreq = uint32_t(-1);
         buffer.fragsize = uint32_t(-1);
         auto stream = std::make_unique<Stream>();
-        stream->simple = pa_simple_new(nullptr, "Nubo Shot", PA_STREAM_PLAYBACK, nullptr,
-                                       m_name.toUtf8().constData(), &format, nullptr, &buffer,
-                                       &error);
+        stream->simple =
+            pa_simple_new(nullptr, "Nubo Shot", PA_STREAM_PLAYBACK, nullptr,
+                          m_name.toUtf8().constData(), &format, nullptr, &buffer, &error);
         if (!stream->simple) {
             m_problem = QString::fromUtf8(pa_strerror(error));
             return false;

@@ -316,6 +316,12 @@ QString monitorOf(Connection& c, const QString& sink)
 
 } // namespace
 
+QString RecordingAudioServer::whatToInstall()
+{
+    return QStringLiteral("No sound server answers: install PipeWire (pipewire-pulse) or "
+                          "PulseAudio and log in again.");
+}
+
 std::optional<QString> RecordingAudioServer::unavailable()
 {
     try {

@@ -21,6 +21,8 @@ namespace RecordingAudioServer {
 // Why no audio can be recorded ("No audio server answers: Connection
 // refused."); nothing when a server answers.
 std::optional<QString> unavailable();
+// What a user without a server installs, in one sentence.
+QString whatToInstall();
 // The sources a microphone can be recorded from: every one that is not a
 // sink's monitor. Throws Error when no server answers.
 QList<RecordingAudioDevice> microphones();

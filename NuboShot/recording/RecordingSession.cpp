@@ -123,7 +123,9 @@ void RecordingSession::start(const RecordingTarget& target, const RecordingOptio
         request.framesPerSecond = framesPerSecond(options.frameRate);
         request.showsCursor = options.showsCursor;
         request.highlightsClicks = options.highlightsClicks;
-        request.clock = [this] { return now(); };
+        request.clock = [this] {
+            return now();
+        };
         const ScreenFrameGeometry geometry = m_source->open(request);
         const QSize size = recordingOutputSize(
             geometry.content,
@@ -134,7 +136,8 @@ void RecordingSession::start(const RecordingTarget& target, const RecordingOptio
         }
         const QString file = recordingFileName(folder, QDateTime::currentDateTime());
         if (options.camera && !m_camera) {
-            qCWarning(lcRecording, "The camera is on but no camera is there: the screen alone is recorded");
+            qCWarning(lcRecording,
+                      "The camera is on but no camera is there: the screen alone is recorded");
         }
         m_writer = std::make_unique<RecordingWriter>(file, size, options,
                                                      options.camera ? m_camera : std::nullopt);
@@ -167,7 +170,9 @@ void RecordingSession::startAudio(const RecordingOptions& options)
     }
     RecordingWriter* writer = m_writer.get();
     PulseAudioCapture::Callbacks callbacks;
-    callbacks.clock = [this] { return now(); };
+    callbacks.clock = [this] {
+        return now();
+    };
     callbacks.deliver = [this, writer](RecordingAudioMixer::Source source,
                                        const RecordingAudioInput& input, RecordingDuration at) {
         if (source == RecordingAudioMixer::Source::microphone) {

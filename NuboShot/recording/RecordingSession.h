@@ -46,7 +46,10 @@ public:
     void stop() override;
     void cancel() override;
     float takeMicrophoneLevel() override { return m_microphoneLevel.exchange(0); }
-    void setCameraOverlay(std::optional<CameraOverlay> camera) override { m_camera = std::move(camera); }
+    void setCameraOverlay(std::optional<CameraOverlay> camera) override
+    {
+        m_camera = std::move(camera);
+    }
 
     // Frames the capture thread took, and ticks it found nothing new for.
     qint64 framesCaptured() const { return m_captured; }
@@ -79,7 +82,7 @@ private:
     int m_framesPerSecond = 30;
     std::unique_ptr<RecordingWriter> m_writer;
     std::unique_ptr<PulseAudioCapture> m_audio;
-    QStringList m_audioNotes; // sources that ended early, and why
+    QStringList m_audioNotes;              // sources that ended early, and why
     std::optional<CameraOverlay> m_camera; // for the next recordings
     std::thread m_thread;
     std::atomic<qint64> m_captured{0};

@@ -1,6 +1,7 @@
 #include "capture/CapturePlatform.h"
 #include "core/Settings.h"
 #include "recording/CameraStreamSource.h"
+#include "recording/RecordingAudioServer.h"
 #include "settings/ShotSettingsPage.h"
 #include "shortcuts/ShotGlobalShortcuts.h"
 
@@ -102,8 +103,7 @@ public:
             m_context.recordingCapabilities && m_context.recordingCapabilities().supportsMicrophone;
         set(m_microphone, microphone,
             microphone ? QStringLiteral("Available through the sound server.")
-                       : QStringLiteral("No sound server answers: install PipeWire "
-                                        "(pipewire-pulse) or PulseAudio and log in again."));
+                       : RecordingAudioServer::whatToInstall());
 
         const QList<CameraDevice> cameras = CameraStreamSource::cameras();
         set(m_camera, !cameras.isEmpty(),

@@ -6,7 +6,6 @@
 
 #include <cmath>
 #include <utility>
-
 #include <xcb/damage.h>
 #include <xcb/xfixes.h>
 #include <xcb/xinput.h>
@@ -17,8 +16,7 @@ namespace nubo {
 // capture thread's own.
 class XcbScreenFrameSource::Watch {
 public:
-    Watch(const QByteArray& displayName, bool clicks,
-                std::function<RecordingDuration()> clock)
+    Watch(const QByteArray& displayName, bool clicks, std::function<RecordingDuration()> clock)
         : m_x(displayName), m_clock(std::move(clock))
     {
         if (clicks) {
@@ -30,8 +28,8 @@ public:
         xcb_change_window_attributes(m_x.c, m_x.root, XCB_CW_EVENT_MASK, &structure);
         const xcb_query_extension_reply_t* damage = xcb_get_extension_data(m_x.c, &xcb_damage_id);
         if (damage && damage->present) {
-            std::free(xcb_damage_query_version_reply(
-                m_x.c, xcb_damage_query_version(m_x.c, 1, 1), nullptr));
+            std::free(xcb_damage_query_version_reply(m_x.c, xcb_damage_query_version(m_x.c, 1, 1),
+                                                     nullptr));
             m_damage = xcb_generate_id(m_x.c);
             xcb_damage_create(m_x.c, m_damage, m_x.root, XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
             m_damageEvent = damage->first_event + XCB_DAMAGE_NOTIFY;
@@ -40,8 +38,8 @@ public:
         }
         const xcb_query_extension_reply_t* fixes = xcb_get_extension_data(m_x.c, &xcb_xfixes_id);
         if (fixes && fixes->present) {
-            std::free(xcb_xfixes_query_version_reply(
-                m_x.c, xcb_xfixes_query_version(m_x.c, 4, 0), nullptr));
+            std::free(xcb_xfixes_query_version_reply(m_x.c, xcb_xfixes_query_version(m_x.c, 4, 0),
+                                                     nullptr));
             m_fixes = true;
         }
         xcb_flush(m_x.c);
@@ -92,8 +90,9 @@ public:
         }
         const QPoint at(reply->x - reply->xhot, reply->y - reply->yhot);
         // 32-bit ARGB, premultiplied: Qt's own layout.
-        QImage image(reinterpret_cast<const uchar*>(xcb_xfixes_get_cursor_image_cursor_image(reply.get())),
-                     reply->width, reply->height, QImage::Format_ARGB32_Premultiplied);
+        QImage image(
+            reinterpret_cast<const uchar*>(xcb_xfixes_get_cursor_image_cursor_image(reply.get())),
+            reply->width, reply->height, QImage::Format_ARGB32_Premultiplied);
         return ScreenFrameCursor{image.copy(), at};
     }
 
@@ -162,12 +161,10 @@ private:
     bool m_restacked = false;
 };
 
-
 XcbScreenFrameSource::XcbScreenFrameSource(QByteArray displayName,
                                            XcbScreenCapturer::ScaleLookup scale)
     : m_displayName(std::move(displayName)), m_scale(std::move(scale))
-{
-}
+{}
 
 XcbScreenFrameSource::~XcbScreenFrameSource() = default;
 
@@ -179,8 +176,8 @@ bool XcbScreenFrameSource::reportsClicks()
         if (!input || !input->present) {
             return false;
         }
-        auto version = xcbReply(xcb_input_xi_query_version_reply(
-            x.c, xcb_input_xi_query_version(x.c, 2, 2), nullptr));
+        auto version = xcbReply(
+            xcb_input_xi_query_version_reply(x.c, xcb_input_xi_query_version(x.c, 2, 2), nullptr));
         return version && version->major_version >= 2;
     } catch (const Error&) {
         return false;

@@ -11,7 +11,8 @@ namespace {
 // recorder say why nothing can be taken, in the loader's own words.
 TEST(NullCapturePlatform, EveryCaptureSaysWhatIsMissing)
 {
-    const QString why = QStringLiteral("No display to capture: neither DISPLAY nor WAYLAND_DISPLAY is set.");
+    const QString why =
+        QStringLiteral("No display to capture: neither DISPLAY nor WAYLAND_DISPLAY is set.");
     NullCapturePlatform platform(why);
     EXPECT_EQ(platform.problem(), why);
     EXPECT_TRUE(platform.features().modes.isEmpty());
@@ -23,12 +24,30 @@ TEST(NullCapturePlatform, EveryCaptureSaysWhatIsMissing)
     const std::shared_ptr<ScreenCapturing> capturer = platform.capturer();
     ASSERT_TRUE(capturer);
     const std::pair<const char*, std::function<void()>> calls[] = {
-        {"displays", [&] { capturer->displays(); }},
-        {"windows", [&] { capturer->listWindows(false); }},
-        {"display", [&] { capturer->captureDisplays(); }},
-        {"window", [&] { capturer->captureWindow(1); }},
-        {"region", [&] { capturer->captureRegion(0, {}); }},
-        {"probe", [&] { capturer->probe(); }},
+        {"displays",
+         [&] {
+             capturer->displays();
+         }},
+        {"windows",
+         [&] {
+             capturer->listWindows(false);
+         }},
+        {"display",
+         [&] {
+             capturer->captureDisplays();
+         }},
+        {"window",
+         [&] {
+             capturer->captureWindow(1);
+         }},
+        {"region",
+         [&] {
+             capturer->captureRegion(0, {});
+         }},
+        {"probe",
+         [&] {
+             capturer->probe();
+         }},
     };
     for (const auto& [name, call] : calls) {
         SCOPED_TRACE(name);

@@ -16,7 +16,10 @@ QByteArray bytes(std::initializer_list<int> values)
     return out;
 }
 
-const uint8_t* data(const QByteArray& b) { return reinterpret_cast<const uint8_t*>(b.constData()); }
+const uint8_t* data(const QByteArray& b)
+{
+    return reinterpret_cast<const uint8_t*>(b.constData());
+}
 
 TEST(H264Bitstream, ExpGolombNumbersAndParameterSetIds)
 {
@@ -48,7 +51,8 @@ TEST(H264Bitstream, ExpGolombNumbersAndParameterSetIds)
 
 TEST(H264Bitstream, AnnexBUnitsLoseTheirStartCodesAndTrailingZeros)
 {
-    const QByteArray stream = bytes({0, 0, 0, 1, 0x67, 0xaa, 0, 0, 1, 0x68, 0xbb, 0, 0, 0, 0, 1, 0x65, 0xcc});
+    const QByteArray stream =
+        bytes({0, 0, 0, 1, 0x67, 0xaa, 0, 0, 1, 0x68, 0xbb, 0, 0, 0, 0, 1, 0x65, 0xcc});
     const std::vector<QByteArray> units = annexBUnits(data(stream), int(stream.size()));
     ASSERT_EQ(units.size(), 3u);
     EXPECT_EQ(units[0], bytes({0x67, 0xaa}));
