@@ -2,8 +2,10 @@
 // on every repaint, as fast as the screen takes it, for the recording
 // tests: a movie of it shows which paints it caught, in order.
 //
-//   test-counter-window --at WxH+X+Y [--still]
+//   test-counter-window --at WxH+X+Y [--still] [--fill]
 //
+// With --fill the window takes whatever size the window manager gives it (a
+// Wayland compositor places and sizes windows itself).
 // Prints "ready X Y ID" once its first picture is on the screen. With
 // --still it paints once and stays.
 
@@ -67,12 +69,17 @@ int main(int argc, char** argv)
     const auto geometry = QRegularExpression(QStringLiteral("^(\\d+)x(\\d+)\\+(\\d+)\\+(\\d+)$"))
                               .match(at >= 0 ? arguments.value(at + 1) : QString());
     if (!geometry.hasMatch()) {
-        std::fprintf(stderr, "usage: test-counter-window --at WxH+X+Y [--still]\n");
+        std::fprintf(stderr, "usage: test-counter-window --at WxH+X+Y [--still] [--fill]\n");
         return 2;
     }
     CounterWindow window(arguments.contains(QStringLiteral("--still")));
     window.setWindowFlag(Qt::FramelessWindowHint);
-    window.setFixedSize(geometry.captured(1).toInt(), geometry.captured(2).toInt());
+    const QSize size(geometry.captured(1).toInt(), geometry.captured(2).toInt());
+    if (arguments.contains(QStringLiteral("--fill"))) {
+        window.resize(size);
+    } else {
+        window.setFixedSize(size);
+    }
     window.move(geometry.captured(3).toInt(), geometry.captured(4).toInt());
     window.show();
     return app.exec();

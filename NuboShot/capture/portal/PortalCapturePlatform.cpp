@@ -2,6 +2,7 @@
 
 #include "capture/portal/PortalRequest.h"
 #include "capture/portal/PortalScreenCapturer.h"
+#include "capture/portal/PortalScreenFrameSource.h"
 
 namespace nubo {
 
@@ -21,12 +22,18 @@ CapturePlatformFeatures PortalCapturePlatform::features() const
 {
     CapturePlatformFeatures features;
     features.modes = {CaptureMode::area, CaptureMode::fullscreen};
+    features.recording = true;
     return features;
 }
 
 std::shared_ptr<ScreenCapturing> PortalCapturePlatform::capturer()
 {
     return m_capturer;
+}
+
+std::unique_ptr<ScreenFrameSource> PortalCapturePlatform::makeFrameSource()
+{
+    return std::make_unique<PortalScreenFrameSource>(m_capturer);
 }
 
 ScreenGrants PortalCapturePlatform::grants() const

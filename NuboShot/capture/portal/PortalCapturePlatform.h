@@ -6,7 +6,8 @@ namespace nubo {
 
 class PortalScreenCapturer;
 
-// The Wayland backend: stills through the desktop portal's screen casts.
+// The Wayland backend: stills and recordings through the desktop portal's
+// screen casts.
 class PortalCapturePlatform : public CapturePlatform {
 public:
     explicit PortalCapturePlatform(ScreenLookup screens);
@@ -21,6 +22,7 @@ public:
     std::shared_ptr<ScreenRegionStreaming> regionStreaming() override { return nullptr; }
     std::shared_ptr<ScrollDriving> scrollDriving() override { return nullptr; }
     std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override { return nullptr; }
+    std::unique_ptr<ScreenFrameSource> makeFrameSource() override;
     ScreenGrants grants() const override;
     void forgetGrant() override;
 

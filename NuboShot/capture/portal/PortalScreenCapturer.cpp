@@ -76,25 +76,27 @@ QList<int> matchPortalStreams(const QList<DesktopScreen>& screens,
             }
         }
     };
-    // Where the desktop places its streams, the place decides.
+    // Where the desktop places its streams, the place decides. Desktops give
+    // the size in points (as the portal asks) or in pixels (wlroots').
     for (qsizetype i = 0; i < streams.size(); ++i) {
         if (const auto& at = streams[i].position) {
             assign(i, [&](const DesktopScreen& screen) {
+                const auto& size = streams[i].size;
                 return screen.geometry.topLeft() == *at &&
-                       (!streams[i].size || screen.geometry.size() == *streams[i].size);
+                       (!size || screen.geometry.size() == *size || pixelSize(screen) == *size);
             });
         }
     }
     // Else the picture's size: the screen this grant showed before first.
     for (qsizetype i = 0; i < streams.size(); ++i) {
-        if (match[i] < 0 && !streams[i].position && !streams[i].screenBefore.isEmpty()) {
+        if (match[i] < 0 && !streams[i].screenBefore.isEmpty()) {
             assign(i, [&](const DesktopScreen& screen) {
                 return screen.name == streams[i].screenBefore && pixelSize(screen) == streams[i].pixels;
             });
         }
     }
     for (qsizetype i = 0; i < streams.size(); ++i) {
-        if (match[i] < 0 && !streams[i].position) {
+        if (match[i] < 0) {
             assign(i, [&](const DesktopScreen& screen) { return pixelSize(screen) == streams[i].pixels; });
         }
     }
@@ -431,6 +433,81 @@ QList<DisplayCapture> PortalScreenCapturer::castDisplays(const QList<DesktopScre
                                    : QStringLiteral("the desktop granted no screen"));
     }
     return captures;
+}
+
+PortalScreenCapturer::DisplayCast PortalScreenCapturer::castDisplay(quint32 display,
+                                                                     PortalScreenCast::Cursor cursor)
+{
+    const std::lock_guard lock(m_lock);
+    const QList<DesktopScreen> known = screens();
+    const auto screen = std::find_if(known.begin(), known.end(), [&](const DesktopScreen& s) {
+        return displayID(s.name) == display;
+    });
+    if (!known.isEmpty() && screen == known.end()) {
+        throw CaptureError(CaptureError::Code::noContent,
+                           QStringLiteral("there is no display %1").arg(display));
+    }
+    QList<PortalGrant> grants = loadPortalGrants();
+    const auto keep = [](QList<PortalGrant> list) {
+        list.removeIf([](const PortalGrant& g) { return g.token.isEmpty(); });
+        savePortalGrants(list);
+    };
+    // The grants that showed this screen last, then a new one.
+    QList<int> candidates;
+    for (int i = 0; i < grants.size(); ++i) {
+        if (screen != known.end() && grants[i].screens.contains(screen->name)) {
+            candidates.append(i);
+        }
+    }
+    candidates.append(-1);
+    for (const int grant : std::as_const(candidates)) {
+        DisplayCast result;
+        QList<PortalStreamPicture> pictures;
+        try {
+            result.cast = std::make_unique<PortalScreenCast>(PortalScreenCast::Options{
+                true, cursor, grant >= 0 ? grants[grant].token : QString()});
+            result.frames = std::make_unique<PipeWireFrames>(result.cast->openPipeWireRemote());
+            const QStringList before = grant >= 0 ? grants[grant].screens : QStringList();
+            for (qsizetype i = 0; i < result.cast->streams().size(); ++i) {
+                const PortalStream& stream = result.cast->streams()[i];
+                const int index = result.frames->connect(stream.node);
+                const auto frame = result.frames->next(index, 0, firstPictureTimeout);
+                if (!frame) {
+                    throw Error(QStringLiteral("The screen cast sent no picture within %1 s.")
+                                    .arg(firstPictureTimeout.count()));
+                }
+                pictures.append({stream.position, stream.size, frame->image.size(), before.value(i)});
+            }
+        } catch (const CaptureError& error) {
+            qCInfo(lcCapture, "A screen-cast grant does not show display %u: %s", display,
+                   qPrintable(error.detail()));
+            if (grant >= 0) {
+                grants[grant].token.clear();
+            }
+            continue;
+        }
+        const QList<int> match = matchPortalStreams(known, pictures);
+        QStringList shown;
+        for (qsizetype i = 0; i < match.size(); ++i) {
+            shown.append(match[i] >= 0 ? known[match[i]].name : QString());
+            if (result.stream < 0 &&
+                (known.isEmpty() || (match[i] >= 0 && known[match[i]].name == screen->name))) {
+                result.stream = int(i);
+            }
+        }
+        if (grant >= 0) {
+            grants[grant] = {result.cast->restoreToken(), shown};
+        } else {
+            grants.append({result.cast->restoreToken(), shown});
+        }
+        if (result.stream >= 0) {
+            keep(grants);
+            return result;
+        }
+    }
+    keep(grants);
+    throw CaptureError(CaptureError::Code::noContent,
+                       QStringLiteral("display %1 was not granted").arg(display));
 }
 
 QImage PortalScreenCapturer::captureRegion(quint32 display, const ScreenCaptureRegion& region)

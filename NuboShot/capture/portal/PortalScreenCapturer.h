@@ -1,6 +1,8 @@
 #pragma once
 
 #include "capture/ScreenCapturing.h"
+#include "capture/portal/PipeWireFrames.h"
+#include "capture/portal/PortalScreenCast.h"
 
 #include <QStringList>
 
@@ -50,6 +52,13 @@ class PortalScreenCapturer : public ScreenCapturing {
 public:
     using ScreenLookup = std::function<QList<DesktopScreen>()>;
 
+    // A started cast that shows one display, kept running (a recording's).
+    struct DisplayCast {
+        std::unique_ptr<PortalScreenCast> cast;
+        std::unique_ptr<PipeWireFrames> frames;
+        int stream = -1; // the frames' stream that shows the display
+    };
+
     explicit PortalScreenCapturer(ScreenLookup screens);
 
     QList<CaptureDisplay> displays() override;
@@ -59,6 +68,12 @@ public:
     QImage captureRegion(quint32 display, const ScreenCaptureRegion& region) override;
     void probe() override;
     void prepareWindowPixels() override {}
+
+    // Starts a cast that shows `display`, through a kept grant that showed
+    // it before where there is one (asking nobody), else asking the desktop;
+    // the grant is renewed and kept. Blocks until each stream's first
+    // picture. Throws CaptureError when the display is not granted.
+    DisplayCast castDisplay(quint32 display, PortalScreenCast::Cursor cursor);
 
     // A display's id: stable for its name.
     static quint32 displayID(const QString& name);
