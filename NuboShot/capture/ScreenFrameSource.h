@@ -68,8 +68,9 @@ class ScreenFrameSource {
 public:
     virtual ~ScreenFrameSource() = default;
 
-    // Whether this source can report the user's clicks (click highlight).
-    virtual bool reportsClicks() = 0;
+    // Why this source cannot report the user's clicks (click highlight), in
+    // one sentence for the user; empty where it can.
+    virtual QString clicksUnavailable() = 0;
     // Main thread, before the session starts: checks that the target is
     // there (a CaptureError when it is not) and says its size.
     virtual ScreenFrameGeometry open(const ScreenFrameRequest& request) = 0;

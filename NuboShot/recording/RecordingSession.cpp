@@ -101,7 +101,8 @@ void RecordingSession::setState(RecordingState state)
 RecordingCapabilities RecordingSession::capabilities()
 {
     RecordingCapabilities c;
-    c.supportsClickHighlight = m_source->reportsClicks();
+    c.clickHighlightProblem = m_source->clicksUnavailable();
+    c.supportsClickHighlight = c.clickHighlightProblem.isEmpty();
     c.supportsMicrophone = !RecordingAudioServer::unavailable();
     c.supportsHEVC = !recordingEncoderSupport().hevc.isEmpty();
     return c;

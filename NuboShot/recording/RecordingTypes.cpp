@@ -177,7 +177,8 @@ QString RecordingError::describe(Code code, const QString& detail)
     case Code::microphoneUnsupported:
         return QStringLiteral("Microphone recording requires a running audio server.");
     case Code::clickHighlightUnsupported:
-        return QStringLiteral("Click highlighting requires the X Input extension.");
+        return detail.isEmpty() ? QStringLiteral("Click highlighting requires the X Input extension.")
+                                : detail;
     case Code::codecUnsupported:
         return QStringLiteral("The selected recording codec is unavailable.");
     case Code::invalidState:
@@ -196,7 +197,8 @@ void validate(const RecordingOptions& options, const RecordingCapabilities& capa
         throw RecordingError(RecordingError::Code::microphoneUnsupported);
     }
     if (options.highlightsClicks && !capabilities.supportsClickHighlight) {
-        throw RecordingError(RecordingError::Code::clickHighlightUnsupported);
+        throw RecordingError(RecordingError::Code::clickHighlightUnsupported,
+                             capabilities.clickHighlightProblem);
     }
     if (options.codec == RecordingCodec::hevc && !capabilities.supportsHEVC) {
         throw RecordingError(RecordingError::Code::codecUnsupported);

@@ -59,6 +59,8 @@ struct RecordingCapabilities {
     bool supportsMicrophone = false;
     bool supportsClickHighlight = false;
     bool supportsHEVC = false;
+    // Why clicks cannot be highlighted here, where they cannot.
+    QString clickHighlightProblem;
     bool operator==(const RecordingCapabilities&) const = default;
 };
 

@@ -26,7 +26,8 @@ QString ShotRecordingProblems::clickHighlight(const RecordingCapabilities& capab
 {
     return capabilities.supportsClickHighlight
                ? QString()
-               : RecordingError::describe(RecordingError::Code::clickHighlightUnsupported);
+               : RecordingError::describe(RecordingError::Code::clickHighlightUnsupported,
+                                          capabilities.clickHighlightProblem);
 }
 
 QString ShotRecordingProblems::hevc(const RecordingCapabilities& capabilities)

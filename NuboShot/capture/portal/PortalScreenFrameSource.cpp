@@ -20,6 +20,12 @@ PortalScreenFrameSource::PortalScreenFrameSource(std::shared_ptr<PortalScreenCap
 
 PortalScreenFrameSource::~PortalScreenFrameSource() = default;
 
+QString PortalScreenFrameSource::clicksUnavailable()
+{
+    return QStringLiteral("Click highlighting needs the pointer's clicks, and this Wayland "
+                          "desktop tells them to no program.");
+}
+
 ScreenFrameGeometry PortalScreenFrameSource::open(const ScreenFrameRequest& request)
 {
     m_request = request;

@@ -20,7 +20,7 @@ public:
     explicit PortalScreenFrameSource(std::shared_ptr<PortalScreenCapturer> capturer);
     ~PortalScreenFrameSource() override;
 
-    bool reportsClicks() override { return false; }
+    QString clicksUnavailable() override;
     ScreenFrameGeometry open(const ScreenFrameRequest& request) override;
     void start() override {}
     ScreenFrameChanges look() override;

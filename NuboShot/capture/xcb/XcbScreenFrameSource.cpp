@@ -168,19 +168,20 @@ XcbScreenFrameSource::XcbScreenFrameSource(QByteArray displayName,
 
 XcbScreenFrameSource::~XcbScreenFrameSource() = default;
 
-bool XcbScreenFrameSource::reportsClicks()
+QString XcbScreenFrameSource::clicksUnavailable()
 {
+    const QString missing = QStringLiteral("Click highlighting requires the X Input extension.");
     try {
         XcbConnection x(m_displayName);
         const xcb_query_extension_reply_t* input = xcb_get_extension_data(x.c, &xcb_input_id);
         if (!input || !input->present) {
-            return false;
+            return missing;
         }
-        auto version = xcbReply(
-            xcb_input_xi_query_version_reply(x.c, xcb_input_xi_query_version(x.c, 2, 2), nullptr));
-        return version && version->major_version >= 2;
-    } catch (const Error&) {
-        return false;
+        auto version = xcbReply(xcb_input_xi_query_version_reply(
+            x.c, xcb_input_xi_query_version(x.c, 2, 2), nullptr));
+        return version && version->major_version >= 2 ? QString() : missing;
+    } catch (const Error& error) {
+        return error.message();
     }
 }
 

@@ -17,7 +17,7 @@ public:
     XcbScreenFrameSource(QByteArray displayName, XcbScreenCapturer::ScaleLookup scale);
     ~XcbScreenFrameSource() override;
 
-    bool reportsClicks() override;
+    QString clicksUnavailable() override;
     ScreenFrameGeometry open(const ScreenFrameRequest& request) override;
     void start() override;
     ScreenFrameChanges look() override;
