@@ -14,6 +14,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -301,35 +302,61 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
             .save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/") + name);
     };
 
-    ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
-    ASSERT_TRUE(waitFor([&] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
-    ASSERT_NO_FATAL_FAILURE(pointer({"at 700 500"}));
-    QThread::msleep(300);
-    artifact(QStringLiteral("wayland-overlay-area.png"));
-    ASSERT_NO_FATAL_FAILURE(
-        pointer({"at 420 380", "press", "move 50 40", "move 50 40", "release"}));
-    ASSERT_TRUE(waitFor([&] { return tree().contains(u"100 \u00d7 80"); })) << "no editor";
-    QThread::msleep(300);
-    artifact(QStringLiteral("wayland-editor.png"));
-
+    // Twice: the first capture starts the screen cast, the second is the
+    // kept cast's newest picture, taken after the desktop changed.
     const QString recent =
         qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/NuboShot/Recent");
-    QString shot;
-    ASSERT_TRUE(waitFor([&] {
-        // A capture is kept as an editable shot: its base picture is one of its PNGs.
-        QDirIterator images(recent, {QStringLiteral("*.png")}, QDir::Files,
-                            QDirIterator::Subdirectories);
-        while (images.hasNext()) {
-            const QString file = images.next();
-            if (QImage(file).size() == QSize(100, 80) && !file.endsWith(u"thumbnail.png")) {
-                shot = file;
-            }
+    QSet<QString> shotsBefore;
+    QImage expected = desktop;
+    for (int round = 1; round <= 2; ++round) {
+        SCOPED_TRACE(round == 1 ? "a new screen cast" : "the kept screen cast");
+        if (round == 2) {
+            const QString file = m_dir.filePath(QStringLiteral("changed.png"));
+            ASSERT_TRUE(noise(QSize(1920, 1080), 99).save(file));
+            QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ReadOther);
+            run(QStringLiteral("swaymsg"), {"output", "HEADLESS-1", "bg", file, "fill"});
+            ASSERT_TRUE(waitFor([&] {
+                expected = grim(m_dir.path(), {"-o", "HEADLESS-1"});
+                return expected.pixel(700, 10) != desktop.pixel(700, 10) &&
+                       expected == grim(m_dir.path(), {"-o", "HEADLESS-1"});
+            })) << "the new background was never drawn";
         }
-        return !shot.isEmpty();
-    })) << "no recent shot";
-    const QImage got = QImage(shot).convertToFormat(QImage::Format_RGB32);
-    ASSERT_EQ(got.size(), QSize(100, 80));
-    EXPECT_EQ(firstDifference(got, desktop.copy(420, 380, 100, 80)), QString());
+        ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
+        ASSERT_TRUE(waitFor([&] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
+        ASSERT_NO_FATAL_FAILURE(pointer({"at 700 500"}));
+        QThread::msleep(300);
+        if (round == 1) {
+            artifact(QStringLiteral("wayland-overlay-area.png"));
+        }
+        ASSERT_NO_FATAL_FAILURE(
+            pointer({"at 420 380", "press", "move 50 40", "move 50 40", "release"}));
+        ASSERT_TRUE(waitFor([&] { return tree().contains(u"100 \u00d7 80"); })) << "no editor";
+        QThread::msleep(300);
+        if (round == 1) {
+            artifact(QStringLiteral("wayland-editor.png"));
+        }
+        QString shot;
+        ASSERT_TRUE(waitFor([&] {
+            // A capture is kept as an editable shot: its base picture is one of its PNGs.
+            QDirIterator images(recent, {QStringLiteral("*.png")}, QDir::Files,
+                                QDirIterator::Subdirectories);
+            while (images.hasNext()) {
+                const QString file = images.next();
+                if (!shotsBefore.contains(file) && QImage(file).size() == QSize(100, 80) &&
+                    !file.endsWith(u"thumbnail.png")) {
+                    shot = file;
+                }
+            }
+            return !shot.isEmpty();
+        })) << "no recent shot";
+        shotsBefore.insert(shot);
+        const QImage got = QImage(shot).convertToFormat(QImage::Format_RGB32);
+        ASSERT_EQ(got.size(), QSize(100, 80));
+        EXPECT_EQ(firstDifference(got, expected.copy(420, 380, 100, 80)), QString());
+        // The editor goes, as a user closes it.
+        run(QStringLiteral("swaymsg"), {"[title=\"100 \u00d7 80\"]", "kill"});
+        ASSERT_TRUE(waitFor([&] { return !tree().contains(u"100 \u00d7 80"); }));
+    }
     mouse.closeWriteChannel();
     mouse.waitForFinished(5000);
     tray.terminate();

@@ -58,6 +58,10 @@ struct Taken {
     PortalStreamPicture picture;
     QImage image; // B, G, R, X
     int grant = -1;
+    // The session and stream it came from, to keep running.
+    std::shared_ptr<PortalScreenCast> cast;
+    std::shared_ptr<PipeWireFrames> frames;
+    int stream = -1;
 };
 
 } // namespace
@@ -200,6 +204,12 @@ WindowCapture PortalScreenCapturer::captureWindow(quint32 windowID)
                            .arg(windowID));
 }
 
+void PortalScreenCapturer::prepareWindowPixels()
+{
+    const std::lock_guard lock(m_lock);
+    m_keep = true;
+}
+
 void PortalScreenCapturer::probe()
 {
     if (portal::interfaceVersion(QStringLiteral("org.freedesktop.portal.ScreenCast")) == 0) {
@@ -307,39 +317,84 @@ QList<DisplayCapture> PortalScreenCapturer::screenshotDisplays(const QList<Deskt
     return captures;
 }
 
+std::optional<QList<DisplayCapture>>
+PortalScreenCapturer::keptDisplays(const QList<DesktopScreen>& known, std::optional<quint32> display)
+{
+    if (m_kept.isEmpty() || known.isEmpty() || known != m_keptFor) {
+        m_kept.clear(); // the screens changed: the casts are made again
+        return std::nullopt;
+    }
+    QList<DisplayCapture> captures;
+    try {
+        for (const KeptStream& kept : std::as_const(m_kept)) {
+            const quint32 id = displayID(kept.screen.name);
+            if (display && *display != id) {
+                continue;
+            }
+            // The newest picture is the screen as it is: a cast sends one
+            // whenever something is drawn.
+            const auto frame = kept.frames->next(kept.stream, 0, std::chrono::milliseconds(0));
+            if (!frame) {
+                m_kept.clear();
+                return std::nullopt;
+            }
+            const double scale = double(frame->image.width()) / kept.screen.geometry.width();
+            const QRect pixels(pixelOrigin(known, kept.screen), frame->image.size());
+            captures.append({id, xPixelsToRgba(frame->image, false),
+                             ScreenSpace{id, QRectF(kept.screen.geometry), QRectF(pixels), scale}});
+        }
+    } catch (const Error& error) {
+        qCInfo(lcCapture, "A kept screen cast ended: %s", qPrintable(error.message()));
+        m_kept.clear();
+        return std::nullopt;
+    }
+    if (captures.isEmpty() || (!display && captures.size() != known.size())) {
+        return std::nullopt; // a screen the kept casts do not show: asked for anew
+    }
+    return captures;
+}
+
 QList<DisplayCapture> PortalScreenCapturer::castDisplays(const QList<DesktopScreen>& known,
                                                          std::optional<quint32> display)
 {
     QElapsedTimer clock;
     clock.start();
+    if (std::optional<QList<DisplayCapture>> kept = keptDisplays(known, display)) {
+        qCInfo(lcCapture, "Kept screen casts: %lld screens in %lld ms",
+               static_cast<long long>(kept->size()), static_cast<long long>(clock.elapsed()));
+        return *kept;
+    }
     QList<PortalGrant> grants = loadPortalGrants();
     QList<Taken> taken;
 
     // One session: its pictures, and its grant renewed (or made).
     const auto take = [&](int grant) {
-        PortalScreenCast cast({true, PortalScreenCast::Cursor::hidden,
-                               grant >= 0 ? grants[grant].token : QString()});
-        PipeWireFrames frames(cast.openPipeWireRemote());
+        auto cast = std::make_shared<PortalScreenCast>(PortalScreenCast::Options{
+            true, PortalScreenCast::Cursor::hidden, grant >= 0 ? grants[grant].token : QString()});
+        auto frames = std::make_shared<PipeWireFrames>(cast->openPipeWireRemote());
         QList<int> streams;
-        for (const PortalStream& stream : cast.streams()) {
-            streams.append(frames.connect(stream.node));
+        for (const PortalStream& stream : cast->streams()) {
+            streams.append(frames->connect(stream.node));
         }
         const QStringList before = grant >= 0 ? grants[grant].screens : QStringList();
         for (qsizetype i = 0; i < streams.size(); ++i) {
-            const auto frame = frames.next(streams[i], 0, firstPictureTimeout);
+            const auto frame = frames->next(streams[i], 0, firstPictureTimeout);
             if (!frame) {
                 throw Error(QStringLiteral("The screen cast sent no picture within %1 s.")
                                 .arg(firstPictureTimeout.count()));
             }
-            const PortalStream& stream = cast.streams()[i];
+            const PortalStream& stream = cast->streams()[i];
             taken.append({{stream.position, stream.size, frame->image.size(), before.value(i)},
                           frame->image,
-                          grant >= 0 ? grant : int(grants.size())});
+                          grant >= 0 ? grant : int(grants.size()),
+                          cast,
+                          frames,
+                          streams[i]});
         }
         if (grant < 0) {
-            grants.append({cast.restoreToken(), {}});
+            grants.append({cast->restoreToken(), {}});
         } else {
-            grants[grant].token = cast.restoreToken();
+            grants[grant].token = cast->restoreToken();
         }
     };
 
@@ -393,6 +448,15 @@ QList<DisplayCapture> PortalScreenCapturer::castDisplays(const QList<DesktopScre
     grants.removeIf([](const PortalGrant& grant) { return grant.token.isEmpty(); });
     savePortalGrants(grants);
 
+    if (m_keep) {
+        m_kept.clear();
+        for (qsizetype i = 0; i < taken.size(); ++i) {
+            if (match[i] >= 0) {
+                m_kept.append({taken[i].cast, taken[i].frames, taken[i].stream, known[match[i]]});
+            }
+        }
+        m_keptFor = known;
+    }
     QList<DisplayCapture> captures;
     QList<DesktopScreen> seen;
     int unknown = 0;

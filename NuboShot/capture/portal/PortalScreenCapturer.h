@@ -67,7 +67,9 @@ public:
     WindowCapture captureWindow(quint32 windowID) override;
     QImage captureRegion(quint32 display, const ScreenCaptureRegion& region) override;
     void probe() override;
-    void prepareWindowPixels() override {}
+    // The tray asks at start: from now on the casts of stills keep running,
+    // and later stills are their newest pictures, with no portal call.
+    void prepareWindowPixels() override;
 
     // Starts a cast that shows `display`, through a kept grant that showed
     // it before where there is one (asking nobody), else asking the desktop;
@@ -85,10 +87,25 @@ private:
     QList<DisplayCapture> screenshotDisplays(const QList<DesktopScreen>& known,
                                              std::optional<quint32> display);
 
+    // Stills from the casts kept running, when they still show every screen
+    // asked for; nothing otherwise (and they are let go when stale).
+    std::optional<QList<DisplayCapture>> keptDisplays(const QList<DesktopScreen>& known,
+                                                      std::optional<quint32> display);
+
+    struct KeptStream {
+        std::shared_ptr<PortalScreenCast> cast;
+        std::shared_ptr<PipeWireFrames> frames;
+        int stream = -1;
+        DesktopScreen screen;
+    };
+
     ScreenLookup m_screens;
     std::mutex m_lock; // one capture at a time: grants are renewed by each
     QList<DesktopScreen> m_seen; // the screens of the last capture, without a lookup
     bool m_castsFail = false;    // screen casts failed here: the Screenshot portal from now on
+    bool m_keep = false;         // keep casts running between stills (the tray)
+    QList<KeptStream> m_kept;    // the casts kept, a stream a screen
+    QList<DesktopScreen> m_keptFor; // the screens they were matched to
 };
 
 } // namespace nubo
