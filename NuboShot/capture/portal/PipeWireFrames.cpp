@@ -86,6 +86,9 @@ struct PipeWireFrames::Private {
         spa_video_info_raw format{};
         bool negotiated = false;
         std::optional<Frame> latest; // guarded by the owner's mutex
+        // A picture nobody holds any more, filled again by the next frame:
+        // PipeWire's thread only. Saves mapping fresh pages for every frame.
+        QImage spare;
         quint64 sequence = 0;
         Cursor cursor;
         bool hasCursor = false;
@@ -229,7 +232,10 @@ struct PipeWireFrames::Private {
             }
             const auto* pixels = static_cast<const uchar*>(plane.data) + plane.chunk->offset;
             if (!area.isEmpty() && qsizetype(stride) * (area.bottom() + 1) <= qsizetype(plane.maxsize)) {
-                QImage image(area.size(), QImage::Format_RGB32);
+                QImage image = s->spare.size() == area.size() && s->spare.isDetached()
+                                   ? std::move(s->spare)
+                                   : QImage(area.size(), QImage::Format_RGB32);
+                s->spare = QImage();
                 const bool swap = s->format.format == SPA_VIDEO_FORMAT_RGBx ||
                                   s->format.format == SPA_VIDEO_FORMAT_RGBA;
                 copyRows(image, pixels + qsizetype(area.y()) * stride + area.x() * 4, stride, swap);
@@ -237,14 +243,20 @@ struct PipeWireFrames::Private {
             }
         }
         pw_stream_queue_buffer(s->stream, newest);
+        std::optional<Frame> replaced;
         const std::lock_guard lock(s->owner->mutex);
         if (frame) {
             if (s->hasCursor) {
                 frame->cursor = s->cursor;
             }
             frame->sequence = ++s->sequence;
-            s->latest = std::move(frame);
+            replaced = std::exchange(s->latest, std::move(frame));
             s->owner->arrived.notify_all();
+            // Out of `latest`, no one can take a new reference to it: held by
+            // nobody else now, it is the next frame's picture.
+            if (replaced && replaced->image.isDetached()) {
+                s->spare = std::move(replaced->image);
+            }
         } else if (s->hasCursor && s->latest) {
             // A pointer that moved over a still screen.
             s->latest->cursor = s->cursor;
@@ -309,7 +321,7 @@ PipeWireFrames::~PipeWireFrames()
     }
 }
 
-int PipeWireFrames::connect(quint32 node)
+int PipeWireFrames::connect(quint32 node, int framesPerSecond)
 {
     static const pw_stream_events streamEvents = [] {
         pw_stream_events e{};
@@ -355,6 +367,15 @@ int PipeWireFrames::connect(quint32 node)
         spa_pod_builder_fraction(&b, 0, 1);
         spa_pod_builder_fraction(&b, 1000, 1);
         spa_pod_builder_pop(&b, &f[1]);
+        if (framesPerSecond > 0) {
+            // No more pictures than are taken: each one is copied out.
+            spa_pod_builder_prop(&b, SPA_FORMAT_VIDEO_maxFramerate, 0);
+            spa_pod_builder_push_choice(&b, &f[1], SPA_CHOICE_Range, 0);
+            spa_pod_builder_fraction(&b, uint32_t(framesPerSecond), 1);
+            spa_pod_builder_fraction(&b, 1, 1);
+            spa_pod_builder_fraction(&b, uint32_t(framesPerSecond), 1);
+            spa_pod_builder_pop(&b, &f[1]);
+        }
         const spa_pod* params[] = {static_cast<const spa_pod*>(spa_pod_builder_pop(&b, &f[0]))};
         result = pw_stream_connect(s.stream, PW_DIRECTION_INPUT, node,
                                    pw_stream_flags(PW_STREAM_FLAG_AUTOCONNECT |

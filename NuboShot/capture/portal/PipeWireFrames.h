@@ -36,8 +36,10 @@ public:
     PipeWireFrames(const PipeWireFrames&) = delete;
     PipeWireFrames& operator=(const PipeWireFrames&) = delete;
 
-    // Starts receiving a node's pictures; returns the stream's index.
-    int connect(quint32 node);
+    // Starts receiving a node's pictures; returns the stream's index. With
+    // `framesPerSecond`, the desktop is asked for no more pictures a second
+    // than that.
+    int connect(quint32 node, int framesPerSecond = 0);
     // The stream's first picture newer than `after` (a sequence number;
     // 0 takes any), waiting up to `timeout`. Nothing on time-out or once
     // stopped; throws Error when the stream failed or ended.

@@ -500,7 +500,8 @@ QList<DisplayCapture> PortalScreenCapturer::castDisplays(const QList<DesktopScre
 }
 
 PortalScreenCapturer::DisplayCast PortalScreenCapturer::castDisplay(quint32 display,
-                                                                     PortalScreenCast::Cursor cursor)
+                                                                     PortalScreenCast::Cursor cursor,
+                                                                     int framesPerSecond)
 {
     const std::lock_guard lock(m_lock);
     const QList<DesktopScreen> known = screens();
@@ -534,7 +535,7 @@ PortalScreenCapturer::DisplayCast PortalScreenCapturer::castDisplay(quint32 disp
             const QStringList before = grant >= 0 ? grants[grant].screens : QStringList();
             for (qsizetype i = 0; i < result.cast->streams().size(); ++i) {
                 const PortalStream& stream = result.cast->streams()[i];
-                const int index = result.frames->connect(stream.node);
+                const int index = result.frames->connect(stream.node, framesPerSecond);
                 const auto frame = result.frames->next(index, 0, firstPictureTimeout);
                 if (!frame) {
                     throw Error(QStringLiteral("The screen cast sent no picture within %1 s.")

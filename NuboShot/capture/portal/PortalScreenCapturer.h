@@ -74,8 +74,10 @@ public:
     // Starts a cast that shows `display`, through a kept grant that showed
     // it before where there is one (asking nobody), else asking the desktop;
     // the grant is renewed and kept. Blocks until each stream's first
-    // picture. Throws CaptureError when the display is not granted.
-    DisplayCast castDisplay(quint32 display, PortalScreenCast::Cursor cursor);
+    // picture; at most `framesPerSecond` pictures a second. Throws
+    // CaptureError when the display is not granted.
+    DisplayCast castDisplay(quint32 display, PortalScreenCast::Cursor cursor,
+                            int framesPerSecond);
 
     // A display's id: stable for its name.
     static quint32 displayID(const QString& name);

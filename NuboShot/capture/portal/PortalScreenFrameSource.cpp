@@ -52,9 +52,10 @@ ScreenFrameGeometry PortalScreenFrameSource::open(const ScreenFrameRequest& requ
                                             : m_metadataCursor ? PortalScreenCast::Cursor::metadata
                                                                : PortalScreenCast::Cursor::embedded;
     stop();
-    m_cast = m_capturer->castDisplay(display.id, cursor);
+    m_cast = m_capturer->castDisplay(display.id, cursor, request.framesPerSecond);
     m_crop = captureRegion(display.space, on).pixelRect;
     m_taken = 0;
+    m_takenCount = 0;
     m_pending.reset();
     qCInfo(lcRecording, "Recording display %u through the screen cast, cursor %s", display.id,
            !request.showsCursor ? "hidden" : m_metadataCursor ? "from metadata" : "drawn in");
@@ -95,6 +96,7 @@ ScreenFrame PortalScreenFrameSource::capture()
     PipeWireFrames::Frame frame = std::move(*m_pending);
     m_pending.reset();
     m_taken = frame.sequence;
+    ++m_takenCount;
     const auto age = std::chrono::duration_cast<RecordingDuration>(
         std::chrono::steady_clock::now() - frame.arrived);
     QImage image = m_crop == frame.image.rect() ? frame.image : frame.image.copy(m_crop);
@@ -103,6 +105,10 @@ ScreenFrame PortalScreenFrameSource::capture()
 
 void PortalScreenFrameSource::stop()
 {
+    if (m_cast.frames) {
+        qCInfo(lcRecording, "Screen cast: %llu pictures sent, %llu taken",
+               static_cast<unsigned long long>(m_taken), static_cast<unsigned long long>(m_takenCount));
+    }
     m_pending.reset();
     m_cast.frames.reset(); // before the session its streams belong to
     m_cast.cast.reset();

@@ -37,6 +37,7 @@ private:
     bool m_metadataCursor = false;
     QRect m_crop; // in the stream's pixels
     quint64 m_taken = 0; // the sequence of the last picture taken
+    quint64 m_takenCount = 0;
     std::optional<PipeWireFrames::Frame> m_pending;
 };
 
