@@ -304,6 +304,10 @@ void RecordingSession::run(int generation, bool showsCursor)
         }
     } catch (const Error& error) {
         failure = error.message();
+        if (const auto* capture = dynamic_cast<const CaptureError*>(&error);
+            capture && !capture->detail().isEmpty()) {
+            failure += QStringLiteral(" (%1)").arg(capture->detail());
+        }
         qCWarning(lcRecording, "Recording stopped: %s", qPrintable(failure));
         stopAudio();
         const std::lock_guard lock(m_mutex);
@@ -311,8 +315,11 @@ void RecordingSession::run(int generation, bool showsCursor)
             return;
         }
         const auto* recordingError = dynamic_cast<const RecordingError*>(&error);
-        if (recordingError && recordingError->code() == RecordingError::Code::invalidAudio) {
-            // The sound could not go on; what was recorded until then is kept.
+        const bool writerBroke =
+            recordingError && recordingError->code() == RecordingError::Code::writerFailed;
+        if (!writerBroke && m_captured > 0) {
+            // The sound or the screen could not go on (a server gone, a
+            // window closed): what was recorded until then is kept.
             try {
                 const QString kept = m_writer->finish(now());
                 failure += QStringLiteral(" What was recorded until then is in “%1”.").arg(kept);

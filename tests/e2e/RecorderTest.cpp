@@ -295,6 +295,31 @@ TEST_F(Recorder, AWindowIsRecordedFromItsOwnPixelsEvenWhenCovered)
     }
 }
 
+// A window that closes while it is recorded ends the recording, and what was
+// recorded until then is kept and named, not thrown away.
+TEST_F(Recorder, AWindowClosedWhileRecordedKeepsWhatWasRecorded)
+{
+    const QPoint at = openCounter(QRect(200, 200, 400, 300));
+    ASSERT_GE(at.x(), 0);
+    ASSERT_TRUE(startRecording({"window", m_windowID, "--no-cursor"}));
+    QThread::msleep(1500); // recorded for a while
+    m_window.kill();
+    m_window.waitForFinished();
+    finished();
+    EXPECT_EQ(m_recorder.exitCode(), 1) << m_log.toStdString();
+    const auto kept = QRegularExpression(QStringLiteral("What was recorded until then is in “([^”]+)”"))
+                          .match(m_log);
+    ASSERT_TRUE(kept.hasMatch()) << m_log.toStdString();
+    const test::DecodedMovie movie = test::decodeMovie(kept.captured(1));
+    ASSERT_TRUE(movie.opened) << movie.error.toStdString();
+    EXPECT_EQ(QSize(movie.width, movie.height), QSize(400, 300));
+    EXPECT_GE(movie.frames.size(), 20) << "the recorded second and a half";
+    const QList<int> seen = counters(movie);
+    for (qsizetype i = 1; i < seen.size() - 1; ++i) {
+        EXPECT_GE(seen[i], seen[i - 1]) << "frame " << i;
+    }
+}
+
 TEST_F(Recorder, WithTheTrayRunningTheTrayRecordsOverTheBus)
 {
     const QPoint at = openCounter(QRect(100, 100, 400, 300));
