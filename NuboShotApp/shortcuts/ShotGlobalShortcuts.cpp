@@ -16,7 +16,11 @@ QStringList ShotGlobalShortcuts::actions()
 
 QString ShotGlobalShortcuts::title(const QString& action)
 {
-    switch (fromString<CaptureMode>(action).value_or(CaptureMode(-1))) {
+    const auto mode = fromString<CaptureMode>(action);
+    if (!mode) {
+        return QStringLiteral("Record Screen");
+    }
+    switch (*mode) {
     case CaptureMode::area:
         return QStringLiteral("Capture Area");
     case CaptureMode::window:
@@ -26,7 +30,7 @@ QString ShotGlobalShortcuts::title(const QString& action)
     case CaptureMode::scrolling:
         return QStringLiteral("Capture Scrolling");
     }
-    return QStringLiteral("Record Screen");
+    return {};
 }
 
 QString ShotGlobalShortcuts::command(const QString& action, const QString& program)

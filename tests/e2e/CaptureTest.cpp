@@ -1,6 +1,7 @@
 #include "capture/CaptureSelection.h"
 #include "capture/xcb/XcbRegionStream.h"
 #include "capture/xcb/XcbScreenCapturer.h"
+#include "support/LiveProcess.h"
 #include "support/Process.h"
 #include "support/QtPrinters.h"
 #include "support/RenderFixtures.h"
@@ -24,18 +25,7 @@
 namespace nubo {
 namespace {
 
-bool waitUntil(const std::function<bool()>& condition, int timeoutMs = 5000)
-{
-    const QDeadlineTimer deadline(timeoutMs);
-    while (!condition()) {
-        if (deadline.hasExpired()) {
-            return false;
-        }
-        QCoreApplication::processEvents();
-        QThread::msleep(20);
-    }
-    return true;
-}
+using test::settleUntil;
 
 // One real X client showing one window, closed when the test is done.
 class TestWindow {
@@ -120,7 +110,7 @@ TEST_F(Capture, OffersOnlyWindowsAUserWouldPick)
     TestWindow transparent(
         {"--geometry", "50x50+760+300", "--color", "00ff00", "--opacity", "0", "--title", "Clear"});
     ASSERT_TRUE(
-        waitUntil([&] { return isListed(capturer, normal.id) && isListed(capturer, eight.id); }));
+        settleUntil([&] { return isListed(capturer, normal.id) && isListed(capturer, eight.id); }));
 
     const QList<quint32> ids = pickable(capturer);
     EXPECT_TRUE(ids.contains(normal.id));
@@ -135,7 +125,7 @@ TEST_F(Capture, OffersOnlyWindowsAUserWouldPick)
     // The newest window is in front.
     TestWindow front(
         {"--geometry", "60x60+310+310", "--color", "ffff00", "--undecorated", "--title", "Front"});
-    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, front.id); }));
+    ASSERT_TRUE(settleUntil([&] { return isListed(capturer, front.id); }));
     const QList<quint32> order = pickable(capturer);
     EXPECT_LT(order.indexOf(front.id), order.indexOf(normal.id));
     // Previews for picking show the window itself.
@@ -158,9 +148,9 @@ TEST_F(Capture, CoveredWindowsShowTheirOwnPixels)
     // Without prepareWindowPixels(): the first window capture redirects the
     // windows itself and waits for them to be drawn.
     TestWindow below({"--geometry", "200x150+100+500", "--color", "ff0000", "--undecorated"});
-    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, below.id); }));
+    ASSERT_TRUE(settleUntil([&] { return isListed(capturer, below.id); }));
     TestWindow above({"--geometry", "200x150+150+550", "--color", "00ff00", "--undecorated"});
-    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, above.id); }));
+    ASSERT_TRUE(settleUntil([&] { return isListed(capturer, above.id); }));
     QThread::msleep(100);
 
     const WindowCapture capture = capturer.captureWindow(below.id);
@@ -178,10 +168,10 @@ TEST_F(Capture, AWindowThatIsGoneHasNoContent)
 {
     auto window = std::make_unique<TestWindow>(
         QStringList{"--geometry", "100x100+600+600", "--color", "0000ff"});
-    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, window->id); }));
+    ASSERT_TRUE(settleUntil([&] { return isListed(capturer, window->id); }));
     const quint32 id = window->id;
     window.reset();
-    ASSERT_TRUE(waitUntil([&] { return !isListed(capturer, id); }));
+    ASSERT_TRUE(settleUntil([&] { return !isListed(capturer, id); }));
     try {
         capturer.captureWindow(id);
         ADD_FAILURE() << "captured a closed window";
@@ -194,7 +184,7 @@ TEST_F(Capture, OurOwnWindowsNeverShow)
 {
     capturer.prepareWindowPixels(); // as the tray application does at start
     TestWindow under({"--geometry", "300x200+900+300", "--color", "ff0000", "--undecorated"});
-    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, under.id); }));
+    ASSERT_TRUE(settleUntil([&] { return isListed(capturer, under.id); }));
 
     // A window of this process, plainly visible over the red one.
     class Magenta : public QRasterWindow {
@@ -208,7 +198,7 @@ TEST_F(Capture, OurOwnWindowsNeverShow)
     ours.setGeometry(950, 350, 150, 100);
     ours.show();
     QScreen* screen = QGuiApplication::primaryScreen();
-    ASSERT_TRUE(waitUntil([&] {
+    ASSERT_TRUE(settleUntil([&] {
         return screen->grabWindow(0, 1000, 400, 1, 1).toImage().pixelColor(0, 0) ==
                QColor(255, 0, 255);
     })) << "our window never showed";
@@ -286,7 +276,7 @@ TEST_F(Capture, MonitorsAreDisplaysAndSpanningWindowsAreFree)
 
     // A window across both is captured whole, by itself.
     TestWindow across({"--geometry", "200x100+860+700", "--color", "00ffff", "--undecorated"});
-    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, across.id); }));
+    ASSERT_TRUE(settleUntil([&] { return isListed(capturer, across.id); }));
     QList<std::pair<quint32, QRectF>> bounds;
     for (const auto& m : capturer.displays()) {
         if (m.pixelGeometry.width() == 960) {
@@ -314,7 +304,7 @@ TEST_F(Capture, MonitorsAreDisplaysAndSpanningWindowsAreFree)
 TEST_F(Capture, RegionStreamsDeliverFramesUntilStopped)
 {
     TestWindow window({"--geometry", "200x100+40+700", "--color", "ff8000", "--undecorated"});
-    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, window.id); }));
+    ASSERT_TRUE(settleUntil([&] { return isListed(capturer, window.id); }));
     const ScreenSpace space = capturer.displays().first().space;
     const quint32 display = space.displayID;
     const ScreenCaptureRegion region = captureRegion(space, QRectF(60, 720, 100, 50));
@@ -340,7 +330,7 @@ TEST_F(Capture, RegionStreamsDeliverFramesUntilStopped)
 TEST_F(Capture, GrabCommandsWriteWhatIsOnScreen)
 {
     TestWindow window({"--geometry", "160x120+1200+600", "--color", "8000ff", "--undecorated"});
-    ASSERT_TRUE(waitUntil([&] { return isListed(capturer, window.id); }));
+    ASSERT_TRUE(settleUntil([&] { return isListed(capturer, window.id); }));
     QTemporaryDir dir;
     struct Case {
         QStringList arguments;
