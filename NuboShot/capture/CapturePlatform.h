@@ -23,6 +23,7 @@ struct CapturePlatformFeatures {
     bool globalShortcuts = false; // keys that work wherever the focus is
     bool recording = false;       // movies of the screen
     bool autoScroll = false;      // wheel turns sent to what the user scrolls
+    bool windowPicker = false;    // windows are picked in the desktop's own dialog
     bool operator==(const CapturePlatformFeatures&) const = default;
 };
 

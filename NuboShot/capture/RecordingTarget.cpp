@@ -2,6 +2,13 @@
 
 namespace nubo {
 
+CapturableWindow pickedWindow()
+{
+    CapturableWindow window;
+    window.title = QStringLiteral("the window picked in the desktop's dialog");
+    return window;
+}
+
 QRectF recordingTargetRect(const RecordingTarget& target)
 {
     if (const auto* d = std::get_if<RecordingTarget::Display>(&target.target)) {

@@ -24,6 +24,8 @@ struct RecordingTarget {
         QRectF globalRect;
         bool operator==(const Area&) const = default;
     };
+    // A window with id 0 is the one the user picks in the desktop's own
+    // dialog when the recording starts (its frame is unknown until then).
     struct Window {
         CapturableWindow window;
         bool operator==(const Window&) const = default;
@@ -31,6 +33,13 @@ struct RecordingTarget {
     std::variant<Display, Area, Window> target;
     bool operator==(const RecordingTarget&) const = default;
 };
+
+// The window the desktop's dialog picks when a recording starts.
+CapturableWindow pickedWindow();
+inline bool isPickedWindow(const CapturableWindow& window)
+{
+    return window.id == 0;
+}
 
 // The global rectangle (points) a target covers: an area within its display.
 QRectF recordingTargetRect(const RecordingTarget& target);

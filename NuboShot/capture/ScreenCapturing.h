@@ -24,6 +24,14 @@ public:
     virtual QList<DisplayCapture>
     captureDisplays(std::optional<quint32> display = std::nullopt) = 0;
     virtual WindowCapture captureWindow(quint32 windowID) = 0;
+    // A window the user picks in the desktop's own dialog, where the desktop
+    // lists its windows to nobody else (Wayland): its own pixels. Throws
+    // CaptureError (cancelled) when the user declines.
+    virtual WindowCapture pickWindow()
+    {
+        throw CaptureError(CaptureError::Code::noContent,
+                           QStringLiteral("this desktop has no window picker"));
+    }
     // One image of `region.pixelRect`'s size.
     virtual QImage captureRegion(quint32 display, const ScreenCaptureRegion& region) = 0;
 

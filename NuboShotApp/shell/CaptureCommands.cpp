@@ -30,7 +30,7 @@ namespace nubo::cli {
 namespace {
 
 const char* const grabHelp = R"(Usage: nuboshot grab fullscreen [--display ID] -o FILE
-       nuboshot grab window ID -o FILE
+       nuboshot grab window ID|pick -o FILE
        nuboshot grab region X,Y,WIDTH,HEIGHT -o FILE
 
 Captures the screen into an image file; the format follows the file's
@@ -39,6 +39,8 @@ extension (png, jpg, heic, webp). Nubo Shot's own windows never show.
   fullscreen   every display (or the one given by its id, see "nuboshot displays")
   window ID    one window with its frame, also where other windows cover it
                (ids as "nuboshot windows" lists them, decimal or 0x…)
+  window pick  the window chosen in the desktop's own dialog (Wayland desktops
+               that list their windows to no program)
   region       a rectangle in desktop pixels, on the display holding its corner
   --quality Q  lossy quality from 0 to 1 (default 0.9)
 )";
@@ -218,7 +220,9 @@ int runGrabCommand(const QStringList& arguments)
     request.display = display;
     request.quality = quality;
     request.output = QFileInfo(output).absoluteFilePath();
-    if (mode == QLatin1String("window")) {
+    if (mode == QLatin1String("window") && target == QLatin1String("pick")) {
+        request.mode = GrabRequest::Mode::pickedWindow;
+    } else if (mode == QLatin1String("window")) {
         const auto id = parseID(target);
         if (!id) {
             return usage(QStringLiteral("\u201c%1\u201d is not a window id").arg(target), help);

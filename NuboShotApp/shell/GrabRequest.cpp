@@ -62,6 +62,12 @@ QString GrabRequest::perform(ScreenCapturing& capturer) const
         density = capture.scale;
         break;
     }
+    case Mode::pickedWindow: {
+        const WindowCapture capture = capturer.pickWindow();
+        image = capture.image;
+        density = capture.scale;
+        break;
+    }
     case Mode::region: {
         QList<ScreenSpace> spaces;
         for (const CaptureDisplay& d : capturer.displays()) {
@@ -148,8 +154,9 @@ GrabRequest GrabOverBus::fromArguments(const QVariantList& a)
     GrabRequest r;
     bool ok = false;
     const int mode = a.value(0).toInt(&ok);
-    if (!ok || mode < 0 || mode > 2) {
-        refuse(QStringLiteral("%1 is not a grab mode (0 fullscreen, 1 window, 2 region)")
+    if (!ok || mode < 0 || mode > int(GrabRequest::Mode::pickedWindow)) {
+        refuse(QStringLiteral("%1 is not a grab mode (0 fullscreen, 1 window, 2 region, "
+                              "3 window picked by the desktop)")
                    .arg(a.value(0).toString()));
     }
     r.mode = GrabRequest::Mode(mode);

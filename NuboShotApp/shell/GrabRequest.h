@@ -16,7 +16,8 @@ namespace nubo {
 // Runs in the command's own process, or in the running tray instance, which
 // has everything warm already.
 struct GrabRequest {
-    enum class Mode { fullscreen, window, region };
+    // pickedWindow: the window the user picks in the desktop's own dialog.
+    enum class Mode { fullscreen, window, region, pickedWindow };
     Mode mode = Mode::fullscreen;
     std::optional<quint32> display; // fullscreen: one display
     quint32 window = 0;             // window: its id

@@ -41,13 +41,15 @@ bool isRecordingTargetWords(const QStringList& words)
         return words.size() == 2 && parseRect(words[1]).has_value();
     }
     bool ok = false;
-    return kind == QLatin1String("window") && words.size() == 2 && (words[1].toUInt(&ok, 0), ok);
+    return kind == QLatin1String("window") && words.size() == 2 &&
+           (words[1] == QLatin1String("pick") || (words[1].toUInt(&ok, 0), ok));
 }
 
 RecordingTarget recordingTarget(CapturePlatform& platform, const QStringList& words)
 {
     if (!isRecordingTargetWords(words)) {
-        throw Error(QStringLiteral("A recording takes display [ID], area X,Y,W,H or window ID."));
+        throw Error(QStringLiteral(
+            "A recording takes display [ID], area X,Y,W,H, window ID or window pick."));
     }
     const QList<CaptureDisplay> displays = platform.capturer()->displays();
     const QString& kind = words.first();
@@ -76,6 +78,13 @@ RecordingTarget recordingTarget(CapturePlatform& platform, const QStringList& wo
             }
         }
         throw CaptureError(CaptureError::Code::noContent);
+    }
+    if (words[1] == QLatin1String("pick")) {
+        if (!platform.features().windowPicker) {
+            throw Error(QStringLiteral("This desktop has no window picker of its own: name the "
+                                       "window by its id (see \u201cnuboshot windows\u201d)."));
+        }
+        return {RecordingTarget::Window{pickedWindow()}};
     }
     const quint32 id = words[1].toUInt(nullptr, 0);
     for (const CapturableWindow& w : platform.capturer()->listWindows(false).windows) {

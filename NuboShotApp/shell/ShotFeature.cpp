@@ -126,9 +126,15 @@ void ShotFeature::capture(CaptureMode mode)
     m_requested.start();
     // Fullscreen freezes only the display it takes: the one under the pointer.
     const QPoint pointer = QCursor::pos();
-    auto work = [capturer = m_platform->capturer(), mode, pointer]() {
+    const bool picker = mode == CaptureMode::window && m_platform->features().windowPicker;
+    auto work = [capturer = m_platform->capturer(), mode, pointer, picker]() {
         Frozen result;
         try {
+            if (picker) {
+                // The desktop lists its windows to nobody: its dialog picks.
+                result.picked = capturer->pickWindow();
+                return result;
+            }
             // X11 has no capture permission: a failing probe is whatever
             // went wrong (its own error, with its cause), never "permission
             // required". A backend with a real permission answers
@@ -181,6 +187,11 @@ void ShotFeature::frozen(CaptureMode mode, const Frozen& result)
     }
     if (!result.error.isEmpty()) {
         failed(result.error);
+        return;
+    }
+    if (result.picked) {
+        m_accepted.start();
+        finishCapture(result.picked->image, result.picked->scale);
         return;
     }
     if (mode == CaptureMode::fullscreen) {

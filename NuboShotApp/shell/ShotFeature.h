@@ -62,6 +62,7 @@ private:
     struct Frozen {
         QList<DisplayCapture> displays;
         QList<CapturableWindow> windows;
+        std::optional<WindowCapture> picked; // the window the desktop's dialog gave
         QString error; // empty on success
         bool cancelled = false;
     };

@@ -1,6 +1,7 @@
 #include "capture/portal/PortalCapturePlatform.h"
 
 #include "capture/portal/PortalRequest.h"
+#include "capture/portal/PortalScreenCast.h"
 #include "capture/portal/PortalScreenCapturer.h"
 #include "capture/portal/PortalScreenFrameSource.h"
 
@@ -23,6 +24,10 @@ CapturePlatformFeatures PortalCapturePlatform::features() const
     CapturePlatformFeatures features;
     features.modes = {CaptureMode::area, CaptureMode::fullscreen};
     features.recording = true;
+    if (PortalScreenCast::castsWindows()) {
+        features.modes.insert(1, CaptureMode::window);
+        features.windowPicker = true;
+    }
     return features;
 }
 

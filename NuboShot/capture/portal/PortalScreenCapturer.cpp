@@ -53,6 +53,24 @@ QPoint pixelOrigin(const QList<DesktopScreen>& screens, const DesktopScreen& scr
     return origin;
 }
 
+// A stream's picture once the desktop's dialog has gone: just after the
+// user answered it, its closing is still being drawn. A cast sends pictures
+// only when something was drawn, so the screen has settled when none came
+// for a moment; a screen that keeps changing is taken after a second.
+PipeWireFrames::Frame settledPicture(PipeWireFrames& frames, int stream, PipeWireFrames::Frame frame)
+{
+    constexpr std::chrono::milliseconds quiet{150};
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(1);
+    while (std::chrono::steady_clock::now() < deadline) {
+        std::optional<PipeWireFrames::Frame> newer = frames.next(stream, frame.sequence, quiet);
+        if (!newer) {
+            break;
+        }
+        frame = std::move(*newer);
+    }
+    return frame;
+}
+
 // One granted session's pictures.
 struct Taken {
     PortalStreamPicture picture;
@@ -202,6 +220,63 @@ WindowCapture PortalScreenCapturer::captureWindow(quint32 windowID)
     throw CaptureError(CaptureError::Code::noContent,
                        QStringLiteral("window %1: this desktop lists no windows to capture")
                            .arg(windowID));
+}
+
+PortalScreenCapturer::DisplayCast PortalScreenCapturer::castWindow(PortalScreenCast::Cursor cursor,
+                                                                    int framesPerSecond)
+{
+    if (!PortalScreenCast::castsWindows()) {
+        throw CaptureError(CaptureError::Code::noContent,
+                           QStringLiteral("this desktop casts no single windows"));
+    }
+    DisplayCast result;
+    PortalScreenCast::Options options;
+    options.multiple = false;
+    options.cursor = cursor;
+    options.source = PortalScreenCast::Source::window;
+    result.cast = std::make_unique<PortalScreenCast>(options);
+    result.frames = std::make_unique<PipeWireFrames>(result.cast->openPipeWireRemote());
+    result.stream = result.frames->connect(result.cast->streams().constFirst().node, framesPerSecond);
+    if (!result.frames->next(result.stream, 0, firstPictureTimeout)) {
+        throw Error(QStringLiteral("The window's cast sent no picture within %1 s.")
+                        .arg(firstPictureTimeout.count()));
+    }
+    return result;
+}
+
+double PortalScreenCapturer::windowScale()
+{
+    // A window's stream says nothing of its scale (GNOME gives the size of
+    // the largest picture it may send): the screens' scale, where they share one.
+    QList<DesktopScreen> known;
+    {
+        const std::lock_guard lock(m_lock);
+        known = screens();
+    }
+    double scale = known.isEmpty() ? 1 : known.constFirst().scale;
+    for (const DesktopScreen& screen : std::as_const(known)) {
+        if (screen.scale != scale) {
+            return 1;
+        }
+    }
+    return scale;
+}
+
+WindowCapture PortalScreenCapturer::pickWindow()
+{
+    QElapsedTimer clock;
+    clock.start();
+    DisplayCast cast = castWindow(PortalScreenCast::Cursor::hidden, 0);
+    const auto frame = cast.frames->next(cast.stream, 0, std::chrono::milliseconds(0));
+    if (!frame) {
+        throw Error(QStringLiteral("The window's cast ended before its first picture."));
+    }
+    const double scale = windowScale();
+    qCInfo(lcCapture, "Window picked by the desktop: %d×%d pixels at scale %.2f in %lld ms",
+           frame->image.width(), frame->image.height(), scale,
+           static_cast<long long>(clock.elapsed()));
+    cast.frames.reset(); // before the session its stream belongs to
+    return {xPixelsToRgba(frame->image, false), float(scale)};
 }
 
 void PortalScreenCapturer::prepareWindowPixels()
@@ -378,10 +453,13 @@ QList<DisplayCapture> PortalScreenCapturer::castDisplays(const QList<DesktopScre
         }
         const QStringList before = grant >= 0 ? grants[grant].screens : QStringList();
         for (qsizetype i = 0; i < streams.size(); ++i) {
-            const auto frame = frames->next(streams[i], 0, firstPictureTimeout);
+            auto frame = frames->next(streams[i], 0, firstPictureTimeout);
             if (!frame) {
                 throw Error(QStringLiteral("The screen cast sent no picture within %1 s.")
                                 .arg(firstPictureTimeout.count()));
+            }
+            if (grant < 0) {
+                frame = settledPicture(*frames, streams[i], std::move(*frame));
             }
             const PortalStream& stream = cast->streams()[i];
             taken.append({{stream.position, stream.size, frame->image.size(), before.value(i)},
@@ -536,10 +614,13 @@ PortalScreenCapturer::DisplayCast PortalScreenCapturer::castDisplay(quint32 disp
             for (qsizetype i = 0; i < result.cast->streams().size(); ++i) {
                 const PortalStream& stream = result.cast->streams()[i];
                 const int index = result.frames->connect(stream.node, framesPerSecond);
-                const auto frame = result.frames->next(index, 0, firstPictureTimeout);
+                auto frame = result.frames->next(index, 0, firstPictureTimeout);
                 if (!frame) {
                     throw Error(QStringLiteral("The screen cast sent no picture within %1 s.")
                                     .arg(firstPictureTimeout.count()));
+                }
+                if (grant < 0) {
+                    frame = settledPicture(*result.frames, index, std::move(*frame));
                 }
                 pictures.append({stream.position, stream.size, frame->image.size(), before.value(i)});
             }

@@ -47,7 +47,8 @@ void savePortalGrants(const QList<PortalGrant>& grants);
 // once more per capture. Where the desktop offers no screen casts, or they
 // fail for reasons of its own (not the user's "no"), the Screenshot portal
 // takes one picture of the whole desktop, cut into the screens. The
-// desktop's own window list is not reachable: window captures fail as such.
+// desktop's own window list is not reachable: where it casts windows, the
+// user picks one in its dialog.
 class PortalScreenCapturer : public ScreenCapturing {
 public:
     using ScreenLookup = std::function<QList<DesktopScreen>()>;
@@ -65,6 +66,7 @@ public:
     WindowCaptureSnapshot listWindows(bool withPreviews) override;
     QList<DisplayCapture> captureDisplays(std::optional<quint32> display = std::nullopt) override;
     WindowCapture captureWindow(quint32 windowID) override;
+    WindowCapture pickWindow() override;
     QImage captureRegion(quint32 display, const ScreenCaptureRegion& region) override;
     void probe() override;
     // The tray asks at start: from now on the casts of stills keep running,
@@ -78,6 +80,14 @@ public:
     // CaptureError when the display is not granted.
     DisplayCast castDisplay(quint32 display, PortalScreenCast::Cursor cursor,
                             int framesPerSecond);
+
+    // Starts a cast of the window the user picks in the desktop's dialog
+    // (asked every time: no grant is kept). Blocks until its first picture.
+    // Throws CaptureError (cancelled) when the user declines.
+    DisplayCast castWindow(PortalScreenCast::Cursor cursor, int framesPerSecond);
+    // The scale of a window's picture: the one every screen shares, 1 when
+    // they differ.
+    double windowScale();
 
     // A display's id: stable for its name.
     static quint32 displayID(const QString& name);

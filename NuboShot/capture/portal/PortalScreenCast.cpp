@@ -63,6 +63,12 @@ uint PortalScreenCast::cursorModes()
     return portal::property(screenCast, QStringLiteral("AvailableCursorModes")).toUInt();
 }
 
+bool PortalScreenCast::castsWindows()
+{
+    return (portal::property(screenCast, QStringLiteral("AvailableSourceTypes")).toUInt() &
+            uint(Source::window)) != 0;
+}
+
 PortalScreenCast::PortalScreenCast(const Options& options)
 {
     const uint version = portal::interfaceVersion(screenCast);
@@ -77,7 +83,7 @@ PortalScreenCast::PortalScreenCast(const Options& options)
     if (m_session.isEmpty()) {
         throw Error(QStringLiteral("The desktop portal made no screen-cast session."));
     }
-    QVariantMap select{{QStringLiteral("types"), 1u}, // monitors
+    QVariantMap select{{QStringLiteral("types"), uint(options.source)},
                        {QStringLiteral("multiple"), options.multiple}};
     const uint cursors = cursorModes();
     uint cursor = uint(options.cursor);
@@ -87,7 +93,7 @@ PortalScreenCast::PortalScreenCast(const Options& options)
     if (cursor != 0 && version >= 2) {
         select.insert(QStringLiteral("cursor_mode"), cursor);
     }
-    if (version >= 4) {
+    if (version >= 4 && options.source == Source::monitor) {
         // Kept until the user takes it back: later sessions ask nobody.
         select.insert(QStringLiteral("persist_mode"), 2u);
         if (!options.restoreToken.isEmpty()) {
@@ -104,7 +110,9 @@ PortalScreenCast::PortalScreenCast(const Options& options)
     m_restoreToken = started.value(QStringLiteral("restore_token")).toString();
     if (m_streams.isEmpty()) {
         throw CaptureError(CaptureError::Code::noContent,
-                           QStringLiteral("the desktop granted no screen"));
+                           options.source == Source::window
+                               ? QStringLiteral("the desktop granted no window")
+                               : QStringLiteral("the desktop granted no screen"));
     }
     for (const PortalStream& s : std::as_const(m_streams)) {
         qCInfo(lcCapture, "Screen-cast stream %u at %s, %s", s.node,

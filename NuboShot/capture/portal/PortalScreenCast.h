@@ -24,11 +24,15 @@ struct PortalStream {
 class PortalScreenCast {
 public:
     enum class Cursor { hidden = 1, embedded = 2, metadata = 4 };
+    enum class Source { monitor = 1, window = 2 };
     struct Options {
         bool multiple = true;
         Cursor cursor = Cursor::hidden;
         // A grant kept from an earlier session; empty asks the user.
         QString restoreToken;
+        // Windows are picked in the desktop's dialog each time, and no
+        // grant is kept for them.
+        Source source = Source::monitor;
     };
 
     // Creates, selects and starts the session. Throws CaptureError when
@@ -44,6 +48,8 @@ public:
     const QString& restoreToken() const { return m_restoreToken; }
     // The cursor modes the desktop offers (Cursor bits).
     static uint cursorModes();
+    // Whether the desktop casts single windows, picked in its own dialog.
+    static bool castsWindows();
     // A descriptor of the PipeWire connection that sees this session's
     // streams; the caller owns it.
     int openPipeWireRemote();

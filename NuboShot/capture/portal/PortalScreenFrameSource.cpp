@@ -41,9 +41,10 @@ ScreenFrameGeometry PortalScreenFrameSource::open(const ScreenFrameRequest& requ
             throw CaptureError(CaptureError::Code::noContent,
                                QStringLiteral("the area lies outside its display"));
         }
-    } else {
+    } else if (!isPickedWindow(std::get<RecordingTarget::Window>(request.target.target).window)) {
         throw CaptureError(CaptureError::Code::noContent,
-                           QStringLiteral("this desktop lists no windows to record"));
+                           QStringLiteral("this desktop lists its windows to no program: its "
+                                          "own dialog picks the window to record"));
     }
     const uint modes = PortalScreenCast::cursorModes();
     m_metadataCursor =
@@ -52,11 +53,27 @@ ScreenFrameGeometry PortalScreenFrameSource::open(const ScreenFrameRequest& requ
                                             : m_metadataCursor ? PortalScreenCast::Cursor::metadata
                                                                : PortalScreenCast::Cursor::embedded;
     stop();
-    m_cast = m_capturer->castDisplay(display.id, cursor, request.framesPerSecond);
-    m_crop = captureRegion(display.space, on).pixelRect;
     m_taken = 0;
     m_takenCount = 0;
     m_pending.reset();
+    if (std::holds_alternative<RecordingTarget::Window>(request.target.target)) {
+        // The whole picture, whatever size the window takes later (the
+        // writer scales each picture to the movie's size).
+        m_cast = m_capturer->castWindow(cursor, request.framesPerSecond);
+        if (!receive(firstPicture)) {
+            throw Error(QStringLiteral("The window's cast sent no picture within %1 s.")
+                            .arg(firstPicture.count()));
+        }
+        const QImage& first = m_pending->image;
+        const double scale = m_capturer->windowScale();
+        m_crop = QRect();
+        qCInfo(lcRecording, "Recording a window picked by the desktop, %d×%d pixels, cursor %s",
+               first.width(), first.height(),
+               !request.showsCursor ? "hidden" : m_metadataCursor ? "from metadata" : "drawn in");
+        return {QSizeF(first.size()) / scale, scale};
+    }
+    m_cast = m_capturer->castDisplay(display.id, cursor, request.framesPerSecond);
+    m_crop = captureRegion(display.space, on).pixelRect;
     qCInfo(lcRecording, "Recording display %u through the screen cast, cursor %s", display.id,
            !request.showsCursor ? "hidden" : m_metadataCursor ? "from metadata" : "drawn in");
     return {on.size(), display.space.scale};
@@ -99,7 +116,8 @@ ScreenFrame PortalScreenFrameSource::capture()
     ++m_takenCount;
     const auto age = std::chrono::duration_cast<RecordingDuration>(
         std::chrono::steady_clock::now() - frame.arrived);
-    QImage image = m_crop == frame.image.rect() ? frame.image : frame.image.copy(m_crop);
+    QImage image = m_crop.isNull() || m_crop == frame.image.rect() ? frame.image
+                                                                    : frame.image.copy(m_crop);
     return {image, m_request.clock() - age};
 }
 

@@ -1,0 +1,269 @@
+// The program on GNOME: its shell headless with GNOME's portal backend
+// (scripts/headless-session --gnome). The portal's "Screen Share" dialog is
+// answered with real input, and pictures are checked against the
+// compositor's own (tests/support/MutterDesktop.cpp).
+#include "support/MovieDecoder.h"
+#include "support/Process.h"
+#include "support/QtPrinters.h"
+
+#include <QColorSpace>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <gtest/gtest.h>
+
+namespace nubo {
+namespace {
+
+constexpr QRgb dialogBody = 0xfffafafa; // the dialog's background
+constexpr QRgb listRow = 0xffffffff;    // a row of its list
+constexpr int topBar = 32;              // the shell's bar: a clock, and an icon while casting
+
+bool bluish(QRgb pixel)
+{
+    return qBlue(pixel) > 0xc0 && qBlue(pixel) - qRed(pixel) > 0x30;
+}
+
+// A picture as read from a file, in 32-bit pixels, without the colour space
+// our PNGs name (QImage's == would compare it).
+QImage pixels(const QString& file)
+{
+    QImage image = QImage(file).convertToFormat(QImage::Format_RGB32);
+    image.setColorSpace(QColorSpace());
+    return image;
+}
+
+// Where a picture lies in a larger one, pixel for pixel; nothing where it
+// does not.
+std::optional<QPoint> findIn(const QImage& whole, const QImage& part)
+{
+    for (int y = 0; y + part.height() <= whole.height(); ++y) {
+        for (int x = 0; x + part.width() <= whole.width(); ++x) {
+            if (whole.pixel(x, y) != part.pixel(0, 0)) {
+                continue;
+            }
+            if (whole.copy(x, y, part.width(), part.height()) == part) {
+                return QPoint(x, y);
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+class Gnome : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_EQ(qEnvironmentVariable("XDG_CURRENT_DESKTOP"), QStringLiteral("GNOME"))
+            << "runs in scripts/headless-session --gnome";
+        ASSERT_TRUE(m_dir.isValid());
+        // The shell starts in its overview: a user leaves it with Escape.
+        ASSERT_TRUE(desktop({"key", "Escape", "wait", "400"}));
+    }
+
+    // Steps of tests/support/MutterDesktop.cpp, done as a user would.
+    static bool desktop(const QStringList& steps)
+    {
+        QProcess p;
+        p.start(QStringLiteral(NUBOSHOT_MUTTER_DESKTOP), steps);
+        if (!p.waitForFinished(20000) || p.exitCode() != 0) {
+            ADD_FAILURE() << "test-mutter-desktop " << steps.join(u' ').toStdString() << ": "
+                          << p.readAllStandardError().toStdString();
+            return false;
+        }
+        return true;
+    }
+
+    // The monitor as the compositor draws it, the pointer left out.
+    QImage screen()
+    {
+        const QString file = m_dir.filePath(QStringLiteral("screen.png"));
+        QFile::remove(file);
+        desktop({"grab", file});
+        return pixels(file);
+    }
+
+    // Waits for the portal's dialog, picks the first entry of its list and
+    // presses Share (or Cancel). False when no dialog came.
+    bool answerScreenShare(bool share = true)
+    {
+        QElapsedTimer waited;
+        waited.start();
+        while (waited.elapsed() < 15000) {
+            const QImage now = screen();
+            // The dialog's body: the run of its background across the middle.
+            const int middle = now.width() / 2;
+            int bodyTop = -1;
+            for (int y = topBar; y < now.height() && bodyTop < 0; ++y) {
+                if (now.pixel(middle, y) == dialogBody && now.pixel(middle - 200, y) == dialogBody) {
+                    bodyTop = y;
+                }
+            }
+            int row = -1;
+            for (int y = std::max(bodyTop, 0); bodyTop >= 0 && y < now.height() && row < 0; ++y) {
+                row = now.pixel(middle, y) == listRow ? y : -1;
+            }
+            if (bodyTop < 0 || row < 0) {
+                QThread::msleep(100);
+                continue;
+            }
+            // Its header bar above: Cancel on the left, the blue Share on the right.
+            const int header = bodyTop - 24;
+            int right = -1, left = -1;
+            for (int x = now.width() - 1; x > middle && right < 0; --x) {
+                right = bluish(now.pixel(x, header)) ? x : -1;
+            }
+            for (int x = 0; x < middle && left < 0; ++x) {
+                left = qGray(now.pixel(x, header)) > 0xc0 ? x : -1;
+            }
+            if (right < 0 || left < 0) {
+                ADD_FAILURE() << "the dialog at " << bodyTop << " has no Share button";
+                now.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-dialog.png"));
+                return false;
+            }
+            const QString y = QString::number(header);
+            const QStringList choose{"at", QString::number(middle - 40), QString::number(row + 20),
+                                     "wait", "150", "at", QString::number(middle),
+                                     QString::number(row + 25), "wait", "150", "click",
+                                     "wait", "300"};
+            const QStringList press{"at", QString::number(share ? right - 30 : left + 30), y,
+                                    "wait", "150", "click", "wait", "200"};
+            return desktop(share ? choose + press : press);
+        }
+        screen().save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-no-dialog.png"));
+        ADD_FAILURE() << "the desktop's Screen Share dialog did not come";
+        return false;
+    }
+
+    static std::unique_ptr<QProcess> nuboshot(const QStringList& arguments)
+    {
+        auto p = std::make_unique<QProcess>();
+        p->start(QStringLiteral(NUBOSHOT_BINARY), arguments);
+        EXPECT_TRUE(p->waitForStarted());
+        return p;
+    }
+    static QString finished(QProcess& p, int exitCode = 0)
+    {
+        EXPECT_TRUE(p.waitForFinished(30000)) << "nuboshot did not end";
+        const QString err = QString::fromUtf8(p.readAllStandardError());
+        EXPECT_EQ(p.exitCode(), exitCode) << err.toStdString();
+        return err;
+    }
+
+    std::unique_ptr<QProcess> counterWindow(bool still)
+    {
+        auto counter = std::make_unique<QProcess>();
+        QStringList arguments{"--at", "400x300+100+100"};
+        if (still) {
+            arguments << "--still";
+        }
+        counter->start(QStringLiteral(NUBOSHOT_TEST_COUNTER_WINDOW), arguments);
+        EXPECT_TRUE(counter->waitForReadyRead(10000)) << "the counter window did not open";
+        return counter;
+    }
+
+    QTemporaryDir m_dir;
+};
+
+TEST_F(Gnome, StillsAskOnceThenComeFromTheKeptGrant)
+{
+    const auto counter = counterWindow(true);
+    const QString first = m_dir.filePath(QStringLiteral("first.png"));
+    const auto asked = nuboshot({"grab", "fullscreen", "-o", first});
+    ASSERT_TRUE(answerScreenShare());
+    finished(*asked);
+    const QImage truth = screen();
+    const QRect compared(0, topBar, truth.width(), truth.height() - topBar);
+    const auto same = [&](const QString& file, const QImage& expected) {
+        const QImage taken = pixels(file).copy(compared);
+        if (taken != expected.copy(compared)) {
+            const QString name = QFileInfo(file).completeBaseName();
+            taken.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-%1.png").arg(name));
+            expected.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-%1-expected.png").arg(name));
+            QString where;
+            for (int y = 0; y < taken.height() && where.isEmpty(); ++y) {
+                for (int x = 0; x < taken.width() && where.isEmpty(); ++x) {
+                    if (taken.pixel(x, y) != expected.pixel(x, y + topBar)) {
+                        where = QStringLiteral("%1,%2").arg(x).arg(y + topBar);
+                    }
+                }
+            }
+            ADD_FAILURE() << name.toStdString() << " differs from the compositor's picture at "
+                          << where.toStdString();
+        }
+    };
+    same(first, truth);
+
+    // The grant was remembered: the second still asks nobody.
+    const QString second = m_dir.filePath(QStringLiteral("second.png"));
+    const auto kept = nuboshot({"grab", "fullscreen", "-o", second});
+    finished(*kept);
+    same(second, screen());
+}
+
+TEST_F(Gnome, AWindowIsPickedInTheDesktopsDialog)
+{
+    const auto counter = counterWindow(true);
+    const QString file = m_dir.filePath(QStringLiteral("window.png"));
+    const auto grab = nuboshot({"grab", "window", "pick", "-o", file});
+    ASSERT_TRUE(answerScreenShare());
+    finished(*grab);
+    const QImage window = pixels(file);
+    // The window's own pixels, at its size, where the desktop shows it.
+    EXPECT_EQ(window.size(), QSize(400, 300));
+    // (once the dialog over it has faded out)
+    QImage shown;
+    QElapsedTimer waited;
+    waited.start();
+    std::optional<QPoint> at;
+    while (!at && waited.elapsed() < 5000) {
+        shown = screen();
+        at = findIn(shown, window);
+    }
+    if (!at) {
+        window.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-window.png"));
+        shown.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-window-screen.png"));
+        ADD_FAILURE() << "the picture is not the window's";
+    }
+
+    // Cancel in the dialog: nothing written, and the command says so.
+    const QString declined = m_dir.filePath(QStringLiteral("declined.png"));
+    const auto cancelled = nuboshot({"grab", "window", "pick", "-o", declined});
+    ASSERT_TRUE(answerScreenShare(false));
+    const QString err = finished(*cancelled, 1);
+    EXPECT_TRUE(err.contains(QStringLiteral("cancelled"))) << err.toStdString();
+    EXPECT_FALSE(QFile::exists(declined));
+}
+
+TEST_F(Gnome, AWindowPickedForARecordingHoldsEveryPaintInOrder)
+{
+    const auto counter = counterWindow(false);
+    const QString folder = m_dir.filePath(QStringLiteral("movies"));
+    const auto record =
+        nuboshot({"record", "window", "pick", "--duration", "2", "--no-cursor", "-o", folder});
+    ASSERT_TRUE(answerScreenShare());
+    finished(*record);
+    const test::DecodedMovie movie =
+        test::decodeMovie(QString::fromUtf8(record->readAllStandardOutput()).trimmed());
+    ASSERT_TRUE(movie.opened) << movie.error.toStdString();
+    EXPECT_EQ(QSize(movie.width, movie.height), QSize(400, 300));
+    QList<int> seen;
+    for (const QImage& frame : movie.frames) {
+        seen.append(test::readCounter(frame, QPoint(16, 16)));
+    }
+    ASSERT_GE(seen.size(), 30) << "a changing window gave few pictures";
+    qsizetype disorder = 0;
+    for (qsizetype i = 1; i < seen.size(); ++i) {
+        disorder += seen[i] < seen[i - 1] ? 1 : 0;
+    }
+    EXPECT_EQ(disorder, 0);
+    EXPECT_GT(seen.last(), seen.first());
+}
+
+} // namespace
+} // namespace nubo
