@@ -48,8 +48,21 @@ void ShotCaptureOverlay::setWindowPicking(bool on)
     update();
 }
 
-QString ShotCaptureOverlay::instruction(Mode mode, bool recording, bool windowPicking)
+void ShotCaptureOverlay::setDesktopPicksWindows(bool on)
 {
+    m_desktopPicks = on;
+    update();
+}
+
+QString ShotCaptureOverlay::instruction(Mode mode, bool recording, bool windowPicking,
+                                        bool desktopPicks)
+{
+    if (windowPicking && desktopPicks && mode != Mode::scrolling) {
+        return recording ? QStringLiteral("Drag an area to record \u00b7 Click or F: Whole Screen "
+                                          "\u00b7 Space: Pick a Window \u00b7 Esc: Cancel")
+                         : QStringLiteral("Drag to capture \u00b7 Space: Pick a Window \u00b7 "
+                                          "Esc: Cancel");
+    }
     if (!windowPicking && mode != Mode::scrolling) {
         return recording ? QStringLiteral("Drag an area to record \u00b7 Click or F: Whole Screen "
                                           "\u00b7 Esc: Cancel")
@@ -224,7 +237,7 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
                   .arg(pixel.name(QColor::HexRgb).toUpper()));
     }
     // The instruction line, always at the top centre.
-    const QString hint = instruction(m_mode, isRecording(), m_windowPicking);
+    const QString hint = instruction(m_mode, isRecording(), m_windowPicking, m_desktopPicks);
     const double hintWidth = painter.fontMetrics().horizontalAdvance(hint) + 12;
     label(QRectF((width() - hintWidth) / 2, 40, hintWidth, 20), hint);
 }
@@ -319,7 +332,9 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
         emit cancelled();
         return;
     case Qt::Key_Space:
-        if (m_mode != Mode::scrolling && m_windowPicking) { // a scrolling area is always dragged
+        if (m_mode != Mode::scrolling && m_windowPicking && m_desktopPicks) {
+            accept({ShotCaptureSelection::Window{m_display.id, pickedWindow()}});
+        } else if (m_mode != Mode::scrolling && m_windowPicking) { // a scrolling area is always dragged
             emit modeToggled(m_mode == Mode::area ? Mode::window : Mode::area);
         }
         return;

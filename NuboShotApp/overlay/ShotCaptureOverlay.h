@@ -58,9 +58,14 @@ public:
     // Whether Space switches to picking windows: not where the desktop
     // lets no program point at its windows (Wayland through the portals).
     void setWindowPicking(bool on);
+    // Whether Space hands the choice of a window to the desktop's own dialog
+    // at once (the desktop lists its windows to nobody): the answer is a
+    // window with id 0, picked when the capture or recording starts.
+    void setDesktopPicksWindows(bool on);
 
     // The instruction line of a mode, in either variant.
-    static QString instruction(Mode mode, bool recording = false, bool windowPicking = true);
+    static QString instruction(Mode mode, bool recording = false, bool windowPicking = true,
+                               bool desktopPicks = false);
     // The corner handle a point grabs: within handleReach on both axes, the
     // nearest, ties in the order top-left, top-right, bottom-right, bottom-left.
     static std::optional<ResizeHandle> cornerAt(const QRectF& selection, QPointF point);
@@ -96,6 +101,7 @@ private:
     QList<CapturableWindow> m_windows;
     Mode m_mode;
     bool m_windowPicking = true;
+    bool m_desktopPicks = false;
     std::optional<CaptureDisplay> m_recording;
     std::optional<QRectF> m_selection;
     std::optional<QPointF> m_dragStart;

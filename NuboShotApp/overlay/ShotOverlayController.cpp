@@ -61,6 +61,7 @@ void ShotOverlayController::show(const QList<DisplayCapture>& displays,
         }
         auto* overlay = new ShotCaptureOverlay(display, windows, overlayMode, recording);
         overlay->setWindowPicking(m_windowPicking);
+        overlay->setDesktopPicksWindows(m_desktopPicks);
         m_overlays.append(overlay);
         connect(overlay, &ShotCaptureOverlay::shown, this, [this] {
             if (!std::exchange(m_shown, true)) {

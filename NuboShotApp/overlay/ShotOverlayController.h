@@ -27,6 +27,8 @@ public:
                           const QList<CapturableWindow>& windows);
     // Whether the overlays offer picking windows (Space); on by default.
     void setWindowPicking(bool on) { m_windowPicking = on; }
+    // Whether the desktop's own dialog picks windows (Space answers at once).
+    void setDesktopPicksWindows(bool on) { m_desktopPicks = on; }
     // Closes the overlays without an answer.
     void cancel() { finish(); }
     bool isPresenting() const { return !m_overlays.isEmpty(); }
@@ -46,6 +48,7 @@ private:
     QList<QPointer<ShotCaptureOverlay>> m_overlays;
     bool m_shown = false;
     bool m_windowPicking = true;
+    bool m_desktopPicks = false;
 };
 
 } // namespace nubo

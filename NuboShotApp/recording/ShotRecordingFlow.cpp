@@ -55,9 +55,11 @@ ShotRecordingFlow::ShotRecordingFlow(std::shared_ptr<CapturePlatform> platform,
                 } else if (const auto* a = std::get_if<RecordingTarget::Area>(&target.target)) {
                     display = a->display.space.globalFrame;
                 } else {
+                    const auto& window = std::get<RecordingTarget::Window>(target.target).window;
                     const QPointF centre = recordingTargetRect(target).center();
                     for (const ShotCaptureOverlay* o : m_overlay->overlays()) {
-                        if (o->display().space.globalFrame.contains(centre)) {
+                        if (o->display().space.globalFrame.contains(centre) ||
+                            (isPickedWindow(window) && display.isEmpty())) {
                             display = o->display().space.globalFrame;
                         }
                     }
@@ -279,6 +281,7 @@ void ShotRecordingFlow::recordScreen()
 
 void ShotRecordingFlow::frozen(const Frozen& result)
 {
+    m_overlay->setDesktopPicksWindows(m_platform->features().windowPicker);
     if (m_phase != Phase::framing) {
         return; // cancelled meanwhile
     }
@@ -334,9 +337,17 @@ void ShotRecordingFlow::choose(const RecordingTarget& target, const QRectF& disp
         }
         return 1.0;
     }();
-    const QString size = QStringLiteral("%1 \u00d7 %2")
-                             .arg(qRound(m_targetRect.width() * scale))
-                             .arg(qRound(m_targetRect.height() * scale));
+    const auto* window = std::get_if<RecordingTarget::Window>(&target.target);
+    const bool picked = window && isPickedWindow(window->window);
+    if (picked) {
+        // Unknown until the desktop's dialog picks it: the bar and the
+        // camera go by the display.
+        m_targetRect = m_displayRect;
+    }
+    const QString size = picked ? QStringLiteral("window picked at the start")
+                                : QStringLiteral("%1 \u00d7 %2")
+                                      .arg(qRound(m_targetRect.width() * scale))
+                                      .arg(qRound(m_targetRect.height() * scale));
     m_options = new ShotRecordingOptionsBar(m_preferences, capabilities, size);
     connect(m_options, &ShotRecordingOptionsBar::startRequested, this, &ShotRecordingFlow::begin);
     connect(m_options, &ShotRecordingOptionsBar::cancelled, this, &ShotRecordingFlow::cancel);
@@ -420,14 +431,19 @@ void ShotRecordingFlow::startNow(const RecordingTarget& target, const RecordingO
     m_target = target;
     m_targetRect = recordingTargetRect(target);
     m_displayRect = m_targetRect;
+    const auto* window = std::get_if<RecordingTarget::Window>(&target.target);
     try {
         for (const CaptureDisplay& d : m_platform->capturer()->displays()) {
-            if (d.space.globalFrame.contains(m_targetRect.center())) {
+            if (d.space.globalFrame.contains(m_targetRect.center()) ||
+                (window && isPickedWindow(window->window) && d.primary)) {
                 m_displayRect = d.space.globalFrame;
             }
         }
     } catch (const Error&) {
         // The bar then goes at the target's own edge.
+    }
+    if (window && isPickedWindow(window->window)) {
+        m_targetRect = m_displayRect; // its frame is the desktop's to know
     }
     m_startPressed.start();
     setCamera(options);

@@ -104,6 +104,20 @@ ShotEditorWindow* ShotFeature::openEditor(ShotDocument document)
     return editor;
 }
 
+ShotFeature::Frozen ShotFeature::pickedFromDesktop(ScreenCapturing& capturer)
+{
+    Frozen result;
+    try {
+        result.picked = capturer.pickWindow();
+    } catch (const CaptureError& error) {
+        result.cancelled = error.code() == CaptureError::Code::cancelled;
+        result.error = error.message();
+    } catch (const Error& error) {
+        result.error = error.message();
+    }
+    return result;
+}
+
 void ShotFeature::capture(CaptureMode mode)
 {
     Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
@@ -128,13 +142,12 @@ void ShotFeature::capture(CaptureMode mode)
     const QPoint pointer = QCursor::pos();
     const bool picker = mode == CaptureMode::window && m_platform->features().windowPicker;
     auto work = [capturer = m_platform->capturer(), mode, pointer, picker]() {
+        if (picker) {
+            // The desktop lists its windows to nobody: its dialog picks.
+            return pickedFromDesktop(*capturer);
+        }
         Frozen result;
         try {
-            if (picker) {
-                // The desktop lists its windows to nobody: its dialog picks.
-                result.picked = capturer->pickWindow();
-                return result;
-            }
             // X11 has no capture permission: a failing probe is whatever
             // went wrong (its own error, with its cause), never "permission
             // required". A backend with a real permission answers
@@ -202,12 +215,26 @@ void ShotFeature::frozen(CaptureMode mode, const Frozen& result)
     }
     m_frozen = result.displays;
     m_overlay->setWindowPicking(isOffered(CaptureMode::window));
+    m_overlay->setDesktopPicksWindows(m_platform->features().windowPicker);
     m_overlay->present(result.displays, result.windows, mode);
 }
 
 void ShotFeature::framed(const ShotCaptureSelection& selection)
 {
     const QList<DisplayCapture> frozen = std::exchange(m_frozen, {});
+    if (const auto* w = std::get_if<ShotCaptureSelection::Window>(&selection.framing);
+        w && isPickedWindow(w->window)) {
+        // Space on the overlay: the desktop's dialog picks the window.
+        auto* watcher = new QFutureWatcher<Frozen>(this);
+        connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
+            watcher->deleteLater();
+            this->frozen(CaptureMode::window, watcher->result());
+        });
+        watcher->setFuture(QtConcurrent::run([capturer = m_platform->capturer()] {
+            return pickedFromDesktop(*capturer);
+        }));
+        return;
+    }
     QList<ScreenSpace> spaces;
     for (const DisplayCapture& d : frozen) {
         spaces.append(d.space);

@@ -66,6 +66,8 @@ private:
         QString error; // empty on success
         bool cancelled = false;
     };
+    // A window picked in the desktop's dialog (on a worker thread).
+    static Frozen pickedFromDesktop(ScreenCapturing& capturer);
     void frozen(CaptureMode mode, const Frozen& result);
     void framed(const ShotCaptureSelection& selection);
     void startScrolling(const ShotCaptureSelection& selection);

@@ -240,6 +240,40 @@ TEST_F(Gnome, AWindowIsPickedInTheDesktopsDialog)
     EXPECT_FALSE(QFile::exists(declined));
 }
 
+// From the running program: Capture Window goes straight to the desktop's
+// dialog, and the editor opens on the window's pixels.
+TEST_F(Gnome, TheTraysCaptureWindowAsksTheDesktopsDialog)
+{
+    auto counter = counterWindow(true);
+    const QString file = m_dir.filePath(QStringLiteral("window.png"));
+    const auto grab = nuboshot({"grab", "window", "pick", "-o", file});
+    ASSERT_TRUE(answerScreenShare());
+    finished(*grab);
+    const QImage window = pixels(file);
+
+    const auto tray = nuboshot({});
+    const auto asked = nuboshot({"capture", "window"});
+    finished(*asked);
+    ASSERT_TRUE(answerScreenShare());
+    // The window gone, its pixels are on the screen only in the editor.
+    counter->kill();
+    counter->waitForFinished();
+    QElapsedTimer waited;
+    waited.start();
+    std::optional<QPoint> shown;
+    QImage now;
+    while (!shown && waited.elapsed() < 10000) {
+        now = screen();
+        shown = findIn(now, window);
+    }
+    if (!shown) {
+        now.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-tray-window.png"));
+        ADD_FAILURE() << "no editor shows the window's picture";
+    }
+    tray->kill();
+    tray->waitForFinished();
+}
+
 TEST_F(Gnome, AWindowPickedForARecordingHoldsEveryPaintInOrder)
 {
     const auto counter = counterWindow(false);

@@ -3,7 +3,9 @@
 // interfaces on the session bus, the ones GNOME's remote desktop uses.
 // Steps are given as arguments and done in order:
 //   key NAME        a key pressed and let go (Tab, Return, space, Escape,
-//                   Up, Down, Left, Right, Home, End, or one letter)
+//                   Up, Down, Left, Right, Home, End, or one letter); the
+//                   shell takes them, but headless it hands no keyboard to
+//                   its windows: tests answer dialogs with the pointer
 //   at X Y          the pointer to X,Y on the monitor, in its pixels
 //   click           the left button pressed and let go
 //   wait MS         a pause, as a user's between steps
@@ -163,6 +165,7 @@ int main(int argc, char** argv)
         if (step == QLatin1String("key")) {
             const quint32 sym = keysym(argument());
             send(QStringLiteral("NotifyKeyboardKeysym"), {sym, true});
+            QThread::msleep(40);
             send(QStringLiteral("NotifyKeyboardKeysym"), {sym, false});
         } else if (step == QLatin1String("at")) {
             const double x = argument().toDouble();
