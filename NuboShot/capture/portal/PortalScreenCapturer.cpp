@@ -4,6 +4,7 @@
 #include "capture/portal/PipeWireFrames.h"
 #include "capture/portal/PortalRequest.h"
 #include "capture/portal/PortalScreenCast.h"
+#include "capture/portal/WaylandOutputs.h"
 #include "core/Logging.h"
 #include "core/Settings.h"
 
@@ -84,6 +85,22 @@ struct Taken {
 
 } // namespace
 
+std::optional<double> fractionalScale(const DesktopScreen& screen, QSize pixels)
+{
+    if (screen.geometry.isEmpty() || pixels.isEmpty()) {
+        return std::nullopt;
+    }
+    const double across = double(pixels.width()) / screen.geometry.width();
+    const double down = double(pixels.height()) / screen.geometry.height();
+    // Logical sizes are whole points: the two ways may differ by a point's worth.
+    const double slack = across / std::min(screen.geometry.width(), screen.geometry.height()) + 1e-6;
+    if (std::abs(across - down) > slack || across < 1 || across > screen.scale ||
+        across <= screen.scale - 1) {
+        return std::nullopt;
+    }
+    return across;
+}
+
 QList<int> matchPortalStreams(const QList<DesktopScreen>& screens,
                               const QList<PortalStreamPicture>& streams)
 {
@@ -120,6 +137,16 @@ QList<int> matchPortalStreams(const QList<DesktopScreen>& screens,
     for (qsizetype i = 0; i < streams.size(); ++i) {
         if (match[i] < 0) {
             assign(i, [&](const DesktopScreen& screen) { return pixelSize(screen) == streams[i].pixels; });
+        }
+    }
+    // Last, a screen at a fractional scale: the application is told the
+    // next whole number (Qt before 6.5 knows no other) and the desktop draws
+    // it smaller; its picture has the screen's shape at a scale between.
+    for (qsizetype i = 0; i < streams.size(); ++i) {
+        if (match[i] < 0) {
+            assign(i, [&](const DesktopScreen& screen) {
+                return fractionalScale(screen, streams[i].pixels).has_value();
+            });
         }
     }
     return match;
@@ -172,9 +199,46 @@ quint32 PortalScreenCapturer::displayID(const QString& name)
 QList<DesktopScreen> PortalScreenCapturer::screens()
 {
     QList<DesktopScreen> list = m_screens ? m_screens() : QList<DesktopScreen>();
+    if (list != m_outputsFor) {
+        // The monitors' own modes, read again whenever the screens change.
+        m_outputsFor = list;
+        m_outputs = readWaylandOutputs();
+    }
     for (DesktopScreen& screen : list) {
         if (!std::isfinite(screen.scale) || screen.scale <= 0) {
             screen.scale = 1;
+        }
+    }
+    // A fractional scale, as the compositor's mode shows it. A monitor is
+    // known by its place where the compositor says it (wlroots says 0,0 for
+    // all), else as the only mode left that fits the screen.
+    QList<WaylandOutput> left = m_outputs;
+    QList<bool> settled(list.size(), false);
+    for (bool progress = true; progress;) {
+        progress = false;
+        for (qsizetype i = 0; i < list.size(); ++i) {
+            if (settled[i]) {
+                continue;
+            }
+            QList<qsizetype> fits;
+            qsizetype placed = -1;
+            for (qsizetype o = 0; o < left.size(); ++o) {
+                if (fractionalScale(list[i], left[o].pixels)) {
+                    fits.append(o);
+                    placed = left[o].position == list[i].geometry.topLeft() ? o : placed;
+                }
+            }
+            const qsizetype chosen = placed >= 0 ? placed : fits.size() == 1 ? fits[0] : -1;
+            if (chosen >= 0) {
+                list[i].scale = *fractionalScale(list[i], left[chosen].pixels);
+                left.removeAt(chosen);
+                settled[i] = progress = true;
+            }
+        }
+    }
+    for (DesktopScreen& screen : list) {
+        if (const auto measured = m_measured.constFind(screen.name); measured != m_measured.cend()) {
+            screen.scale = fractionalScale(screen, *measured).value_or(screen.scale);
         }
     }
     return list.isEmpty() ? m_seen : list;
@@ -535,6 +599,14 @@ QList<DisplayCapture> PortalScreenCapturer::castDisplays(const QList<DesktopScre
         }
         m_keptFor = known;
     }
+    for (qsizetype i = 0; i < taken.size(); ++i) {
+        if (match[i] >= 0) {
+            m_measured.insert(known[match[i]].name, taken[i].image.size());
+        }
+    }
+    if (m_keep) {
+        m_keptFor = screens(); // as later lookups see them, measured scales included
+    }
     QList<DisplayCapture> captures;
     QList<DesktopScreen> seen;
     int unknown = 0;
@@ -636,6 +708,9 @@ PortalScreenCapturer::DisplayCast PortalScreenCapturer::castDisplay(quint32 disp
         QStringList shown;
         for (qsizetype i = 0; i < match.size(); ++i) {
             shown.append(match[i] >= 0 ? known[match[i]].name : QString());
+            if (match[i] >= 0) {
+                m_measured.insert(known[match[i]].name, pictures[i].pixels);
+            }
             if (result.stream < 0 &&
                 (known.isEmpty() || (match[i] >= 0 && known[match[i]].name == screen->name))) {
                 result.stream = int(i);

@@ -3,7 +3,9 @@
 #include "capture/ScreenCapturing.h"
 #include "capture/portal/PipeWireFrames.h"
 #include "capture/portal/PortalScreenCast.h"
+#include "capture/portal/WaylandOutputs.h"
 
+#include <QHash>
 #include <QStringList>
 
 #include <functional>
@@ -27,6 +29,10 @@ struct PortalStreamPicture {
 // screen of the last time first among equals. No screen is taken twice.
 QList<int> matchPortalStreams(const QList<DesktopScreen>& screens,
                               const QList<PortalStreamPicture>& streams);
+// The scale at which a screen's picture has `pixels`, where that is a
+// fractional scale the application was told as the next whole number (its
+// `scale`, as Qt before 6.5 is told); nothing otherwise.
+std::optional<double> fractionalScale(const DesktopScreen& screen, QSize pixels);
 
 // The screen-cast grants kept between sessions: each restore token with
 // the screens it showed last. Stored with the preferences; a token is
@@ -118,6 +124,9 @@ private:
     bool m_keep = false;         // keep casts running between stills (the tray)
     QList<KeptStream> m_kept;    // the casts kept, a stream a screen
     QList<DesktopScreen> m_keptFor; // the screens they were matched to
+    QHash<QString, QSize> m_measured; // each screen's pixels, as its cast showed them
+    QList<DesktopScreen> m_outputsFor;  // the screens m_outputs were read for
+    QList<WaylandOutput> m_outputs;     // the compositor's monitors and their modes
 };
 
 } // namespace nubo

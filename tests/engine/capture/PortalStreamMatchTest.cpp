@@ -14,6 +14,8 @@ TEST(PortalStreamMatch, EachStreamFindsItsScreenHoweverTheDesktopDescribesIt)
                                           {QStringLiteral("B"), QRect(960, 0, 1280, 720), 1}};
     const QList<DesktopScreen> twins{{QStringLiteral("A"), QRect(0, 0, 1280, 720), 1},
                                      {QStringLiteral("B"), QRect(1280, 0, 1280, 720), 1}};
+    const QList<DesktopScreen> fractional{{QStringLiteral("A"), QRect(0, 0, 1920, 1080), 1},
+                                          {QStringLiteral("B"), QRect(1920, 0, 853, 480), 2}};
     struct Case {
         const char* name;
         QList<DesktopScreen> screens;
@@ -37,17 +39,45 @@ TEST(PortalStreamMatch, EachStreamFindsItsScreenHoweverTheDesktopDescribesIt)
          {1, 0}},
         {"a place that fits no screen: the picture's size", sideBySide,
          {{QPoint(5000, 0), QSize(1280, 720), QSize(1280, 720), {}}}, {1}},
-        {"no screen twice", sideBySide,
+        {"no screen twice", twins,
+         {{std::nullopt, std::nullopt, QSize(1280, 720), {}},
+          {std::nullopt, std::nullopt, QSize(1280, 720), {}},
+          {std::nullopt, std::nullopt, QSize(1280, 720), {}}},
+         {0, 1, -1}},
+        {"a picture of no screen's size", sideBySide,
+         {{std::nullopt, std::nullopt, QSize(800, 600), {}}}, {-1}},
+        // 1280×720 pixels at 1.5: 853×480 points, and Qt (before 6.5) is told 2.
+        {"a fractional scale, placed wrongly (wlroots)", fractional,
+         {{QPoint(0, 0), QSize(1280, 720), QSize(1280, 720), {}}}, {1}},
+        {"a screen at scale 1 is never taken for a smaller picture", fractional,
          {{std::nullopt, std::nullopt, QSize(1280, 720), {}},
           {std::nullopt, std::nullopt, QSize(1280, 720), {}}},
          {1, -1}},
-        {"a picture of no screen's size", sideBySide,
-         {{std::nullopt, std::nullopt, QSize(800, 600), {}}}, {-1}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         EXPECT_EQ(matchPortalStreams(c.screens, c.streams), c.expected);
     }
+}
+
+} // namespace
+} // namespace nubo
+
+namespace nubo {
+namespace {
+
+// The scale a screen's picture shows where Qt was told the next whole number.
+TEST(PortalStreamMatch, FractionalScalesAreReadFromThePicture)
+{
+    const DesktopScreen told2{QStringLiteral("B"), QRect(0, 0, 853, 480), 2};
+    const DesktopScreen told1{QStringLiteral("A"), QRect(0, 0, 1920, 1080), 1};
+    const DesktopScreen told3{QStringLiteral("C"), QRect(0, 0, 1536, 864), 2};
+    EXPECT_NEAR(fractionalScale(told2, QSize(1280, 720)).value_or(0), 1.5, 0.001);
+    EXPECT_NEAR(fractionalScale(told3, QSize(1920, 1080)).value_or(0), 1.25, 0.001);
+    EXPECT_EQ(fractionalScale(told1, QSize(1280, 720)), std::nullopt) << "below 1";
+    EXPECT_EQ(fractionalScale(told2, QSize(1280, 960)), std::nullopt) << "another shape";
+    EXPECT_EQ(fractionalScale(told2, QSize(2560, 1440)), std::nullopt) << "above what Qt was told";
+    EXPECT_EQ(fractionalScale(told2, QSize(853, 480)), std::nullopt) << "a whole scale below";
 }
 
 } // namespace
