@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QThread>
 
 namespace nubo {
@@ -66,6 +67,10 @@ void ShotRecentStore::applyPreference()
         m_watcher->start();
         m_pruneTimer.start();
         qCInfo(lcRecents, "Recent images on");
+        if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+            qCInfo(lcRecents, "On Wayland the clipboard is seen only while one of our windows "
+                              "has the keyboard: images copied elsewhere join Recent then");
+        }
     } else if (!m_enabled && m_running) {
         m_running = false;
         m_watcher->stop();

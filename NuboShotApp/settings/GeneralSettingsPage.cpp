@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QFormLayout>
+#include <QGuiApplication>
 #include <QLabel>
 
 namespace nubo {
@@ -37,6 +38,12 @@ public:
         QFormLayout* shots = addSection(QStringLiteral("Shots"));
         addSwitch(shots, QStringLiteral("Show Recent in menu"), QLatin1String(keys::recentEnabled),
                   true);
+        if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+            addNote(shots, QStringLiteral(
+                               "On Wayland a program sees the clipboard only while one of its "
+                               "windows has the keyboard: images copied in other applications "
+                               "join Recent the next time you use Nubo Shot."));
+        }
         addSwitch(shots, QStringLiteral("Also copy raw shot"),
                   QLatin1String(keys::copyRawOnCapture), false);
         addNote(shots, QStringLiteral("Puts every capture on the clipboard at once, before "

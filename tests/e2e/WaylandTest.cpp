@@ -6,6 +6,7 @@
 #include "support/QtPrinters.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QDirIterator>
 #include <QFile>
 #include <QImage>
@@ -18,6 +19,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <csignal>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -447,6 +449,66 @@ TEST_F(Wayland, RecordingsHoldEveryPaintInOrderAtTheScreensSize)
     EXPECT_EQ(clicks.err.trimmed().section(u'\n', -1),
               QStringLiteral("nuboshot: Click highlighting needs the pointer's clicks, and this "
                              "Wayland desktop tells them to no program."));
+    counter.kill();
+    counter.waitForFinished();
+}
+
+// Sound and pauses on Wayland: the system audio of the session's sound
+// server in the movie, a pause left out of picture and sound alike.
+TEST_F(Wayland, RecordingsCarryTheSystemAudioAndLeaveOutAPause)
+{
+    QProcess counter;
+    counter.start(QStringLiteral(NUBOSHOT_TEST_COUNTER_WINDOW), {"--at", "640x480+0+0"});
+    ASSERT_TRUE(counter.waitForReadyRead(10000)) << "the counter window did not open";
+    QProcess tone;
+    tone.start(QStringLiteral(NUBOSHOT_TEST_SOUND),
+               {"tone", "--device", "speakers", "--frequency", "440", "--rate", "44100",
+                "--channels", "1", "--amplitude", "0.3", "--seconds", "12"});
+    ASSERT_TRUE(tone.waitForReadyRead(10000) && tone.readAllStandardOutput().contains("playing"));
+
+    QProcess recorder;
+    recorder.start(QStringLiteral(NUBOSHOT_BINARY),
+                   {"record", "area", "0,0,320,240", "--system-audio", "--no-cursor", "-o",
+                    m_dir.filePath(QStringLiteral("movies"))});
+    ASSERT_TRUE(recorder.waitForStarted());
+    QString log;
+    QElapsedTimer waited;
+    waited.start();
+    while (!log.contains(QStringLiteral("Writing ")) && recorder.state() == QProcess::Running &&
+           waited.elapsed() < 30000) {
+        recorder.waitForReadyRead(50);
+        log += QString::fromUtf8(recorder.readAllStandardError());
+    }
+    ASSERT_EQ(recorder.state(), QProcess::Running) << log.toStdString();
+    // The stretches of the movie: 1.5 s, a pause of 1.5 s, 1.5 s.
+    QThread::msleep(1500);
+    ::kill(pid_t(recorder.processId()), SIGUSR1);
+    QThread::msleep(1500);
+    ::kill(pid_t(recorder.processId()), SIGUSR1);
+    QThread::msleep(1500);
+    ::kill(pid_t(recorder.processId()), SIGINT);
+    ASSERT_TRUE(recorder.waitForFinished(60000));
+    log += QString::fromUtf8(recorder.readAllStandardError());
+    ASSERT_EQ(recorder.exitCode(), 0) << log.toStdString();
+    const QString file = QString::fromUtf8(recorder.readAllStandardOutput()).trimmed();
+
+    const test::DecodedSound sound = test::decodeSound(file);
+    ASSERT_TRUE(sound.opened) << sound.error.toStdString();
+    EXPECT_NEAR(sound.seconds(), 3.0, 0.35) << "the pause is left out";
+    constexpr size_t rate = 48000;
+    size_t quiet = 0, windows = 0;
+    for (size_t at = rate / 10; at + rate / 10 <= sound.mono.size() - rate / 10; at += rate / 10) {
+        quiet += test::toneLevel(sound.mono, 440, at, rate / 10) < 0.15 ? 1 : 0;
+        ++windows;
+    }
+    EXPECT_GE(windows, 20u);
+    EXPECT_LE(quiet, 1u) << "the system audio is missing from the movie";
+    const test::DecodedMovie movie = test::decodeMovie(file);
+    ASSERT_TRUE(movie.opened) << movie.error.toStdString();
+    EXPECT_EQ(QSize(movie.width, movie.height), QSize(320, 240));
+    EXPECT_NEAR(movie.times.last(), sound.seconds(), 0.3) << "picture and sound of one length";
+    tone.kill();
+    tone.waitForFinished();
     counter.kill();
     counter.waitForFinished();
 }
