@@ -49,8 +49,10 @@ void ShotNotifications::notifyFile(const QString& summary, const QString& file,
     QDBusMessage call =
         QDBusMessage::createMethodCall(QLatin1String(service), QLatin1String(path),
                                        QLatin1String(service), QStringLiteral("Notify"));
-    const QStringList actions{QStringLiteral("default"), QStringLiteral("Open"),
-                              QStringLiteral("show"), QStringLiteral("Show in Folder")};
+    const QStringList actions =
+        file.isEmpty() ? QStringList()
+                       : QStringList{QStringLiteral("default"), QStringLiteral("Open"),
+                                     QStringLiteral("show"), QStringLiteral("Show in Folder")};
     call << QStringLiteral("Nubo Shot") << uint(0) << QStringLiteral("nuboshot")
          << summary << m_lastMessage << actions << QVariantMap() << int(-1);
     // Asked without waiting: a slow or missing notification service never

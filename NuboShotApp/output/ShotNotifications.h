@@ -21,6 +21,8 @@ public:
     void notifyFile(const QString& text, const QString& file);
     // The same under its own summary line ("Recording saved").
     void notifyFile(const QString& summary, const QString& file, const QString& text);
+    // A message without a file or actions.
+    void notify(const QString& summary, const QString& text) { notifyFile(summary, {}, text); }
     const QString& lastMessage() const { return m_lastMessage; }
 
 private slots:

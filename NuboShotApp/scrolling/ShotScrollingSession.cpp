@@ -74,6 +74,18 @@ void ShotScrollingSession::start()
         throw CaptureError(CaptureError::Code::noContent,
                            QStringLiteral("this desktop offers no region streams"));
     }
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+        // Windows cannot place themselves on Wayland: a panel or an outline
+        // could land on the area and be stitched into the shot. The area
+        // alone is sampled; the menu or the command ends the capture.
+        m_layout = {m_area, m_area.topLeft()};
+        m_region = captureRegion(m_display, m_layout.sampled);
+        qCInfo(lcScrolling, "Scrolling capture of %dx%d pixels at %d,%d on display %u, no panel",
+               m_region.pixelRect.width(), m_region.pixelRect.height(), m_region.pixelRect.x(),
+               m_region.pixelRect.y(), m_display.displayID);
+        startCapture(streaming->streamRegion(m_display.displayID, m_region), 1);
+        return;
+    }
     m_panel = new ShotScrollingPanel(
         features.autoScroll && m_platform->scrollDriving()
             ? QString()
@@ -124,11 +136,15 @@ void ShotScrollingSession::start()
         }
     }
 
+    startCapture(std::move(stream), m_panel->devicePixelRatioF());
+}
+
+void ShotScrollingSession::startCapture(std::unique_ptr<ScreenRegionStream> stream, double ratio)
+{
     ScrollingCapture::Options options;
     options.maximumHeight = maximumHeight;
     options.maximumBytes = maximumBytes;
     options.scale = m_display.scale;
-    const double ratio = m_panel->devicePixelRatioF();
     options.previewSize = QSize(qRound(ShotScrollingPanel::previewWidth * ratio),
                                 qRound(ShotScrollingPanel::previewHeight * ratio));
     // Reports come from the capture's thread; `this` outlives them (the

@@ -56,6 +56,9 @@ public:
 
     void finish();
     void cancel();
+    // Whether the panel shows (not on Wayland, where it cannot be placed:
+    // the menu or the command ends the capture there).
+    bool hasPanel() const { return m_panel != nullptr; }
     void toggleAutoScroll(bool start);
 
 signals:
@@ -66,6 +69,7 @@ signals:
     void failed(const QString& message);
 
 private:
+    void startCapture(std::unique_ptr<ScreenRegionStream> stream, double ratio);
     void progressed(const ScrollingCaptureProgress& progress);
     void stoppedByItself(const ScrollingCaptureEnd& end);
     void autoScrollEnded(bool byUser);

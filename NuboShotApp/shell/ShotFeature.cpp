@@ -5,6 +5,7 @@
 #include "editor/ShotEditorWindow.h"
 #include "export/ShotExporter.h"
 #include "output/ShotClipboard.h"
+#include "output/ShotNotifications.h"
 #include "output/ShotOutputActions.h"
 #include "output/ShotRawClipboardTracker.h"
 #include "output/ShotOutput.h"
@@ -123,6 +124,10 @@ void ShotFeature::capture(CaptureMode mode)
     Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
     qCInfo(lcApp, "Capture requested mode=%s active=%d", qPrintable(toString(mode)),
            int(QGuiApplication::applicationState() == Qt::ApplicationActive));
+    if (mode == CaptureMode::scrolling && m_scrolling) {
+        m_scrolling->finish(); // asked again: the scrolling capture under way is done
+        return;
+    }
     if (!isOffered(mode)) {
         failed(QStringLiteral("%1 is not available yet.").arg(ShotStatusMenu::captureTitle(mode)));
         return;
@@ -293,6 +298,13 @@ void ShotFeature::startScrolling(const ShotCaptureSelection& selection)
             });
     try {
         session->start();
+        if (!session->hasPanel()) {
+            ShotNotifications::shared().notify(
+                QStringLiteral("Scrolling capture"),
+                QStringLiteral("Scroll the area to its end, then choose Capture Scrolling again "
+                               "(in the menu, by its shortcut or with \u201cnuboshot capture "
+                               "scrolling\u201d) to finish."));
+        }
     } catch (const CaptureError& error) {
         qCWarning(lcScrolling, "Scrolling capture could not start: %s", qPrintable(error.detail()));
         delete session;

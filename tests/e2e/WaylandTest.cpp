@@ -32,7 +32,8 @@ QString run(const QString& program, const QStringList& arguments)
     p.start(program, arguments);
     if (!p.waitForFinished(20000) || p.exitStatus() != QProcess::NormalExit || p.exitCode() != 0) {
         ADD_FAILURE() << program.toStdString() << " " << arguments.join(u' ').toStdString()
-                      << " failed: " << p.readAllStandardError().toStdString();
+                      << " failed: " << p.readAllStandardError().toStdString()
+                      << p.readAllStandardOutput().toStdString();
     }
     return QString::fromUtf8(p.readAllStandardOutput());
 }
@@ -158,7 +159,65 @@ protected:
     }
 
     static constexpr int pointerSpot = 200; // points from each output's top-left corner
+
+    static QString tree() { return run(QStringLiteral("swaymsg"), {"-t", "get_tree"}); }
+    static bool waitFor(const std::function<bool()>& done)
+    {
+        for (int i = 0; i < 150 && !done(); ++i) {
+            QThread::msleep(100);
+        }
+        return done();
+    }
+    // The headless compositor has no mouse: a virtual one over a layout of
+    // this size in points, moved as a user would.
+    void startPointer(int width, int height)
+    {
+        m_mouse.start(QStringLiteral(NUBOSHOT_VIRTUAL_POINTER),
+                      {QString::number(width), QString::number(height)});
+        ASSERT_TRUE(m_mouse.waitForReadyRead(5000)) << m_mouse.readAllStandardError().toStdString();
+        ASSERT_EQ(m_mouse.readLine().trimmed(), "ready");
+    }
+    void pointer(const QList<QByteArray>& steps)
+    {
+        for (const QByteArray& step : steps) {
+            m_mouse.write(step + '\n');
+            ASSERT_TRUE(m_mouse.waitForReadyRead(5000)) << step.constData();
+            ASSERT_EQ(m_mouse.readLine().trimmed(), "ok") << step.constData();
+            QThread::msleep(30);
+        }
+    }
+    // The newest recent shot's picture of this size, once it is there.
+    static QString recentShot(QSize size, const QSet<QString>& before = {})
+    {
+        const QString recent =
+            qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/NuboShot/Recent");
+        QString shot;
+        waitFor([&] {
+            // A capture is kept as an editable shot: its base picture is one of its PNGs.
+            QDirIterator images(recent, {QStringLiteral("*.png")}, QDir::Files,
+                                QDirIterator::Subdirectories);
+            while (images.hasNext()) {
+                const QString file = images.next();
+                if (!before.contains(file) && QImage(file).size() == size &&
+                    !file.endsWith(u"thumbnail.png")) {
+                    shot = file;
+                }
+            }
+            return !shot.isEmpty();
+        });
+        return shot;
+    }
+
+    void TearDown() override
+    {
+        if (m_mouse.state() != QProcess::NotRunning) {
+            m_mouse.closeWriteChannel();
+            m_mouse.waitForFinished(5000);
+        }
+    }
+
     QTemporaryDir m_dir;
+    QProcess m_mouse;
 };
 
 // Each screen at its own scale, fractional ones too: Qt before 6.5 is told
@@ -290,28 +349,7 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
     tray.setProcessChannelMode(QProcess::ForwardedChannels);
     tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
     ASSERT_TRUE(tray.waitForStarted());
-    const auto tree = [] {
-        return run(QStringLiteral("swaymsg"), {"-t", "get_tree"});
-    };
-    const auto waitFor = [&](const std::function<bool()>& done) {
-        for (int i = 0; i < 150 && !done(); ++i) {
-            QThread::msleep(100);
-        }
-        return done();
-    };
-    // The headless compositor has no mouse: a virtual one, moved as a user would.
-    QProcess mouse;
-    mouse.start(QStringLiteral(NUBOSHOT_VIRTUAL_POINTER), {"3200", "1080"}); // both screens
-    ASSERT_TRUE(mouse.waitForReadyRead(5000)) << mouse.readAllStandardError().toStdString();
-    ASSERT_EQ(mouse.readLine().trimmed(), "ready");
-    const auto pointer = [&](const QList<QByteArray>& steps) {
-        for (const QByteArray& step : steps) {
-            mouse.write(step + '\n');
-            ASSERT_TRUE(mouse.waitForReadyRead(5000)) << step.constData();
-            ASSERT_EQ(mouse.readLine().trimmed(), "ok") << step.constData();
-            QThread::msleep(30);
-        }
-    };
+    ASSERT_NO_FATAL_FAILURE(startPointer(3200, 1080)); // both screens
     const auto artifact = [&](const QString& name) {
         QDir().mkpath(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS));
         grim(m_dir.path(), {"-o", "HEADLESS-1"})
@@ -320,8 +358,6 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
 
     // Twice: the first capture starts the screen cast, the second is the
     // kept cast's newest picture, taken after the desktop changed.
-    const QString recent =
-        qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/NuboShot/Recent");
     QSet<QString> shotsBefore;
     QImage expected = desktop;
     for (int round = 1; round <= 2; ++round) {
@@ -351,20 +387,8 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
         if (round == 1) {
             artifact(QStringLiteral("wayland-editor.png"));
         }
-        QString shot;
-        ASSERT_TRUE(waitFor([&] {
-            // A capture is kept as an editable shot: its base picture is one of its PNGs.
-            QDirIterator images(recent, {QStringLiteral("*.png")}, QDir::Files,
-                                QDirIterator::Subdirectories);
-            while (images.hasNext()) {
-                const QString file = images.next();
-                if (!shotsBefore.contains(file) && QImage(file).size() == QSize(100, 80) &&
-                    !file.endsWith(u"thumbnail.png")) {
-                    shot = file;
-                }
-            }
-            return !shot.isEmpty();
-        })) << "no recent shot";
+        const QString shot = recentShot(QSize(100, 80), shotsBefore);
+        ASSERT_FALSE(shot.isEmpty()) << "no recent shot";
         shotsBefore.insert(shot);
         const QImage got = QImage(shot).convertToFormat(QImage::Format_RGB32);
         ASSERT_EQ(got.size(), QSize(100, 80));
@@ -373,8 +397,6 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
         run(QStringLiteral("swaymsg"), {"[title=\"100 \u00d7 80\"]", "kill"});
         ASSERT_TRUE(waitFor([&] { return !tree().contains(u"100 \u00d7 80"); }));
     }
-    mouse.closeWriteChannel();
-    mouse.waitForFinished(5000);
     tray.terminate();
     tray.waitForFinished(5000);
 }
@@ -511,6 +533,60 @@ TEST_F(Wayland, RecordingsCarryTheSystemAudioAndLeaveOutAPause)
     tone.waitForFinished();
     counter.kill();
     counter.waitForFinished();
+}
+
+// Scrolling capture under sway: a page framed on the overlay, scrolled with
+// the wheel a notch at a time, stitched from the screen cast to the page's
+// whole content. Windows cannot place themselves here, so no panel shows;
+// asking for the capture again ends it. (Without a GPU sway draws the
+// pointer into the pictures: it wheels from the page's footer, below the area.)
+TEST_F(Wayland, AScrolledPageStitchesToItsWholeContent)
+{
+    run(QStringLiteral("swaymsg"), {"default_floating_border none"});
+    run(QStringLiteral("swaymsg"), {"for_window [app_id=\"test-scroll-page\"] floating enable"});
+    run(QStringLiteral("swaymsg"), {"focus_follows_mouse", "no"});
+    const QString truthFile = m_dir.filePath(QStringLiteral("truth.png"));
+    QProcess page;
+    page.start(QStringLiteral(NUBOSHOT_TEST_SCROLL_PAGE),
+               {"--at", "600x500+300+160", "--pages", "4", "--truth", truthFile});
+    ASSERT_TRUE(page.waitForReadyRead(10000)) << "the page did not open";
+    run(QStringLiteral("swaymsg"), {"[app_id=\"test-scroll-page\"] move position 300 160"});
+    const QImage truth = QImage(truthFile).convertToFormat(QImage::Format_RGB32);
+    ASSERT_FALSE(truth.isNull());
+    ASSERT_TRUE(waitFor([&] {
+        return firstDifference(grim(m_dir.path(), {"-g", "300,160 600x200"}),
+                               truth.copy(0, 0, 600, 200))
+            .isEmpty();
+    })) << "the page is not where it was put";
+
+    QProcess tray;
+    tray.setProcessChannelMode(QProcess::ForwardedChannels);
+    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    ASSERT_TRUE(tray.waitForStarted());
+    ASSERT_NO_FATAL_FAILURE(startPointer(1920, 1080));
+    ASSERT_EQ(test::runNuboShot({"capture", "scrolling"}).exitCode, 0);
+    ASSERT_TRUE(waitFor([&] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
+    // The page without its last 60 points (its footer among them) is framed.
+    ASSERT_NO_FATAL_FAILURE(pointer({"at 300 160", "press", "move 300 220", "move 300 220", "release"}));
+    ASSERT_TRUE(waitFor([&] { return !tree().contains(u"Nubo Shot Capture"); }));
+    ASSERT_NO_FATAL_FAILURE(pointer({"at 600 640"}));
+    QThread::msleep(300); // the first frames, as a user looks before scrolling
+    for (int notch = 0; notch < 30; ++notch) {
+        ASSERT_NO_FATAL_FAILURE(pointer({"scroll 1"}));
+        QThread::msleep(120);
+    }
+    QThread::msleep(400);
+    ASSERT_EQ(test::runNuboShot({"capture", "scrolling"}).exitCode, 0);
+
+    const QSize expected(600, truth.height() - 60);
+    const QString shot = recentShot(expected);
+    ASSERT_FALSE(shot.isEmpty()) << "no stitched shot of " << expected.height() << " rows";
+    const QImage got = QImage(shot).convertToFormat(QImage::Format_RGB32);
+    EXPECT_EQ(firstDifference(got, truth.copy(QRect(QPoint(), expected))), QString());
+    tray.terminate();
+    tray.waitForFinished(5000);
+    page.kill();
+    page.waitForFinished();
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "capture/portal/PortalCapturePlatform.h"
 
+#include "capture/portal/PortalRegionStreaming.h"
 #include "capture/portal/PortalRequest.h"
 #include "capture/portal/PortalScreenCast.h"
 #include "capture/portal/PortalScreenCapturer.h"
@@ -8,7 +9,8 @@
 namespace nubo {
 
 PortalCapturePlatform::PortalCapturePlatform(ScreenLookup screens)
-    : m_capturer(std::make_shared<PortalScreenCapturer>(std::move(screens)))
+    : m_capturer(std::make_shared<PortalScreenCapturer>(std::move(screens))),
+      m_regions(std::make_shared<PortalRegionStreaming>(m_capturer))
 {
 }
 
@@ -22,8 +24,9 @@ bool PortalCapturePlatform::available()
 CapturePlatformFeatures PortalCapturePlatform::features() const
 {
     CapturePlatformFeatures features;
-    features.modes = {CaptureMode::area, CaptureMode::fullscreen};
+    features.modes = {CaptureMode::area, CaptureMode::fullscreen, CaptureMode::scrolling};
     features.recording = true;
+    features.regionStreams = true;
     if (PortalScreenCast::castsWindows()) {
         features.modes.insert(1, CaptureMode::window);
         features.windowPicker = true;
@@ -34,6 +37,11 @@ CapturePlatformFeatures PortalCapturePlatform::features() const
 std::shared_ptr<ScreenCapturing> PortalCapturePlatform::capturer()
 {
     return m_capturer;
+}
+
+std::shared_ptr<ScreenRegionStreaming> PortalCapturePlatform::regionStreaming()
+{
+    return m_regions;
 }
 
 std::unique_ptr<ScreenFrameSource> PortalCapturePlatform::makeFrameSource()

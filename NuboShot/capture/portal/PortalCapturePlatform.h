@@ -19,7 +19,7 @@ public:
     QString name() const override { return QStringLiteral("portal"); }
     CapturePlatformFeatures features() const override;
     std::shared_ptr<ScreenCapturing> capturer() override;
-    std::shared_ptr<ScreenRegionStreaming> regionStreaming() override { return nullptr; }
+    std::shared_ptr<ScreenRegionStreaming> regionStreaming() override;
     std::shared_ptr<ScrollDriving> scrollDriving() override { return nullptr; }
     std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override { return nullptr; }
     std::unique_ptr<ScreenFrameSource> makeFrameSource() override;
@@ -28,6 +28,7 @@ public:
 
 private:
     std::shared_ptr<PortalScreenCapturer> m_capturer;
+    std::shared_ptr<ScreenRegionStreaming> m_regions;
 };
 
 } // namespace nubo

@@ -298,14 +298,25 @@ PortalScreenCapturer::DisplayCast PortalScreenCapturer::castWindow(PortalScreenC
     options.multiple = false;
     options.cursor = cursor;
     options.source = PortalScreenCast::Source::window;
-    result.cast = std::make_unique<PortalScreenCast>(options);
-    result.frames = std::make_unique<PipeWireFrames>(result.cast->openPipeWireRemote());
+    result.cast = std::make_shared<PortalScreenCast>(options);
+    result.frames = std::make_shared<PipeWireFrames>(result.cast->openPipeWireRemote());
     result.stream = result.frames->connect(result.cast->streams().constFirst().node, framesPerSecond);
     if (!result.frames->next(result.stream, 0, firstPictureTimeout)) {
         throw Error(QStringLiteral("The window's cast sent no picture within %1 s.")
                         .arg(firstPictureTimeout.count()));
     }
     return result;
+}
+
+PortalScreenCapturer::DisplayCast PortalScreenCapturer::keptCast(quint32 display)
+{
+    const std::lock_guard lock(m_lock);
+    for (const KeptStream& kept : std::as_const(m_kept)) {
+        if (displayID(kept.screen.name) == display) {
+            return {kept.cast, kept.frames, kept.stream};
+        }
+    }
+    return {};
 }
 
 double PortalScreenCapturer::windowScale()
@@ -679,9 +690,9 @@ PortalScreenCapturer::DisplayCast PortalScreenCapturer::castDisplay(quint32 disp
         DisplayCast result;
         QList<PortalStreamPicture> pictures;
         try {
-            result.cast = std::make_unique<PortalScreenCast>(PortalScreenCast::Options{
+            result.cast = std::make_shared<PortalScreenCast>(PortalScreenCast::Options{
                 true, cursor, grant >= 0 ? grants[grant].token : QString()});
-            result.frames = std::make_unique<PipeWireFrames>(result.cast->openPipeWireRemote());
+            result.frames = std::make_shared<PipeWireFrames>(result.cast->openPipeWireRemote());
             const QStringList before = grant >= 0 ? grants[grant].screens : QStringList();
             for (qsizetype i = 0; i < result.cast->streams().size(); ++i) {
                 const PortalStream& stream = result.cast->streams()[i];

@@ -61,8 +61,8 @@ public:
 
     // A started cast that shows one display, kept running (a recording's).
     struct DisplayCast {
-        std::unique_ptr<PortalScreenCast> cast;
-        std::unique_ptr<PipeWireFrames> frames;
+        std::shared_ptr<PortalScreenCast> cast;
+        std::shared_ptr<PipeWireFrames> frames;
         int stream = -1; // the frames' stream that shows the display
     };
 
@@ -87,6 +87,9 @@ public:
     DisplayCast castDisplay(quint32 display, PortalScreenCast::Cursor cursor,
                             int framesPerSecond);
 
+    // The cast the tray keeps running for `display` (hidden pointer), shared;
+    // empty where none runs.
+    DisplayCast keptCast(quint32 display);
     // Starts a cast of the window the user picks in the desktop's dialog
     // (asked every time: no grant is kept). Blocks until its first picture.
     // Throws CaptureError (cancelled) when the user declines.
