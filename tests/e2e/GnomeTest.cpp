@@ -8,6 +8,7 @@
 
 #include <QColorSpace>
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QImage>
@@ -297,6 +298,77 @@ TEST_F(Gnome, AWindowPickedForARecordingHoldsEveryPaintInOrder)
     }
     EXPECT_EQ(disorder, 0);
     EXPECT_GT(seen.last(), seen.first());
+}
+
+// Scrolling capture on GNOME: the page framed on the overlay, scrolled with
+// the wheel, stitched from GNOME's screen cast to the page's whole content.
+TEST_F(Gnome, AScrolledPageStitchesToItsWholeContent)
+{
+    const QString truthFile = m_dir.filePath(QStringLiteral("truth.png"));
+    QProcess page;
+    page.start(QStringLiteral(NUBOSHOT_TEST_SCROLL_PAGE),
+               {"--at", "600x500+300+160", "--pages", "4", "--truth", truthFile});
+    ASSERT_TRUE(page.waitForReadyRead(10000)) << "the page did not open";
+    const QImage truth = pixels(truthFile);
+    ASSERT_FALSE(truth.isNull());
+    // Where GNOME put it: its header's pixels on the screen.
+    const QImage header = truth.copy(0, 0, 600, 48);
+    std::optional<QPoint> at;
+    QElapsedTimer waited;
+    waited.start();
+    while (!at && waited.elapsed() < 10000) {
+        at = findIn(screen(), header);
+    }
+    ASSERT_TRUE(at.has_value()) << "the page is not on the screen";
+    const auto step = [](int v) { return QString::number(v); };
+
+    const auto tray = nuboshot({});
+    const auto asked = nuboshot({"capture", "scrolling"});
+    finished(*asked);
+    ASSERT_TRUE(answerScreenShare()); // the first still of the overlay asks for the screen
+    waited.restart();
+    while (findIn(screen(), header) && waited.elapsed() < 10000) {
+        QThread::msleep(50); // until the overlay dims the page
+    }
+    // The page without its last 60 pixels (its footer among them) is framed.
+    ASSERT_TRUE(desktop({"at", step(at->x()), step(at->y()), "wait", "100", "press", "at",
+                         step(at->x() + 300), step(at->y() + 200), "at", step(at->x() + 600),
+                         step(at->y() + 440), "wait", "100", "release", "wait", "300"}));
+    waited.restart();
+    while (!findIn(screen(), header) && waited.elapsed() < 10000) {
+        QThread::msleep(50); // until the overlay is gone
+    }
+    QStringList wheel{"at", step(at->x() + 300), step(at->y() + 480), "wait", "300"};
+    for (int notch = 0; notch < 30; ++notch) {
+        wheel << "scroll" << "1" << "wait" << "120";
+    }
+    ASSERT_TRUE(desktop(wheel + QStringList{"wait", "400"}));
+    finished(*nuboshot({"capture", "scrolling"}));
+
+    const QSize expected(600, truth.height() - 60);
+    const QString recent = qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/NuboShot/Recent");
+    QImage got;
+    waited.restart();
+    while (got.isNull() && waited.elapsed() < 10000) {
+        QDirIterator images(recent, {QStringLiteral("*.png")}, QDir::Files,
+                            QDirIterator::Subdirectories);
+        while (images.hasNext()) {
+            const QString file = images.next();
+            if (!file.endsWith(u"thumbnail.png") && QImage(file).size() == expected) {
+                got = pixels(file);
+            }
+        }
+        QThread::msleep(100);
+    }
+    ASSERT_FALSE(got.isNull()) << "no stitched shot of " << expected.height() << " rows";
+    if (got != truth.copy(QRect(QPoint(), expected))) {
+        got.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-scrolling.png"));
+        ADD_FAILURE() << "the stitched page differs from its content";
+    }
+    tray->kill();
+    tray->waitForFinished();
+    page.kill();
+    page.waitForFinished();
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 //                   its windows: tests answer dialogs with the pointer
 //   at X Y          the pointer to X,Y on the monitor, in its pixels
 //   click           the left button pressed and let go
+//   press, release  the left button alone (a drag moves with `at` between)
+//   scroll STEPS    wheel notches (positive: down)
 //   wait MS         a pause, as a user's between steps
 //   grab FILE.png   the monitor's newest picture, as the compositor draws it
 // Exits 0 once every step reached the compositor; names the failing step
@@ -172,6 +174,12 @@ int main(int argc, char** argv)
             const double y = argument().toDouble();
             send(QStringLiteral("NotifyPointerMotionAbsolute"),
                  {stream, x, y});
+        } else if (step == QLatin1String("press") || step == QLatin1String("release")) {
+            constexpr int leftButton = 0x110; // BTN_LEFT
+            send(QStringLiteral("NotifyPointerButton"), {leftButton, step == QLatin1String("press")});
+        } else if (step == QLatin1String("scroll")) {
+            constexpr quint32 vertical = 0;
+            send(QStringLiteral("NotifyPointerAxisDiscrete"), {vertical, argument().toInt()});
         } else if (step == QLatin1String("click")) {
             constexpr int leftButton = 0x110; // BTN_LEFT
             send(QStringLiteral("NotifyPointerButton"), {leftButton, true});
