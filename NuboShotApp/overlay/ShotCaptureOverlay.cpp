@@ -1,5 +1,6 @@
 #include "overlay/ShotCaptureOverlay.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -83,6 +84,11 @@ QString ShotCaptureOverlay::instruction(Mode mode, bool recording, bool windowPi
         return QStringLiteral("Click a window \u00b7 Space: Area \u00b7 Esc: Cancel");
     case Mode::scrolling:
         break;
+    }
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+        // No panel follows here (it could not stand aside): how to finish is said now.
+        return QStringLiteral("Drag to select scroll area, scroll it to its end, then choose "
+                              "Capture Scrolling again \u00b7 Esc: Cancel");
     }
     return QStringLiteral("Drag to select scroll area \u00b7 Esc: Cancel");
 }

@@ -15,6 +15,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QFutureWatcher>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QThread>
 #include <QtConcurrent>
@@ -486,6 +487,17 @@ void ShotRecordingFlow::showControls(const RecordingOptions& options)
     m_keys.reset();
     setPhase(Phase::recording);
     m_inhibitor->hold(QStringLiteral("Recording the screen"));
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland")) &&
+        !std::holds_alternative<RecordingTarget::Window>(m_target->target)) {
+        // Windows cannot stand aside on Wayland, and the screen's cast shows
+        // every window: a bar, an outline, the camera's preview or a
+        // notification would be in the movie. The movie gets the camera from
+        // the recorder; the menu, the shortcut or the command stops (the
+        // options bar said so).
+        m_camera->hide();
+        qCInfo(lcRecording, "Recording without a control bar: it would be in the movie here");
+        return;
+    }
     m_controls = new ShotRecordingControlBar(options.microphone);
     connect(m_controls, &ShotRecordingControlBar::pauseToggled, this, [this] {
         try {

@@ -4,6 +4,7 @@
 #include "style/ShotIcons.h"
 
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -169,6 +170,9 @@ ShotRecordingOptionsBar::ShotRecordingOptionsBar(ShotPreferences& preferences,
     m_controls = new ShotRecordingControls(preferences, capabilities,
                                            ShotRecordingControls::Look::toggles, this);
     auto* row = new QHBoxLayout(this);
+    // Exactly as large as its contents: a tiling desktop (sway) floats a
+    // window of one fixed size instead of stretching it over half the screen.
+    row->setSizeConstraint(QLayout::SetFixedSize);
     row->setContentsMargins(8, 6, 8, 6);
     row->setSpacing(4);
     auto* cancel = barButton(this, QStringLiteral("window-close"),
@@ -194,6 +198,16 @@ ShotRecordingOptionsBar::ShotRecordingOptionsBar(ShotPreferences& preferences,
         row->addWidget(w);
     }
     row->addWidget(divider(this));
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+        // No bar stays on the screen while recording here (it would be in
+        // the movie): how to stop is said now.
+        auto* stop = new QLabel(QStringLiteral("Stop from the menu or with "
+                                               "\u201cnuboshot capture recording\u201d"),
+                                this);
+        stop->setObjectName(QStringLiteral("recording.stopHint"));
+        stop->setStyleSheet(QStringLiteral("color: rgba(255,255,255,200); padding: 0 4px;"));
+        row->addWidget(stop);
+    }
     m_start = new QPushButton(ShotIcons::icon(QStringLiteral("media-record"), QColor(Qt::white)),
                               QStringLiteral("Start Recording"), this);
     m_start->setObjectName(QStringLiteral("recording.start"));
@@ -286,6 +300,9 @@ ShotRecordingControlBar::ShotRecordingControlBar(bool microphone)
 {
     setObjectName(QStringLiteral("recordingControls"));
     auto* row = new QHBoxLayout(this);
+    // Exactly as large as its contents: a tiling desktop (sway) floats a
+    // window of one fixed size instead of stretching it over half the screen.
+    row->setSizeConstraint(QLayout::SetFixedSize);
     row->setContentsMargins(10, 4, rightMargin, 4);
     row->setSpacing(buttonSpacing);
     m_dot = new QLabel(this);

@@ -5,7 +5,6 @@
 #include "editor/ShotEditorWindow.h"
 #include "export/ShotExporter.h"
 #include "output/ShotClipboard.h"
-#include "output/ShotNotifications.h"
 #include "output/ShotOutputActions.h"
 #include "output/ShotRawClipboardTracker.h"
 #include "output/ShotOutput.h"
@@ -298,13 +297,6 @@ void ShotFeature::startScrolling(const ShotCaptureSelection& selection)
             });
     try {
         session->start();
-        if (!session->hasPanel()) {
-            ShotNotifications::shared().notify(
-                QStringLiteral("Scrolling capture"),
-                QStringLiteral("Scroll the area to its end, then choose Capture Scrolling again "
-                               "(in the menu, by its shortcut or with \u201cnuboshot capture "
-                               "scrolling\u201d) to finish."));
-        }
     } catch (const CaptureError& error) {
         qCWarning(lcScrolling, "Scrolling capture could not start: %s", qPrintable(error.detail()));
         delete session;

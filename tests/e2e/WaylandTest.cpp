@@ -19,6 +19,7 @@
 #include <QTemporaryDir>
 #include <QThread>
 
+#include <array>
 #include <csignal>
 #include <functional>
 #include <gtest/gtest.h>
@@ -587,6 +588,118 @@ TEST_F(Wayland, AScrolledPageStitchesToItsWholeContent)
     tray.waitForFinished(5000);
     page.kill();
     page.waitForFinished();
+}
+
+// The tray's recording flow under sway: framed on the overlay, started from
+// the options bar (a floating window of its own size), stopped by asking
+// again. Windows cannot stand aside here and the cast shows every window,
+// so nothing of ours is on the screen while it records: no control bar, no
+// outline; the movie holds the desktop alone.
+TEST_F(Wayland, TheTraysRecordingKeepsItsOwnWindowsOutOfTheMovie)
+{
+    QProcess counter;
+    counter.start(QStringLiteral(NUBOSHOT_TEST_COUNTER_WINDOW), {"--at", "640x480+0+0", "--fill"});
+    ASSERT_TRUE(counter.waitForReadyRead(10000)) << "the counter window did not open";
+    QProcess tray;
+    tray.setProcessChannelMode(QProcess::MergedChannels);
+    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    ASSERT_TRUE(tray.waitForStarted());
+    QString log;
+    const auto logged = [&](const QString& line) {
+        return waitFor([&] {
+            tray.waitForReadyRead(10);
+            log += QString::fromUtf8(tray.readAll());
+            return log.contains(line);
+        });
+    };
+    ASSERT_TRUE(logged(QStringLiteral("Nubo Shot started"))) << log.toStdString();
+    ASSERT_NO_FATAL_FAILURE(startPointer(1920, 1080));
+    ASSERT_EQ(test::runNuboShot({"capture", "recording"}).exitCode, 0);
+    ASSERT_TRUE(logged(QStringLiteral("Recording overlay shown"))) << log.toStdString();
+    ASSERT_NO_FATAL_FAILURE(pointer({"at 700 500", "press", "release"})); // the whole screen
+
+    // The options bar floats at its own size; Start Recording is at its right end.
+    QRect bar;
+    ASSERT_TRUE(waitFor([&] {
+        const std::function<void(const QJsonObject&)> find = [&](const QJsonObject& node) {
+            if (node["name"].toString().startsWith(u"Nubo Shot Recording Options")) {
+                const QJsonObject r = node["rect"].toObject();
+                bar = QRect(r["x"].toInt(), r["y"].toInt(), r["width"].toInt(), r["height"].toInt());
+            }
+            for (const char* key : {"nodes", "floating_nodes"}) {
+                for (const QJsonValue& child : node[QLatin1String(key)].toArray()) {
+                    find(child.toObject());
+                }
+            }
+        };
+        find(QJsonDocument::fromJson(tree().toUtf8()).object());
+        return !bar.isEmpty();
+    })) << "no options bar";
+    EXPECT_LT(bar.width(), 1920 * 3 / 4) << "the bar is stretched over the screen";
+    EXPECT_LT(bar.height(), 100) << "the bar is stretched over the screen";
+    ASSERT_NO_FATAL_FAILURE(pointer({QStringLiteral("at %1 %2")
+                                         .arg(bar.right() - 80)
+                                         .arg(bar.center().y())
+                                         .toUtf8(),
+                                     "press", "release", "at 1850 1000"}));
+    ASSERT_TRUE(logged(QStringLiteral("Recording without a control bar"))) << log.toStdString();
+    EXPECT_FALSE(tree().contains(u"Nubo Shot Recording")) << "a window of ours is on the screen";
+    QThread::msleep(1500); // recorded: the desktop alone
+    const QImage desktop = grim(m_dir.path(), {"-o", "HEADLESS-1"});
+    ASSERT_EQ(test::runNuboShot({"capture", "recording"}).exitCode, 0);
+    ASSERT_TRUE(logged(QStringLiteral("Recording saved to "))) << log.toStdString();
+    const QString file =
+        log.section(QStringLiteral("Recording saved to "), 1).section(u'\n', 0, 0).trimmed();
+
+    const test::DecodedMovie movie = test::decodeMovie(file);
+    ASSERT_TRUE(movie.opened) << movie.error.toStdString();
+    ASSERT_GE(movie.frames.size(), 10);
+    // The last picture is the desktop as the compositor drew it while
+    // recording, but for the counter's own row and where the pointer was left.
+    // Compared by blocks of 16 pixels: the encoding blurs thin lines and
+    // text, a window of ours would change whole blocks.
+    const QImage last = movie.frames.last().convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(last.size(), desktop.size());
+    const QRect pointerLeft(1808, 960, 112, 120);
+    const auto mean = [](const QImage& image, const QRect& block) {
+        double sum[3] = {};
+        for (int y = block.top(); y <= block.bottom(); ++y) {
+            for (int x = block.left(); x <= block.right(); ++x) {
+                const QRgb c = image.pixel(x, y);
+                sum[0] += qRed(c);
+                sum[1] += qGreen(c);
+                sum[2] += qBlue(c);
+            }
+        }
+        const double n = double(block.width()) * block.height();
+        return std::array<double, 3>{sum[0] / n, sum[1] / n, sum[2] / n};
+    };
+    int foreign = 0;
+    QRect where;
+    for (int y = 80; y + 16 <= last.height(); y += 16) { // below the counter
+        for (int x = 0; x + 16 <= last.width(); x += 16) {
+            const QRect block(x, y, 16, 16);
+            if (block.intersects(pointerLeft)) {
+                continue;
+            }
+            const auto a = mean(last, block), b = mean(desktop, block);
+            if (std::abs(a[0] - b[0]) > 12 || std::abs(a[1] - b[1]) > 12 ||
+                std::abs(a[2] - b[2]) > 12) {
+                ++foreign;
+                where |= block;
+            }
+        }
+    }
+    if (foreign > 0) {
+        last.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/wayland-tray-recording.png"));
+    }
+    EXPECT_EQ(foreign, 0) << "something besides the desktop is in the movie, within "
+                          << where.x() << "," << where.y() << " " << where.width() << "x"
+                          << where.height();
+    tray.terminate();
+    tray.waitForFinished(5000);
+    counter.kill();
+    counter.waitForFinished();
 }
 
 } // namespace
