@@ -201,9 +201,9 @@ ShotRecordingOptionsBar::ShotRecordingOptionsBar(ShotPreferences& preferences,
     if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
         // No bar stays on the screen while recording here (it would be in
         // the movie): how to stop is said now.
-        auto* stop = new QLabel(QStringLiteral("Stop from the menu or with "
-                                               "\u201cnuboshot capture recording\u201d"),
-                                this);
+        auto* stop = new QLabel(QStringLiteral("Stop from the menu"), this);
+        stop->setToolTip(QStringLiteral("Or by the shortcut, or with \u201cnuboshot capture "
+                                        "recording\u201d"));
         stop->setObjectName(QStringLiteral("recording.stopHint"));
         stop->setStyleSheet(QStringLiteral("color: rgba(255,255,255,200); padding: 0 4px;"));
         row->addWidget(stop);
