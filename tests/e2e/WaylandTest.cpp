@@ -340,8 +340,7 @@ TEST_F(Wayland, GrabsEqualTheCompositorsOwnPixels)
 
 // The tray under sway: an area framed over the frozen desktop with the
 // seat's own pointer lands in the editor and in the recent shots with the
-// compositor's pixels. Windows cannot be pointed at here, so the overlay
-// does not offer them.
+// compositor's pixels.
 TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
 {
     ASSERT_NO_FATAL_FAILURE(twoOutputsOfNoise(1));
@@ -696,6 +695,62 @@ TEST_F(Wayland, TheTraysRecordingKeepsItsOwnWindowsOutOfTheMovie)
     EXPECT_EQ(foreign, 0) << "something besides the desktop is in the movie, within "
                           << where.x() << "," << where.y() << " " << where.width() << "x"
                           << where.height();
+    tray.terminate();
+    tray.waitForFinished(5000);
+    counter.kill();
+    counter.waitForFinished();
+}
+
+// sway lists its windows to the programs of its session: `nuboshot windows`
+// has them with their frames, a window is grabbed by its id, and the tray's
+// Capture Window points at it on the overlay; each is the compositor's own
+// pixels of the window.
+TEST_F(Wayland, WindowsSwayListsAreGrabbedAndPointedAt)
+{
+    run(QStringLiteral("swaymsg"), {"for_window [app_id=\"test-counter-window\"] floating enable"});
+    run(QStringLiteral("swaymsg"), {"focus_follows_mouse", "no"});
+    QProcess counter;
+    counter.start(QStringLiteral(NUBOSHOT_TEST_COUNTER_WINDOW),
+                  {"--at", "400x300+0+0", "--still"});
+    ASSERT_TRUE(counter.waitForReadyRead(10000)) << "the counter window did not open";
+    run(QStringLiteral("swaymsg"), {"[app_id=\"test-counter-window\"] move position 300 200"});
+    const QRect frame(300, 200, 400, 300);
+    QImage expected;
+    ASSERT_TRUE(waitFor([&] {
+        expected = grim(m_dir.path(), {"-g", "300,200 400x300"});
+        return expected.pixel(200, 150) == qRgb(40, 90, 160);
+    })) << "the window is not where it was put";
+
+    const test::ProcessResult listed = test::runNuboShot({"windows", "--json"});
+    ASSERT_EQ(listed.exitCode, 0) << listed.err.toStdString();
+    QString id;
+    for (const QJsonValue& w : QJsonDocument::fromJson(listed.out.toUtf8()).array()) {
+        if (w["application"].toString() == QLatin1String("test-counter-window")) {
+            EXPECT_EQ(w["frame"].toArray(), QJsonArray({300, 200, 400, 300}));
+            id = QString::number(w["id"].toInteger());
+        }
+    }
+    ASSERT_FALSE(id.isEmpty()) << "the window is not listed: " << listed.out.toStdString();
+
+    ASSERT_NO_FATAL_FAILURE(startPointer(1920, 1080));
+    ASSERT_NO_FATAL_FAILURE(pointer({"at 1850 950"})); // away from the window
+    const QString grabbed = m_dir.filePath(QStringLiteral("window.png"));
+    const test::ProcessResult grab = test::runNuboShot({"grab", "window", id, "-o", grabbed});
+    ASSERT_EQ(grab.exitCode, 0) << grab.err.toStdString();
+    EXPECT_EQ(firstDifference(QImage(grabbed).convertToFormat(QImage::Format_RGB32), expected),
+              QString());
+
+    QProcess tray;
+    tray.setProcessChannelMode(QProcess::ForwardedChannels);
+    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    ASSERT_TRUE(tray.waitForStarted());
+    ASSERT_EQ(test::runNuboShot({"capture", "window"}).exitCode, 0);
+    ASSERT_TRUE(waitFor([&] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
+    ASSERT_NO_FATAL_FAILURE(pointer({"at 500 350", "move 5 5", "press", "release"}));
+    const QString shot = recentShot(frame.size());
+    ASSERT_FALSE(shot.isEmpty()) << "no recent shot of the window";
+    EXPECT_EQ(firstDifference(QImage(shot).convertToFormat(QImage::Format_RGB32), expected),
+              QString());
     tray.terminate();
     tray.waitForFinished(5000);
     counter.kill();

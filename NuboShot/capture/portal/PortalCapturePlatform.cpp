@@ -27,9 +27,12 @@ CapturePlatformFeatures PortalCapturePlatform::features() const
     features.modes = {CaptureMode::area, CaptureMode::fullscreen, CaptureMode::scrolling};
     features.recording = true;
     features.regionStreams = true;
-    if (PortalScreenCast::castsWindows()) {
+    // Windows are pointed at where the desktop lists them to its programs
+    // (sway), else picked in its own dialog where it casts single windows.
+    const bool listed = qEnvironmentVariableIsSet("SWAYSOCK");
+    if (listed || PortalScreenCast::castsWindows()) {
         features.modes.insert(1, CaptureMode::window);
-        features.windowPicker = true;
+        features.windowPicker = !listed;
     }
     return features;
 }

@@ -1,13 +1,16 @@
 #include "capture/portal/PortalScreenCapturer.h"
 
+#include "capture/CaptureSelection.h"
 #include "capture/PixelConversion.h"
 #include "capture/portal/PipeWireFrames.h"
 #include "capture/portal/PortalRequest.h"
 #include "capture/portal/PortalScreenCast.h"
+#include "capture/portal/SwayWindows.h"
 #include "capture/portal/WaylandOutputs.h"
 #include "core/Logging.h"
 #include "core/Settings.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QImageReader>
@@ -275,15 +278,33 @@ QList<CaptureDisplay> PortalScreenCapturer::displays()
 
 WindowCaptureSnapshot PortalScreenCapturer::listWindows(bool)
 {
-    // The portals show no window list; windows are framed on the screen.
-    return {};
+    // The portals show no window list; sway shows its own to its session.
+    return {swayWindows(QCoreApplication::applicationPid()).value_or(QList<CapturableWindow>()), {}};
 }
 
 WindowCapture PortalScreenCapturer::captureWindow(quint32 windowID)
 {
+    std::optional<CapturableWindow> window;
+    for (const CapturableWindow& w : listWindows(false).windows) {
+        if (w.id == windowID) {
+            window = w;
+        }
+    }
+    if (!window) {
+        throw CaptureError(CaptureError::Code::noContent,
+                           QStringLiteral("there is no window %1 on this desktop").arg(windowID));
+    }
+    // Its place on the screen as the screen's cast shows it: a window
+    // covered by another is seen covered.
+    for (const DisplayCapture& display : captureDisplays()) {
+        const QRectF on = window->frame.intersected(display.space.globalFrame);
+        if (display.space.globalFrame.contains(window->frame.center()) && !on.isEmpty()) {
+            const QRect pixels = nubo::captureRegion(display.space, on).pixelRect;
+            return {display.image.copy(pixels), float(display.space.scale)};
+        }
+    }
     throw CaptureError(CaptureError::Code::noContent,
-                       QStringLiteral("window %1: this desktop lists no windows to capture")
-                           .arg(windowID));
+                       QStringLiteral("window %1 is on no screen").arg(windowID));
 }
 
 PortalScreenCapturer::DisplayCast PortalScreenCapturer::castWindow(PortalScreenCast::Cursor cursor,

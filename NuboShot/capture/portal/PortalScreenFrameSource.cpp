@@ -41,10 +41,21 @@ ScreenFrameGeometry PortalScreenFrameSource::open(const ScreenFrameRequest& requ
             throw CaptureError(CaptureError::Code::noContent,
                                QStringLiteral("the area lies outside its display"));
         }
-    } else if (!isPickedWindow(std::get<RecordingTarget::Window>(request.target.target).window)) {
-        throw CaptureError(CaptureError::Code::noContent,
-                           QStringLiteral("this desktop lists its windows to no program: its "
-                                          "own dialog picks the window to record"));
+    } else if (const CapturableWindow& w =
+                   std::get<RecordingTarget::Window>(request.target.target).window;
+               !isPickedWindow(w)) {
+        // A window the desktop listed (sway): where it is on its screen, as
+        // the screen's cast shows it (it is not followed when it moves).
+        for (const CaptureDisplay& d : m_capturer->displays()) {
+            if (d.space.globalFrame.contains(w.frame.center())) {
+                display = d;
+                on = w.frame.intersected(d.space.globalFrame);
+            }
+        }
+        if (on.isEmpty()) {
+            throw CaptureError(CaptureError::Code::noContent,
+                               QStringLiteral("window %1 is on no screen").arg(w.id));
+        }
     }
     const uint modes = PortalScreenCast::cursorModes();
     m_metadataCursor =
@@ -56,7 +67,8 @@ ScreenFrameGeometry PortalScreenFrameSource::open(const ScreenFrameRequest& requ
     m_taken = 0;
     m_takenCount = 0;
     m_pending.reset();
-    if (std::holds_alternative<RecordingTarget::Window>(request.target.target)) {
+    if (const auto* window = std::get_if<RecordingTarget::Window>(&request.target.target);
+        window && isPickedWindow(window->window)) {
         // The whole picture, whatever size the window takes later (the
         // writer scales each picture to the movie's size).
         m_cast = m_capturer->castWindow(cursor, request.framesPerSecond);
