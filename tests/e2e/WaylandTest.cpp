@@ -16,6 +16,7 @@
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QSet>
+#include <QSettings>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -345,6 +346,12 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
 {
     ASSERT_NO_FATAL_FAILURE(twoOutputsOfNoise(1));
     const QImage desktop = grim(m_dir.path(), {"-o", "HEADLESS-1"});
+    {
+        // Every capture goes to the clipboard too, as the user can ask.
+        QSettings preferences(QSettings::IniFormat, QSettings::UserScope,
+                              QStringLiteral("NuboShot"), QStringLiteral("NuboShot"));
+        preferences.setValue(QStringLiteral("shot.copyRawOnCapture"), true);
+    }
     QProcess tray;
     tray.setProcessChannelMode(QProcess::ForwardedChannels);
     tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
@@ -393,6 +400,19 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
         const QImage got = QImage(shot).convertToFormat(QImage::Format_RGB32);
         ASSERT_EQ(got.size(), QSize(100, 80));
         EXPECT_EQ(firstDifference(got, expected.copy(420, 380, 100, 80)), QString());
+        // On the desktop's clipboard for any program (read as a clipboard
+        // manager does, without the keyboard).
+        QImage copied;
+        ASSERT_TRUE(waitFor([&] {
+            QProcess paste;
+            paste.start(QStringLiteral("wl-paste"), {"--no-newline", "--type", "image/png"});
+            paste.waitForFinished(5000);
+            copied = QImage::fromData(paste.readAllStandardOutput(), "PNG");
+            return copied.size() == QSize(100, 80) &&
+                   firstDifference(copied.convertToFormat(QImage::Format_RGB32),
+                                   expected.copy(420, 380, 100, 80))
+                       .isEmpty();
+        })) << "the clipboard holds no copy of the shot";
         // The editor goes, as a user closes it.
         run(QStringLiteral("swaymsg"), {"[title=\"100 \u00d7 80\"]", "kill"});
         ASSERT_TRUE(waitFor([&] { return !tree().contains(u"100 \u00d7 80"); }));
