@@ -117,13 +117,15 @@ void ScrollingCapture::run()
         {
             std::unique_lock lock(m_mutex);
             // Frames at the chosen rate at most; a request wakes us early.
-            m_wake.wait_until(lock, due, [this] {
-                return m_stopping || m_requestedDriver || m_stopAutoRequested;
+            m_wake.wait_until(lock, due, [this, &started] {
+                return m_stopping || (m_requestedDriver && started) || m_stopAutoRequested;
             });
             if (m_stopping) {
                 break;
             }
-            if (m_requestedDriver) {
+            // Auto-scroll turns the wheel once stitching has its first
+            // frame: what scrolls away before would be lost.
+            if (m_requestedDriver && started) {
                 m_driver = std::move(m_requestedDriver);
                 m_phase = AutoPhase::off;
             }

@@ -4,9 +4,11 @@
 #include "core/Logging.h"
 #include "scrolling/ShotScrollingPanel.h"
 
+#include <QFutureWatcher>
 #include <QGuiApplication>
 #include <QLocale>
 #include <QScreen>
+#include <QtConcurrent>
 
 namespace nubo {
 
@@ -83,7 +85,42 @@ void ShotScrollingSession::start()
         qCInfo(lcScrolling, "Scrolling capture of %dx%d pixels at %d,%d on display %u, no panel",
                m_region.pixelRect.width(), m_region.pixelRect.height(), m_region.pixelRect.x(),
                m_region.pixelRect.y(), m_display.displayID);
-        startCapture(streaming->streamRegion(m_display.displayID, m_region), 1);
+        if (!features.autoScroll || !m_platform->scrollDriving()) {
+            startCapture(streaming->streamRegion(m_display.displayID, m_region), 1);
+            return;
+        }
+        // The desktop asks the user about its remote pointer first (off the
+        // main thread): its dialog is gone before the area is sampled.
+        // Declined, the user scrolls by hand.
+        auto* asked = new QFutureWatcher<ScrollDriver*>(this);
+        connect(asked, &QFutureWatcherBase::finished, this, [this, asked, streaming] {
+            asked->deleteLater();
+            std::unique_ptr<ScrollDriver> driver(asked->result());
+            if (m_ended) {
+                return;
+            }
+            try {
+                startCapture(streaming->streamRegion(m_display.displayID, m_region), 1);
+            } catch (const Error& error) {
+                tearDown();
+                emit failed(error.message());
+                return;
+            }
+            if (driver) {
+                m_capture->startAutoScroll(std::move(driver));
+            }
+        });
+        asked->setFuture(QtConcurrent::run(
+            [driving = m_platform->scrollDriving(), display = m_display.displayID,
+             region = m_region]() -> ScrollDriver* {
+                try {
+                    return driving->drive(display, region).release();
+                } catch (const Error& error) {
+                    qCInfo(lcScrolling, "No auto-scroll, scrolled by hand: %s",
+                           qPrintable(error.message()));
+                    return nullptr;
+                }
+            }));
         return;
     }
     m_panel = new ShotScrollingPanel(
@@ -209,7 +246,14 @@ void ShotScrollingSession::stoppedByItself(const ScrollingCaptureEnd& end)
 
 void ShotScrollingSession::autoScrollEnded(bool byUser)
 {
-    if (m_ended || !m_panel) {
+    if (m_ended) {
+        return;
+    }
+    if (!m_panel) {
+        // Without a panel (Wayland), the end of the page is the end.
+        if (!byUser) {
+            finish();
+        }
         return;
     }
     m_panel->setAutoScrolling(false);

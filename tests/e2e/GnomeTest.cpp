@@ -89,9 +89,11 @@ protected:
         return pixels(file);
     }
 
-    // Waits for the portal's dialog, picks the first entry of its list and
-    // presses Share (or Cancel). False when no dialog came.
-    bool answerScreenShare(bool share = true)
+    // Waits for the portal's dialog, picks the first entry of its list (or,
+    // `atSwitch`, turns on the switch at the end of that row: the remote
+    // desktop's "Allow remote interaction") and presses Share, or presses
+    // Cancel. False when no dialog came.
+    bool answerScreenShare(bool share = true, bool atSwitch = false)
     {
         QElapsedTimer waited;
         waited.start();
@@ -113,26 +115,32 @@ protected:
                 QThread::msleep(100);
                 continue;
             }
-            // Its header bar above: Cancel on the left, the blue Share on the right.
+            // Its edges, and its header bar above: Cancel at the left end, the
+            // blue Share at the right end.
+            int left = middle, right = middle;
+            while (left > 0 && now.pixel(left - 1, bodyTop + 4) == dialogBody) {
+                --left;
+            }
+            while (right + 1 < now.width() && now.pixel(right + 1, bodyTop + 4) == dialogBody) {
+                ++right;
+            }
             const int header = bodyTop - 24;
-            int right = -1, left = -1;
-            for (int x = now.width() - 1; x > middle && right < 0; --x) {
-                right = bluish(now.pixel(x, header)) ? x : -1;
-            }
-            for (int x = 0; x < middle && left < 0; ++x) {
-                left = qGray(now.pixel(x, header)) > 0xc0 ? x : -1;
-            }
-            if (right < 0 || left < 0) {
+            if (!bluish(now.pixel(right - 40, header))) {
                 ADD_FAILURE() << "the dialog at " << bodyTop << " has no Share button";
                 now.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-dialog.png"));
                 return false;
             }
             const QString y = QString::number(header);
-            const QStringList choose{"at", QString::number(middle - 40), QString::number(row + 20),
-                                     "wait", "150", "at", QString::number(middle),
+            int x = middle;
+            while (atSwitch && x + 1 < now.width() && now.pixel(x + 1, row + 25) == listRow) {
+                ++x; // to the switch, which is not white
+            }
+            x += atSwitch ? 24 : 0;
+            const QStringList choose{"at", QString::number(x - 40), QString::number(row + 20),
+                                     "wait", "150", "at", QString::number(x),
                                      QString::number(row + 25), "wait", "150", "click",
                                      "wait", "300"};
-            const QStringList press{"at", QString::number(share ? right - 30 : left + 30), y,
+            const QStringList press{"at", QString::number(share ? right - 40 : left + 50), y,
                                     "wait", "150", "click", "wait", "200"};
             return desktop(share ? choose + press : press);
         }
@@ -300,75 +308,94 @@ TEST_F(Gnome, AWindowPickedForARecordingHoldsEveryPaintInOrder)
     EXPECT_GT(seen.last(), seen.first());
 }
 
-// Scrolling capture on GNOME: the page framed on the overlay, scrolled with
-// the wheel, stitched from GNOME's screen cast to the page's whole content.
+// Scrolling capture on GNOME, stitched from its screen cast to the page's
+// whole content: the desktop is asked for its remote pointer (its "Remote
+// desktop" dialog) and, granted, the wheel turns by itself and the capture
+// ends at the end of the page; declined, the user scrolls with the wheel and
+// asks again to finish.
 TEST_F(Gnome, AScrolledPageStitchesToItsWholeContent)
 {
-    const QString truthFile = m_dir.filePath(QStringLiteral("truth.png"));
-    QProcess page;
-    page.start(QStringLiteral(NUBOSHOT_TEST_SCROLL_PAGE),
-               {"--at", "600x500+300+160", "--pages", "4", "--truth", truthFile});
-    ASSERT_TRUE(page.waitForReadyRead(10000)) << "the page did not open";
-    const QImage truth = pixels(truthFile);
-    ASSERT_FALSE(truth.isNull());
-    // Where GNOME put it: its header's pixels on the screen.
-    const QImage header = truth.copy(0, 0, 600, 48);
-    std::optional<QPoint> at;
-    QElapsedTimer waited;
-    waited.start();
-    while (!at && waited.elapsed() < 10000) {
-        at = findIn(screen(), header);
-    }
-    ASSERT_TRUE(at.has_value()) << "the page is not on the screen";
-    const auto step = [](int v) { return QString::number(v); };
-
-    const auto tray = nuboshot({});
-    const auto asked = nuboshot({"capture", "scrolling"});
-    finished(*asked);
-    ASSERT_TRUE(answerScreenShare()); // the first still of the overlay asks for the screen
-    waited.restart();
-    while (findIn(screen(), header) && waited.elapsed() < 10000) {
-        QThread::msleep(50); // until the overlay dims the page
-    }
-    // The page without its last 60 pixels (its footer among them) is framed.
-    ASSERT_TRUE(desktop({"at", step(at->x()), step(at->y()), "wait", "100", "press", "at",
-                         step(at->x() + 300), step(at->y() + 200), "at", step(at->x() + 600),
-                         step(at->y() + 440), "wait", "100", "release", "wait", "300"}));
-    waited.restart();
-    while (!findIn(screen(), header) && waited.elapsed() < 10000) {
-        QThread::msleep(50); // until the overlay is gone
-    }
-    QStringList wheel{"at", step(at->x() + 300), step(at->y() + 480), "wait", "300"};
-    for (int notch = 0; notch < 30; ++notch) {
-        wheel << "scroll" << "1" << "wait" << "120";
-    }
-    ASSERT_TRUE(desktop(wheel + QStringList{"wait", "400"}));
-    finished(*nuboshot({"capture", "scrolling"}));
-
-    const QSize expected(600, truth.height() - 60);
-    const QString recent = qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/NuboShot/Recent");
-    QImage got;
-    waited.restart();
-    while (got.isNull() && waited.elapsed() < 10000) {
-        QDirIterator images(recent, {QStringLiteral("*.png")}, QDir::Files,
-                            QDirIterator::Subdirectories);
-        while (images.hasNext()) {
-            const QString file = images.next();
-            if (!file.endsWith(u"thumbnail.png") && QImage(file).size() == expected) {
-                got = pixels(file);
-            }
+    for (const bool granted : {true, false}) {
+        SCOPED_TRACE(granted ? "auto-scroll" : "scrolled by hand");
+        const QString truthFile = m_dir.filePath(QStringLiteral("truth.png"));
+        QProcess page;
+        page.start(QStringLiteral(NUBOSHOT_TEST_SCROLL_PAGE),
+                   {"--at", "600x500+300+160", "--pages", "4", "--truth", truthFile});
+        ASSERT_TRUE(page.waitForReadyRead(10000)) << "the page did not open";
+        const QImage truth = pixels(truthFile);
+        ASSERT_FALSE(truth.isNull());
+        // Where GNOME put it: its header's pixels on the screen.
+        const QImage header = truth.copy(0, 0, 600, 48);
+        std::optional<QPoint> at;
+        QElapsedTimer waited;
+        waited.start();
+        while (!at && waited.elapsed() < 10000) {
+            at = findIn(screen(), header);
         }
-        QThread::msleep(100);
+        ASSERT_TRUE(at.has_value()) << "the page is not on the screen";
+        const auto step = [](int v) { return QString::number(v); };
+
+        const auto tray = std::make_unique<QProcess>();
+        tray->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        tray->start(QStringLiteral(NUBOSHOT_BINARY), {});
+        ASSERT_TRUE(tray->waitForStarted());
+        finished(*nuboshot({"capture", "scrolling"}));
+        if (granted) {
+            ASSERT_TRUE(answerScreenShare()); // the first still of the overlay asks for the screen
+        }
+        waited.restart();
+        while (findIn(screen(), header) && waited.elapsed() < 10000) {
+            QThread::msleep(50); // until the overlay dims the page
+        }
+        // The page without its last 60 pixels (its footer among them) is framed.
+        ASSERT_TRUE(desktop({"at", step(at->x()), step(at->y()), "wait", "100", "press", "at",
+                             step(at->x() + 300), step(at->y() + 200), "at", step(at->x() + 600),
+                             step(at->y() + 440), "wait", "100", "release", "wait", "300"}));
+        ASSERT_TRUE(answerScreenShare(granted, true)); // the remote pointer
+        if (!granted) {
+            waited.restart();
+            while (!findIn(screen(), header) && waited.elapsed() < 10000) {
+                QThread::msleep(50); // until the dialog is gone
+            }
+            // A user looks before scrolling, as the capture starts on a quiet screen.
+            QStringList wheel{"at", step(at->x() + 300), step(at->y() + 480), "wait", "800"};
+            for (int notch = 0; notch < 30; ++notch) {
+                wheel << "scroll" << "1" << "wait" << "120";
+            }
+            ASSERT_TRUE(desktop(wheel + QStringList{"wait", "400"}));
+            finished(*nuboshot({"capture", "scrolling"}));
+        }
+
+        const QSize expected(600, truth.height() - 60);
+        const QString recent =
+            qEnvironmentVariable("XDG_DATA_HOME") + QStringLiteral("/NuboShot/Recent");
+        QImage got;
+        QString found;
+        waited.restart();
+        while (got.isNull() && waited.elapsed() < 20000) {
+            QDirIterator images(recent, {QStringLiteral("*.png")}, QDir::Files,
+                                QDirIterator::Subdirectories);
+            while (images.hasNext()) {
+                const QString file = images.next();
+                if (!file.endsWith(u"thumbnail.png") && QImage(file).size() == expected) {
+                    got = pixels(file);
+                    found = file;
+                }
+            }
+            QThread::msleep(100);
+        }
+        ASSERT_FALSE(got.isNull()) << "no stitched shot of " << expected.height() << " rows";
+        QFile::remove(found); // the next round looks for its own
+        if (got != truth.copy(QRect(QPoint(), expected))) {
+            got.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-scrolling.png"));
+            ADD_FAILURE() << "the stitched page differs from its content";
+        }
+        tray->kill();
+        tray->waitForFinished();
+        page.kill();
+        page.waitForFinished();
+        // The editor the tray opened went with it.
     }
-    ASSERT_FALSE(got.isNull()) << "no stitched shot of " << expected.height() << " rows";
-    if (got != truth.copy(QRect(QPoint(), expected))) {
-        got.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-scrolling.png"));
-        ADD_FAILURE() << "the stitched page differs from its content";
-    }
-    tray->kill();
-    tray->waitForFinished();
-    page.kill();
-    page.waitForFinished();
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "capture/portal/PortalCapturePlatform.h"
 
 #include "capture/portal/PortalRegionStreaming.h"
+#include "capture/portal/PortalScrollDriving.h"
 #include "capture/portal/PortalRequest.h"
 #include "capture/portal/PortalScreenCast.h"
 #include "capture/portal/PortalScreenCapturer.h"
@@ -10,7 +11,8 @@ namespace nubo {
 
 PortalCapturePlatform::PortalCapturePlatform(ScreenLookup screens)
     : m_capturer(std::make_shared<PortalScreenCapturer>(std::move(screens))),
-      m_regions(std::make_shared<PortalRegionStreaming>(m_capturer))
+      m_regions(std::make_shared<PortalRegionStreaming>(m_capturer)),
+      m_wheel(std::make_shared<PortalScrollDriving>())
 {
 }
 
@@ -27,6 +29,7 @@ CapturePlatformFeatures PortalCapturePlatform::features() const
     features.modes = {CaptureMode::area, CaptureMode::fullscreen, CaptureMode::scrolling};
     features.recording = true;
     features.regionStreams = true;
+    features.autoScroll = PortalScrollDriving::available();
     // Windows are pointed at where the desktop lists them to its programs
     // (sway), else picked in its own dialog where it casts single windows.
     const bool listed = qEnvironmentVariableIsSet("SWAYSOCK");
@@ -40,6 +43,11 @@ CapturePlatformFeatures PortalCapturePlatform::features() const
 std::shared_ptr<ScreenCapturing> PortalCapturePlatform::capturer()
 {
     return m_capturer;
+}
+
+std::shared_ptr<ScrollDriving> PortalCapturePlatform::scrollDriving()
+{
+    return features().autoScroll ? m_wheel : nullptr;
 }
 
 std::shared_ptr<ScreenRegionStreaming> PortalCapturePlatform::regionStreaming()

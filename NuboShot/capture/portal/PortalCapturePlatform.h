@@ -20,7 +20,7 @@ public:
     CapturePlatformFeatures features() const override;
     std::shared_ptr<ScreenCapturing> capturer() override;
     std::shared_ptr<ScreenRegionStreaming> regionStreaming() override;
-    std::shared_ptr<ScrollDriving> scrollDriving() override { return nullptr; }
+    std::shared_ptr<ScrollDriving> scrollDriving() override;
     std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override { return nullptr; }
     std::unique_ptr<ScreenFrameSource> makeFrameSource() override;
     ScreenGrants grants() const override;
@@ -29,6 +29,7 @@ public:
 private:
     std::shared_ptr<PortalScreenCapturer> m_capturer;
     std::shared_ptr<ScreenRegionStreaming> m_regions;
+    std::shared_ptr<ScrollDriving> m_wheel;
 };
 
 } // namespace nubo
