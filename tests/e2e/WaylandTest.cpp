@@ -188,6 +188,24 @@ protected:
             QThread::msleep(30);
         }
     }
+    // Where sway shows the window whose title starts so; empty when none.
+    static QRect windowRect(const QString& titleStart)
+    {
+        QRect found;
+        const std::function<void(const QJsonObject&)> find = [&](const QJsonObject& node) {
+            if (node["name"].toString().startsWith(titleStart)) {
+                const QJsonObject r = node["rect"].toObject();
+                found = QRect(r["x"].toInt(), r["y"].toInt(), r["width"].toInt(), r["height"].toInt());
+            }
+            for (const char* key : {"nodes", "floating_nodes"}) {
+                for (const QJsonValue& child : node[QLatin1String(key)].toArray()) {
+                    find(child.toObject());
+                }
+            }
+        };
+        find(QJsonDocument::fromJson(tree().toUtf8()).object());
+        return found;
+    }
     // The newest recent shot's picture of this size, once it is there.
     static QString recentShot(QSize size, const QSet<QString>& before = {})
     {
@@ -640,18 +658,7 @@ TEST_F(Wayland, TheTraysRecordingKeepsItsOwnWindowsOutOfTheMovie)
     // The options bar floats at its own size; Start Recording is at its right end.
     QRect bar;
     ASSERT_TRUE(waitFor([&] {
-        const std::function<void(const QJsonObject&)> find = [&](const QJsonObject& node) {
-            if (node["name"].toString().startsWith(u"Nubo Shot Recording Options")) {
-                const QJsonObject r = node["rect"].toObject();
-                bar = QRect(r["x"].toInt(), r["y"].toInt(), r["width"].toInt(), r["height"].toInt());
-            }
-            for (const char* key : {"nodes", "floating_nodes"}) {
-                for (const QJsonValue& child : node[QLatin1String(key)].toArray()) {
-                    find(child.toObject());
-                }
-            }
-        };
-        find(QJsonDocument::fromJson(tree().toUtf8()).object());
+        bar = windowRect(QStringLiteral("Nubo Shot Recording Options"));
         return !bar.isEmpty();
     })) << "no options bar";
     EXPECT_LT(bar.width(), 1920 * 3 / 4) << "the bar is stretched over the screen";
@@ -775,6 +782,56 @@ TEST_F(Wayland, WindowsSwayListsAreGrabbedAndPointedAt)
     tray.waitForFinished(5000);
     counter.kill();
     counter.waitForFinished();
+}
+
+// Drag and drop under sway: the editor's Drag Me handle dragged with the
+// seat's pointer onto another program's window hands it the shot's file.
+TEST_F(Wayland, AShotIsDraggedOutOfTheEditorIntoAnotherProgram)
+{
+    const QString drops = m_dir.filePath(QStringLiteral("drops"));
+    QDir().mkpath(drops);
+    QProcess target;
+    target.start(QStringLiteral(NUBOSHOT_TEST_DROP_TARGET),
+                 {drops, "--geometry", "300x200+1200+100"});
+    ASSERT_TRUE(target.waitForReadyRead(10000)) << "the drop target did not open";
+    ASSERT_EQ(target.readLine().trimmed(), "ready");
+    QProcess tray;
+    tray.setProcessChannelMode(QProcess::ForwardedChannels);
+    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
+    ASSERT_TRUE(tray.waitForStarted());
+    ASSERT_NO_FATAL_FAILURE(startPointer(1920, 1080));
+    ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
+    ASSERT_TRUE(waitFor([&] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
+    ASSERT_NO_FATAL_FAILURE(pointer({"at 100 100", "press", "move 100 80", "move 100 80", "release"}));
+    QRect editor;
+    ASSERT_TRUE(waitFor([&] {
+        editor = windowRect(QStringLiteral("200 \u00d7 160"));
+        return !editor.isEmpty();
+    })) << "no editor";
+    QThread::msleep(300); // drawn
+    // Drag Me sits in the bottom bar after Copy, Save and Save As.
+    const QPoint handle(editor.left() + 318, editor.bottom() - 22);
+    const QRect drop = windowRect(QStringLiteral("Drop Target"));
+    ASSERT_FALSE(drop.isEmpty());
+    QList<QByteArray> drag{QStringLiteral("at %1 %2").arg(handle.x()).arg(handle.y()).toUtf8(),
+                           "press"};
+    for (int i = 0; i < 10; ++i) {
+        drag << QStringLiteral("move %1 %2")
+                    .arg((drop.center().x() - handle.x()) / 10)
+                    .arg((drop.center().y() - handle.y()) / 10)
+                    .toUtf8();
+    }
+    drag << QStringLiteral("at %1 %2").arg(drop.center().x()).arg(drop.center().y()).toUtf8()
+         << "release";
+    ASSERT_NO_FATAL_FAILURE(pointer(drag));
+    ASSERT_TRUE(target.waitForReadyRead(10000)) << "nothing was dropped";
+    const QString copied = QString::fromUtf8(target.readLine()).section(u'\t', 0, 0);
+    const QImage dropped(copied);
+    EXPECT_EQ(dropped.size(), QSize(200, 160)) << copied.toStdString();
+    tray.terminate();
+    tray.waitForFinished(5000);
+    target.kill();
+    target.waitForFinished();
 }
 
 } // namespace
