@@ -676,6 +676,15 @@ TEST_F(Wayland, TheTraysRecordingKeepsItsOwnWindowsOutOfTheMovie)
     ASSERT_TRUE(logged(QStringLiteral("Recording saved to "))) << log.toStdString();
     const QString file =
         log.section(QStringLiteral("Recording saved to "), 1).section(u'\n', 0, 0).trimmed();
+    // The desktop's notification service was told, as on X11 (dunst lists
+    // a notification once it has been shown and gone, 10 s on).
+    QElapsedTimer told;
+    told.start();
+    while (!run(QStringLiteral("dunstctl"), {"history"}).contains(u"Recording saved") &&
+           told.elapsed() < 30000) {
+        QThread::msleep(200);
+    }
+    EXPECT_LT(told.elapsed(), 30000) << "no notification of the saved recording";
 
     const test::DecodedMovie movie = test::decodeMovie(file);
     ASSERT_TRUE(movie.opened) << movie.error.toStdString();
