@@ -87,20 +87,24 @@ QString reason(int errorNumber, const QString& path)
     }
 }
 
-void refuseSpecialTarget(const QString& path)
+std::optional<QString> specialKind(const QString& path)
 {
     struct stat info {};
-    if (::stat(QFile::encodeName(path).constData(), &info) != 0) {
-        return; // nothing there yet (or nothing we can see): the write will say
+    if (::stat(QFile::encodeName(path).constData(), &info) != 0 || S_ISREG(info.st_mode)) {
+        return std::nullopt; // a file, or nothing there (or nothing we can see)
     }
-    if (!S_ISREG(info.st_mode)) {
-        const char* what = S_ISDIR(info.st_mode)                            ? "a folder"
-                           : S_ISFIFO(info.st_mode)                         ? "a pipe (FIFO)"
-                           : S_ISCHR(info.st_mode) || S_ISBLK(info.st_mode) ? "a device"
-                           : S_ISSOCK(info.st_mode)                         ? "a socket"
-                                                                            : "not a regular file";
+    return QLatin1String(S_ISDIR(info.st_mode)                              ? "a folder"
+                         : S_ISFIFO(info.st_mode)                           ? "a pipe (FIFO)"
+                         : S_ISCHR(info.st_mode) || S_ISBLK(info.st_mode)   ? "a device"
+                         : S_ISSOCK(info.st_mode)                           ? "a socket"
+                                                                            : "not a regular file");
+}
+
+void refuseSpecialTarget(const QString& path)
+{
+    if (const std::optional<QString> kind = specialKind(path)) {
         throw FileError(QStringLiteral("write"), path,
-                        QStringLiteral("it is %1, not a file").arg(QLatin1String(what)));
+                        QStringLiteral("it is %1, not a file").arg(*kind));
     }
 }
 

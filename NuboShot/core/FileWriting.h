@@ -3,11 +3,17 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 namespace nubo::FileWriting {
 
 // Why writing into `path` failed with `errorNumber`, in words that name the
 // real cause and the place: "the disk holding “/home/ann/Pictures” is full".
 QString reason(int errorNumber, const QString& path);
+
+// What a path that exists and is not a regular file is ("a pipe (FIFO)",
+// "a device", …, following links); nothing for a regular file or no file.
+std::optional<QString> specialKind(const QString& path);
 
 // Refuses, with a FileError, a path that exists and is not a regular file
 // (following links): a FIFO, a device, a socket or a folder is never opened

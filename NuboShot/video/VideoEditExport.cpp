@@ -1,6 +1,7 @@
 #include "video/VideoEditExport.h"
 
 #include "core/BackgroundThread.h"
+#include "core/FileWriting.h"
 #include "core/Logging.h"
 #include "media/H264Bitstream.h"
 #include "media/MediaError.h"
@@ -722,6 +723,12 @@ std::optional<VideoExportResult> VideoEditExportSession::run(const VideoEditList
     if (!QFileInfo(target.absolutePath()).isDir()) {
         throw VideoEditError(VideoEditError::Code::cannotCreateExport,
                              QStringLiteral("the folder %1 does not exist.").arg(target.absolutePath()));
+    }
+    if (const std::optional<QString> kind = FileWriting::specialKind(destination)) {
+        // Never replaced by the export: it is left as it is.
+        throw VideoEditError(VideoEditError::Code::cannotCreateExport,
+                             QStringLiteral("%1 is %2, not a file; it is left as it is.")
+                                 .arg(destination, *kind));
     }
     // Written beside the destination under a hidden name, renamed when complete.
     QTemporaryFile partial(target.absolutePath() + QStringLiteral("/.%1-XXXXXX.mp4").arg(target.completeBaseName()));

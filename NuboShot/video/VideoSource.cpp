@@ -1,5 +1,6 @@
 #include "video/VideoSource.h"
 
+#include "core/FileWriting.h"
 #include "core/Logging.h"
 #include "media/MediaError.h"
 #include "video/MediaInput.h"
@@ -60,6 +61,12 @@ Input::Input(const QString& file)
             av_log_set_level(AV_LOG_ERROR);
         }
     });
+    // Opened as a file only: a pipe would hold the reader until someone writes.
+    if (const std::optional<QString> kind = FileWriting::specialKind(file)) {
+        throw VideoEditError(VideoEditError::Code::exportFailed,
+                             QStringLiteral("%1 is %2, not a video file.")
+                                 .arg(QFileInfo(file).fileName(), *kind));
+    }
     const QByteArray path = QFile::encodeName(file);
     int status = avformat_open_input(&format, path.constData(), nullptr, nullptr);
     if (status < 0) {

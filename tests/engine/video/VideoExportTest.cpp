@@ -13,6 +13,7 @@ extern "C" {
 }
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <cmath>
 
@@ -266,6 +267,13 @@ TEST(VideoExport, RefusesWhatItCannotDoAndLeavesNothingBehind)
     broken.source = notAMovie.fileName();
     VideoEditList nothing = list;
     nothing.removedRanges = {VideoTimeRange::between(s(0), s(10))};
+    // Pipes another program made: never opened (a reader would wait for a
+    // writer) nor replaced.
+    const QString pipeIn = dir.filePath("in.mp4"), pipeOut = dir.filePath("out-pipe.mp4");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipeIn).constData(), 0600), 0);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(pipeOut).constData(), 0600), 0);
+    VideoEditList fromPipe = list;
+    fromPipe.source = pipeIn;
     struct Case {
         const char* name;
         VideoEditList list;
@@ -278,6 +286,8 @@ TEST(VideoExport, RefusesWhatItCannotDoAndLeavesNothingBehind)
         {"a missing folder", list, dir.filePath("gone/out.mp4"), VideoEditError::Code::cannotCreateExport, "does not exist"},
         {"not a movie", broken, dir.filePath("out.mp4"), VideoEditError::Code::exportFailed, "could not be read"},
         {"everything cut", nothing, dir.filePath("out.mp4"), VideoEditError::Code::exportFailed, "nothing to export"},
+        {"from a pipe", fromPipe, dir.filePath("out.mp4"), VideoEditError::Code::exportFailed, "in.mp4 is a pipe (FIFO), not a video file"},
+        {"onto a pipe", list, pipeOut, VideoEditError::Code::cannotCreateExport, "is a pipe (FIFO), not a file"},
     };
     for (const Case& c : cases) {
         try {
@@ -289,6 +299,8 @@ TEST(VideoExport, RefusesWhatItCannotDoAndLeavesNothingBehind)
         }
     }
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"notes.mp4"});
+    EXPECT_TRUE(QFileInfo(pipeOut).exists() && !QFileInfo(pipeOut).isFile()) << "the pipe was replaced";
+    EXPECT_THROW(VideoSourceInfo::read(pipeIn), VideoEditError) << "a pipe read as a video";
 
     // Cancelled half way, on the export's own thread: no file, no partial file.
     VideoEditList blurred = list;
