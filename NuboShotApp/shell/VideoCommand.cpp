@@ -166,8 +166,22 @@ int runExport(const QStringList& arguments)
     if (output.isEmpty()) {
         return usage(QStringLiteral("the output file is missing (-o FILE)"), help);
     }
+    if (in && out && *out <= *in) {
+        return usage(QStringLiteral("the in point (--in %1) must come before the out point (--out %2)")
+                         .arg(in->toSeconds())
+                         .arg(out->toSeconds()),
+                     help);
+    }
     try {
         const VideoSourceInfo info = VideoSourceInfo::read(source);
+        if (in && out && *out - *in < info.frameDuration) {
+            return usage(QStringLiteral("between --in %1 and --out %2 there is not one picture "
+                                        "(a picture lasts %3 s)")
+                             .arg(in->toSeconds())
+                             .arg(out->toSeconds())
+                             .arg(info.frameDuration.toSeconds()),
+                         help);
+        }
         VideoEditList list = VideoEditList::opened(source, info.duration);
         if (out) {
             list.setOutPoint(*out, info.duration, info.frameDuration);

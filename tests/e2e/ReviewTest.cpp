@@ -204,6 +204,25 @@ TEST(VideoCommand, ExportsWhatTheOptionsSayAndPrintsTheFile)
     EXPECT_EQ(info.exitCode, 0);
     EXPECT_TRUE(info.out.contains("size: 640x360")) << info.out.toStdString();
     EXPECT_TRUE(info.out.contains("hasAudio: true")) << info.out.toStdString();
+
+    // In and out points that keep nothing are bad usage, and nothing is written.
+    const struct {
+        QStringList points;
+        const char* says;
+    } empty[] = {
+        {{"--in", "3", "--out", "1"}, "the in point (--in 3) must come before the out point (--out 1)"},
+        {{"--in", "2", "--out", "2"}, "the in point (--in 2) must come before the out point (--out 2)"},
+        {{"--in", "2", "--out", "2.01"}, "between --in 2 and --out 2.01 there is not one picture"},
+    };
+    const QString none = dir.filePath("none.mp4");
+    for (const auto& c : empty) {
+        SCOPED_TRACE(c.says);
+        const test::ProcessResult r =
+            test::runNuboShot(QStringList{"video", "export", movie, "-o", none} + c.points);
+        EXPECT_EQ(r.exitCode, 2);
+        EXPECT_TRUE(r.err.contains(QLatin1String(c.says))) << r.err.toStdString();
+        EXPECT_FALSE(QFile::exists(none));
+    }
 }
 
 } // namespace
