@@ -104,20 +104,6 @@ ShotEditorWindow* ShotFeature::openEditor(ShotDocument document)
     return editor;
 }
 
-ShotFeature::Frozen ShotFeature::pickedFromDesktop(ScreenCapturing& capturer)
-{
-    Frozen result;
-    try {
-        result.picked = capturer.pickWindow();
-    } catch (const CaptureError& error) {
-        result.cancelled = error.code() == CaptureError::Code::cancelled;
-        result.error = error.message();
-    } catch (const Error& error) {
-        result.error = error.message();
-    }
-    return result;
-}
-
 void ShotFeature::capture(CaptureMode mode)
 {
     Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
@@ -144,50 +130,61 @@ void ShotFeature::capture(CaptureMode mode)
     m_requested.start();
     // Fullscreen freezes only the display it takes: the one under the pointer.
     const QPoint pointer = QCursor::pos();
+    // Where the desktop lists its windows to nobody, its dialog picks.
     const bool picker = mode == CaptureMode::window && m_platform->features().windowPicker;
-    auto work = [capturer = m_platform->capturer(), mode, pointer, picker]() {
-        if (picker) {
-            // The desktop lists its windows to nobody: its dialog picks.
-            return pickedFromDesktop(*capturer);
+    freezeThenShow(mode, [capturer = m_platform->capturer(), mode, pointer, picker] {
+        return freeze(*capturer, mode, pointer, picker);
+    });
+}
+
+ShotFeature::Frozen ShotFeature::freeze(ScreenCapturing& capturer, CaptureMode mode, QPoint pointer,
+                                        bool pickWindow)
+{
+    Frozen result;
+    try {
+        if (pickWindow) {
+            result.picked = capturer.pickWindow();
+            return result;
         }
-        Frozen result;
-        try {
-            // X11 has no capture permission: a failing probe is whatever
-            // went wrong (its own error, with its cause), never "permission
-            // required". A backend with a real permission answers
-            // permissionDenied from its probe itself.
-            capturer->probe();
-            qCInfo(lcApp, "Capture permission preflight passed");
-            if (mode == CaptureMode::fullscreen) {
-                const QList<CaptureDisplay> displays = capturer->displays();
-                quint32 chosen = displays.first().id;
-                for (const CaptureDisplay& d : displays) {
-                    if (d.space.globalFrame.contains(pointer)) {
-                        chosen = d.id;
-                        break;
-                    }
-                }
-                result.displays = capturer->captureDisplays(chosen);
-            } else {
-                // Every display frozen first; the user frames over these images.
-                result.displays = capturer->captureDisplays();
-                if (mode != CaptureMode::scrolling) { // only areas are scrolled
-                    result.windows = capturer->listWindows(false).windows;
+        // X11 has no capture permission: a failing probe is whatever went
+        // wrong (its own error, with its cause), never "permission
+        // required". A backend with a real permission answers
+        // permissionDenied from its probe itself.
+        capturer.probe();
+        qCInfo(lcApp, "Capture permission preflight passed");
+        if (mode == CaptureMode::fullscreen) {
+            const QList<CaptureDisplay> displays = capturer.displays();
+            quint32 chosen = displays.first().id;
+            for (const CaptureDisplay& d : displays) {
+                if (d.space.globalFrame.contains(pointer)) {
+                    chosen = d.id;
+                    break;
                 }
             }
-            qCInfo(lcApp, "Frozen displays ready count=%lld",
-                   static_cast<long long>(result.displays.size()));
-        } catch (const CaptureError& error) {
-            result.cancelled = error.code() == CaptureError::Code::cancelled;
-            result.error = error.message();
-            if (!error.detail().isEmpty()) {
-                qCWarning(lcApp, "Capture failed because %s", qPrintable(error.detail()));
+            result.displays = capturer.captureDisplays(chosen);
+        } else {
+            // Every display frozen first; the user frames over these images.
+            result.displays = capturer.captureDisplays();
+            if (mode != CaptureMode::scrolling) { // only areas are scrolled
+                result.windows = capturer.listWindows(false).windows;
             }
-        } catch (const Error& error) {
-            result.error = error.message();
         }
-        return result;
-    };
+        qCInfo(lcApp, "Frozen displays ready count=%lld",
+               static_cast<long long>(result.displays.size()));
+    } catch (const CaptureError& error) {
+        result.cancelled = error.code() == CaptureError::Code::cancelled;
+        result.error = error.message();
+        if (!error.detail().isEmpty()) {
+            qCWarning(lcApp, "Capture failed because %s", qPrintable(error.detail()));
+        }
+    } catch (const Error& error) {
+        result.error = error.message();
+    }
+    return result;
+}
+
+void ShotFeature::freezeThenShow(CaptureMode mode, std::function<Frozen()> work)
+{
     auto* watcher = new QFutureWatcher<Frozen>(this);
     connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, mode] {
         watcher->deleteLater();
@@ -229,14 +226,9 @@ void ShotFeature::framed(const ShotCaptureSelection& selection)
     if (const auto* w = std::get_if<ShotCaptureSelection::Window>(&selection.framing);
         w && isPickedWindow(w->window)) {
         // Space on the overlay: the desktop's dialog picks the window.
-        auto* watcher = new QFutureWatcher<Frozen>(this);
-        connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
-            watcher->deleteLater();
-            this->frozen(CaptureMode::window, watcher->result());
+        freezeThenShow(CaptureMode::window, [capturer = m_platform->capturer()] {
+            return freeze(*capturer, CaptureMode::window, {}, true);
         });
-        watcher->setFuture(QtConcurrent::run([capturer = m_platform->capturer()] {
-            return pickedFromDesktop(*capturer);
-        }));
         return;
     }
     QList<ScreenSpace> spaces;

@@ -9,6 +9,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
 #include <memory>
 
 namespace nubo {
@@ -66,8 +67,13 @@ private:
         QString error; // empty on success
         bool cancelled = false;
     };
-    // A window picked in the desktop's dialog (on a worker thread).
-    static Frozen pickedFromDesktop(ScreenCapturing& capturer);
+    // The screens frozen for `mode` (the display under `pointer` alone for
+    // fullscreen), or the window picked in the desktop's dialog; a failure
+    // is in the result. On a worker thread.
+    static Frozen freeze(ScreenCapturing& capturer, CaptureMode mode, QPoint pointer,
+                         bool pickWindow);
+    // Runs `work` off the main thread, then frozen() with its result.
+    void freezeThenShow(CaptureMode mode, std::function<Frozen()> work);
     void frozen(CaptureMode mode, const Frozen& result);
     void framed(const ShotCaptureSelection& selection);
     void startScrolling(const ShotCaptureSelection& selection);

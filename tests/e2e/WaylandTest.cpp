@@ -228,8 +228,27 @@ protected:
         return shot;
     }
 
+    // The tray application, as a user starts it; ended with the test.
+    void startTray(QProcess::ProcessChannelMode output = QProcess::ForwardedChannels)
+    {
+        m_tray.setProcessChannelMode(output);
+        m_tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
+        ASSERT_TRUE(m_tray.waitForStarted());
+    }
+    // The running tray asked for a capture, as its menu does; once its
+    // overlay is up.
+    static void openOverlay(const char* mode)
+    {
+        ASSERT_EQ(test::runNuboShot({"capture", QLatin1String(mode)}).exitCode, 0);
+        ASSERT_TRUE(waitFor([] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
+    }
+
     void TearDown() override
     {
+        if (m_tray.state() != QProcess::NotRunning) {
+            m_tray.terminate();
+            m_tray.waitForFinished(5000);
+        }
         if (m_mouse.state() != QProcess::NotRunning) {
             m_mouse.closeWriteChannel();
             m_mouse.waitForFinished(5000);
@@ -238,6 +257,7 @@ protected:
 
     QTemporaryDir m_dir;
     QProcess m_mouse;
+    QProcess m_tray;
 };
 
 // Each screen at its own scale, fractional ones too: Qt before 6.5 is told
@@ -370,10 +390,7 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
                               QStringLiteral("NuboShot"), QStringLiteral("NuboShot"));
         preferences.setValue(QStringLiteral("shot.copyRawOnCapture"), true);
     }
-    QProcess tray;
-    tray.setProcessChannelMode(QProcess::ForwardedChannels);
-    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(tray.waitForStarted());
+    ASSERT_NO_FATAL_FAILURE(startTray());
     ASSERT_NO_FATAL_FAILURE(startPointer(3200, 1080)); // both screens
     const auto artifact = [&](const QString& name) {
         QDir().mkpath(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS));
@@ -398,8 +415,7 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
                        expected == grim(m_dir.path(), {"-o", "HEADLESS-1"});
             })) << "the new background was never drawn";
         }
-        ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
-        ASSERT_TRUE(waitFor([&] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
+        ASSERT_NO_FATAL_FAILURE(openOverlay("area"));
         ASSERT_NO_FATAL_FAILURE(pointer({"at 700 500"}));
         QThread::msleep(300);
         if (round == 1) {
@@ -435,8 +451,6 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
         run(QStringLiteral("swaymsg"), {"[title=\"100 \u00d7 80\"]", "kill"});
         ASSERT_TRUE(waitFor([&] { return !tree().contains(u"100 \u00d7 80"); }));
     }
-    tray.terminate();
-    tray.waitForFinished(5000);
 }
 
 // Recording under sway through the screen cast: the tests' counter window
@@ -597,13 +611,9 @@ TEST_F(Wayland, AScrolledPageStitchesToItsWholeContent)
             .isEmpty();
     })) << "the page is not where it was put";
 
-    QProcess tray;
-    tray.setProcessChannelMode(QProcess::ForwardedChannels);
-    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(tray.waitForStarted());
+    ASSERT_NO_FATAL_FAILURE(startTray());
     ASSERT_NO_FATAL_FAILURE(startPointer(1920, 1080));
-    ASSERT_EQ(test::runNuboShot({"capture", "scrolling"}).exitCode, 0);
-    ASSERT_TRUE(waitFor([&] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
+    ASSERT_NO_FATAL_FAILURE(openOverlay("scrolling"));
     // The page without its last 60 points (its footer among them) is framed.
     ASSERT_NO_FATAL_FAILURE(pointer({"at 300 160", "press", "move 300 220", "move 300 220", "release"}));
     ASSERT_TRUE(waitFor([&] { return !tree().contains(u"Nubo Shot Capture"); }));
@@ -621,8 +631,6 @@ TEST_F(Wayland, AScrolledPageStitchesToItsWholeContent)
     ASSERT_FALSE(shot.isEmpty()) << "no stitched shot of " << expected.height() << " rows";
     const QImage got = QImage(shot).convertToFormat(QImage::Format_RGB32);
     EXPECT_EQ(firstDifference(got, truth.copy(QRect(QPoint(), expected))), QString());
-    tray.terminate();
-    tray.waitForFinished(5000);
     page.kill();
     page.waitForFinished();
 }
@@ -637,15 +645,12 @@ TEST_F(Wayland, TheTraysRecordingKeepsItsOwnWindowsOutOfTheMovie)
     QProcess counter;
     counter.start(QStringLiteral(NUBOSHOT_TEST_COUNTER_WINDOW), {"--at", "640x480+0+0", "--fill"});
     ASSERT_TRUE(counter.waitForReadyRead(10000)) << "the counter window did not open";
-    QProcess tray;
-    tray.setProcessChannelMode(QProcess::MergedChannels);
-    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(tray.waitForStarted());
+    ASSERT_NO_FATAL_FAILURE(startTray(QProcess::MergedChannels));
     QString log;
     const auto logged = [&](const QString& line) {
         return waitFor([&] {
-            tray.waitForReadyRead(10);
-            log += QString::fromUtf8(tray.readAll());
+            m_tray.waitForReadyRead(10);
+            log += QString::fromUtf8(m_tray.readAll());
             return log.contains(line);
         });
     };
@@ -731,8 +736,6 @@ TEST_F(Wayland, TheTraysRecordingKeepsItsOwnWindowsOutOfTheMovie)
     EXPECT_EQ(foreign, 0) << "something besides the desktop is in the movie, within "
                           << where.x() << "," << where.y() << " " << where.width() << "x"
                           << where.height();
-    tray.terminate();
-    tray.waitForFinished(5000);
     counter.kill();
     counter.waitForFinished();
 }
@@ -776,19 +779,13 @@ TEST_F(Wayland, WindowsSwayListsAreGrabbedAndPointedAt)
     EXPECT_EQ(firstDifference(QImage(grabbed).convertToFormat(QImage::Format_RGB32), expected),
               QString());
 
-    QProcess tray;
-    tray.setProcessChannelMode(QProcess::ForwardedChannels);
-    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(tray.waitForStarted());
-    ASSERT_EQ(test::runNuboShot({"capture", "window"}).exitCode, 0);
-    ASSERT_TRUE(waitFor([&] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
+    ASSERT_NO_FATAL_FAILURE(startTray());
+    ASSERT_NO_FATAL_FAILURE(openOverlay("window"));
     ASSERT_NO_FATAL_FAILURE(pointer({"at 500 350", "move 5 5", "press", "release"}));
     const QString shot = recentShot(frame.size());
     ASSERT_FALSE(shot.isEmpty()) << "no recent shot of the window";
     EXPECT_EQ(firstDifference(QImage(shot).convertToFormat(QImage::Format_RGB32), expected),
               QString());
-    tray.terminate();
-    tray.waitForFinished(5000);
     counter.kill();
     counter.waitForFinished();
 }
@@ -804,13 +801,9 @@ TEST_F(Wayland, AShotIsDraggedOutOfTheEditorIntoAnotherProgram)
                  {drops, "--geometry", "300x200+1200+100"});
     ASSERT_TRUE(target.waitForReadyRead(10000)) << "the drop target did not open";
     ASSERT_EQ(target.readLine().trimmed(), "ready");
-    QProcess tray;
-    tray.setProcessChannelMode(QProcess::ForwardedChannels);
-    tray.start(QStringLiteral(NUBOSHOT_BINARY), {});
-    ASSERT_TRUE(tray.waitForStarted());
+    ASSERT_NO_FATAL_FAILURE(startTray());
     ASSERT_NO_FATAL_FAILURE(startPointer(1920, 1080));
-    ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
-    ASSERT_TRUE(waitFor([&] { return tree().contains(u"Nubo Shot Capture"); })) << "no overlay";
+    ASSERT_NO_FATAL_FAILURE(openOverlay("area"));
     ASSERT_NO_FATAL_FAILURE(pointer({"at 100 100", "press", "move 100 80", "move 100 80", "release"}));
     QRect editor;
     ASSERT_TRUE(waitFor([&] {
@@ -837,8 +830,6 @@ TEST_F(Wayland, AShotIsDraggedOutOfTheEditorIntoAnotherProgram)
     const QString copied = QString::fromUtf8(target.readLine()).section(u'\t', 0, 0);
     const QImage dropped(copied);
     EXPECT_EQ(dropped.size(), QSize(200, 160)) << copied.toStdString();
-    tray.terminate();
-    tray.waitForFinished(5000);
     target.kill();
     target.waitForFinished();
 }
