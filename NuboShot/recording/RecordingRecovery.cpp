@@ -13,6 +13,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+
 namespace nubo::RecordingRecovery {
 
 namespace {
@@ -28,6 +30,43 @@ bool stillRecording(qint64 pid)
     }
     QFile comm(QStringLiteral("/proc/%1/comm").arg(pid));
     return comm.open(QIODevice::ReadOnly) && comm.readAll().trimmed() == "nuboshot";
+}
+
+// Whether a fragmented movie holds any fragment: its top-level boxes are
+// walked for a 'moof'. A recording killed before its first picture reached
+// the disk has only its header ('ftyp', 'moov'), or less.
+bool holdsFragment(const QString& movie)
+{
+    QFile file(movie);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return true; // unknown: left for the reader to judge
+    }
+    const qint64 end = file.size();
+    qint64 at = 0;
+    while (at + 8 <= end && file.seek(at)) {
+        const QByteArray head = file.read(16);
+        if (head.size() < 8) {
+            break;
+        }
+        const auto byte = [&](int i) { return quint64(quint8(head[i])); };
+        quint64 size = byte(0) << 24 | byte(1) << 16 | byte(2) << 8 | byte(3);
+        if (head.mid(4, 4) == "moof") {
+            return true;
+        }
+        if (size == 1 && head.size() == 16) {
+            size = 0;
+            for (int i = 8; i < 16; ++i) {
+                size = size << 8 | byte(i);
+            }
+        } else if (size == 0) {
+            size = quint64(end - at); // to the end of the file
+        }
+        if (size < 8) {
+            break;
+        }
+        at += qint64(std::min<quint64>(size, quint64(end)));
+    }
+    return false;
 }
 
 } // namespace
@@ -69,9 +108,9 @@ void unmark(const QString& marker)
     }
 }
 
-QStringList recoverInterrupted()
+Recovered recoverInterrupted()
 {
-    QStringList recovered;
+    Recovered recovered;
     const QDir folder(markerFolder());
     for (const QString& name : folder.entryList({QStringLiteral("*.json")}, QDir::Files)) {
         QFile file(folder.filePath(name));
@@ -85,12 +124,18 @@ QStringList recoverInterrupted()
             continue;
         }
         const QFileInfo info(movie);
-        if (!movie.isEmpty() && info.isFile() && !info.isSymLink() && info.size() > 0) {
+        if (!movie.isEmpty() && info.isFile() && !info.isSymLink()) {
             try {
-                RecordingWriter::moveIndexToFront(movie);
-                recovered.append(movie);
-                qCInfo(lcRecordingWriter, "Recovered an interrupted recording: %s",
-                       qPrintable(movie));
+                if (holdsFragment(movie) && RecordingWriter::moveIndexToFront(movie) > 0) {
+                    recovered.movies.append(movie);
+                    qCInfo(lcRecordingWriter, "Recovered an interrupted recording: %s",
+                           qPrintable(movie));
+                } else {
+                    QFile::remove(movie);
+                    recovered.empty.append(movie);
+                    qCInfo(lcRecordingWriter, "An interrupted recording held no picture: %s",
+                           qPrintable(movie));
+                }
             } catch (const Error& error) {
                 // Left as it is: a fragmented movie still plays in most players.
                 qCWarning(lcRecordingWriter, "Interrupted recording %s not recovered: %s",

@@ -16,9 +16,13 @@ QString markerFolder();
 // The marker of a recording into `movie` by this process; its path.
 QString mark(const QString& movie);
 void unmark(const QString& marker);
-// Finalises every interrupted recording and returns the movies recovered.
-// Blocking (file work); any thread.
-QStringList recoverInterrupted();
+struct Recovered {
+    QStringList movies;
+    // Interrupted before their first picture reached the disk: removed.
+    QStringList empty;
+};
+// Finalises every interrupted recording. Blocking (file work); any thread.
+Recovered recoverInterrupted();
 
 } // namespace RecordingRecovery
 

@@ -75,6 +75,10 @@ struct RecordingWriter::Encoder {
     AVFrame* frame = nullptr;        // its input picture
     AVStream* stream = nullptr;
     media::Packet packet;
+    // The newest picture's packet, written once the next one gives its
+    // length (a still screen sends no pictures, so frames last unequally).
+    media::Packet held;
+    bool holding = false;
     media::Scaler scaler;
     QSize scalerSource;
     AVPixelFormat scalerFormat = AV_PIX_FMT_NONE;
@@ -218,11 +222,13 @@ void RecordingWriter::open()
         fail(QStringLiteral("openFile"), status);
     }
     media::Dictionary muxerOptions;
-    // A fragment at every key frame, and at least every two seconds (sound
-    // goes on while a still screen makes no key frames): a killed recording
-    // is still a movie.
+    // A fragment at every key frame, and every half second (sound goes on
+    // while a still screen makes no key frames): a recording killed even in
+    // its first second is still a movie. (A fragment is closed when the
+    // next packet comes, which gives its last picture its true length; one
+    // closed by hand would end that picture a frame later and lose the gap.)
     muxerOptions.set("movflags", "frag_keyframe+empty_moov+default_base_moof");
-    muxerOptions.set("frag_duration", "2000000");
+    muxerOptions.set("frag_duration", "500000");
     status = avformat_write_header(e->format.get(), muxerOptions.get());
     if (status < 0) {
         fail(QStringLiteral("startWriting"), status);
@@ -303,33 +309,51 @@ bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captu
 void RecordingWriter::encode(bool flush)
 {
     Encoder& e = *m_encoder;
+    const QString operation = flush ? QStringLiteral("finishWriting") : QStringLiteral("appendVideo");
+    const auto write = [&] {
+        // Written as they come: the fragments interleave picture and sound,
+        // and each fragment is on disk as soon as it is complete.
+        const std::lock_guard lock(m_muxMutex);
+        int status = av_write_frame(e.format.get(), e.held.get());
+        if (status < 0) {
+            fail(operation, status);
+        }
+        avio_flush(e.format->pb);
+        if (e.format->pb->error < 0) {
+            fail(operation, e.format->pb->error);
+        }
+        e.holding = false;
+    };
     while (true) {
         int status = avcodec_receive_packet(e.codec, e.packet.get());
-        if (status == AVERROR(EAGAIN) || status == AVERROR_EOF) {
+        if (status == AVERROR(EAGAIN)) {
+            return;
+        }
+        if (status == AVERROR_EOF) {
+            if (e.holding) {
+                write(); // the last picture: a frame's length
+            }
             return;
         }
         if (status < 0) {
-            fail(flush ? QStringLiteral("finishWriting") : QStringLiteral("appendVideo"), status);
+            fail(operation, status);
         }
-        const bool key = e.packet->flags & AV_PKT_FLAG_KEY;
-        // Each frame lasts until the next; the last one a frame's length.
         e.packet->duration = av_rescale_q(1, AVRational{1, e.codec->framerate.num},
                                           e.codec->time_base);
         av_packet_rescale_ts(e.packet.get(), e.codec->time_base, e.stream->time_base);
         e.packet->stream_index = e.stream->index;
-        // Written as it comes: the fragments interleave picture and sound.
-        const std::lock_guard lock(m_muxMutex);
-        status = av_write_frame(e.format.get(), e.packet.get());
-        if (status < 0) {
-            fail(flush ? QStringLiteral("finishWriting") : QStringLiteral("appendVideo"), status);
-        }
-        if (key) {
-            // The fragment before this key frame is complete: on disk now.
-            avio_flush(e.format->pb);
-            if (e.format->pb->error < 0) {
-                fail(QStringLiteral("appendVideo"), e.format->pb->error);
+        if (e.holding) {
+            // Each picture lasts until the next.
+            if (e.packet->dts > e.held->dts) {
+                e.held->duration = e.packet->dts - e.held->dts;
             }
+            write();
         }
+        if (!e.held) {
+            e.held = media::packet();
+        }
+        av_packet_move_ref(e.held.get(), e.packet.get());
+        e.holding = true;
     }
 }
 
@@ -779,7 +803,7 @@ void RecordingWriter::cancel()
     RecordingRecovery::unmark(m_marker);
 }
 
-void RecordingWriter::moveIndexToFront(const QString& file)
+qint64 RecordingWriter::moveIndexToFront(const QString& file)
 {
     const QByteArray from = QFile::encodeName(file);
     const QFileInfo info(file);
@@ -819,7 +843,7 @@ void RecordingWriter::moveIndexToFront(const QString& file)
     options.set("use_editlist", "0");
     check(avformat_write_header(output, options.get()), "indexMovie");
     std::vector<int64_t> lastDuration(input->nb_streams, 0);
-    qint64 copied = 0;
+    qint64 copied = 0, pictures = 0;
     while (true) {
         const int status = av_read_frame(input, packet);
         if (status == AVERROR_EOF) {
@@ -838,8 +862,14 @@ void RecordingWriter::moveIndexToFront(const QString& file)
         av_packet_rescale_ts(packet, input->streams[packet->stream_index]->time_base,
                              output->streams[packet->stream_index]->time_base);
         packet->pos = -1;
+        pictures += input->streams[packet->stream_index]->codecpar->codec_type == AVMEDIA_TYPE_VIDEO;
         check(av_interleaved_write_frame(output, packet), "indexMovie");
         ++copied;
+    }
+    if (pictures == 0) {
+        outputOwner.reset();
+        QFile::remove(sibling);
+        return 0;
     }
     qCDebug(lcRecordingWriter, "Index moved to the front of %s (%lld packets)",
             qPrintable(file), static_cast<long long>(copied));
@@ -852,6 +882,7 @@ void RecordingWriter::moveIndexToFront(const QString& file)
         QFile::remove(sibling);
         fail(QStringLiteral("indexMovie"), AVERROR(error));
     }
+    return pictures;
 }
 
 } // namespace nubo

@@ -88,9 +88,10 @@ public:
     QString encoderName() const;
 
     // Rewrites a movie (a fragmented one included) with its index at the
-    // front, by a stream copy into a sibling that then replaces it. Throws
-    // RecordingError (writerFailed) with FFmpeg's reason.
-    static void moveIndexToFront(const QString& file);
+    // front, by a stream copy into a sibling that then replaces it, and
+    // returns the pictures it holds; a movie without any is left as it is
+    // (0). Throws RecordingError (writerFailed) with FFmpeg's reason.
+    static qint64 moveIndexToFront(const QString& file);
 
 private:
     struct Encoder;

@@ -13,6 +13,7 @@ extern "C" {
 }
 
 #include <algorithm>
+#include <string_view>
 #include <mutex>
 #include <cmath>
 
@@ -73,6 +74,17 @@ Input::Input(const QString& file)
         format = nullptr;
         throw VideoEditError(VideoEditError::Code::exportFailed,
                              QStringLiteral("%1 could not be read: %2").arg(QFileInfo(file).fileName(), mediaErrorText(status)));
+    }
+    // FFmpeg reads a lone picture as a one-frame movie; it is not one.
+    const std::string_view demuxer = format->iformat->name;
+    if (demuxer == "image2" || demuxer.ends_with("_pipe")) {
+        const std::string_view kind = demuxer.substr(0, demuxer.find('_'));
+        avformat_close_input(&format);
+        throw VideoEditError(VideoEditError::Code::exportFailed,
+                             QStringLiteral("%1 is a still image (%2), not a video.")
+                                 .arg(QFileInfo(file).fileName(),
+                                      kind == "image2" ? QStringLiteral("picture")
+                                                       : QString::fromLatin1(kind.data(), qsizetype(kind.size())).toUpper()));
     }
     status = avformat_find_stream_info(format, nullptr);
     if (status < 0) {

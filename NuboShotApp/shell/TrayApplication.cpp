@@ -28,6 +28,7 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPainter>
@@ -407,12 +408,20 @@ void TrayApplication::offerBusService()
 void TrayApplication::recoverRecordings()
 {
     // Recordings a crash or a power cut interrupted are finished now.
-    auto* recovery = new QFutureWatcher<QStringList>(this);
+    auto* recovery = new QFutureWatcher<RecordingRecovery::Recovered>(this);
     connect(recovery, &QFutureWatcherBase::finished, this, [recovery] {
         recovery->deleteLater();
-        for (const QString& movie : recovery->result()) {
+        const RecordingRecovery::Recovered recovered = recovery->result();
+        for (const QString& movie : recovered.movies) {
             ShotNotifications::shared().notifyFile(
                 QStringLiteral("Recovered an interrupted recording"), movie);
+        }
+        for (const QString& movie : recovered.empty) {
+            ShotNotifications::shared().notify(
+                QStringLiteral("An interrupted recording could not be kept"),
+                QStringLiteral("%1 stopped before its first picture was saved; nothing of it "
+                               "could be kept.")
+                    .arg(QFileInfo(movie).fileName()));
         }
     });
     recovery->setFuture(QtConcurrent::run(&RecordingRecovery::recoverInterrupted));

@@ -30,6 +30,7 @@ int main(int argc, char** argv)
     qputenv("XDG_CONFIG_HOME", path + "/config");
     qputenv("XDG_DATA_HOME", path + "/data");
     qputenv("XDG_CACHE_HOME", path + "/cache");
+    qputenv("XDG_STATE_HOME", path + "/state");
     // Temporary exports (drag, share) live in the runtime folder: one of its
     // own too, so that counting or sweeping them never sees another test's.
     const QByteArray runtime = path + "/runtime";

@@ -3,6 +3,7 @@
 
 #include "core/Settings.h"
 #include "recording/RecordingEncoder.h"
+#include "recording/RecordingRecovery.h"
 #include "recording/RecordingTimeline.h"
 #include "recording/RecordingTypes.h"
 #include "recording/RecordingWriter.h"
@@ -11,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -342,6 +344,44 @@ TEST(RecordingWriter, AMovieCutOffMidwayPlaysUpToItsLastKeyFrame)
     EXPECT_GE(recovered.times.last(), 58 / 30.0 - 1e-2);
     EXPECT_EQ(test::readCounter(recovered.frames.last(), QPoint(16, 16)),
               int(recovered.times.size()) - 1);
+}
+
+TEST(RecordingWriter, AKilledRecordingKeepsItsFirstPictureAndNeverAnEmptyMovie)
+{
+    QTemporaryDir dir;
+    const QString file = dir.filePath("early.mp4");
+    const QString empty = dir.filePath("empty.mp4"), first = dir.filePath("first.mp4");
+    {
+        RecordingWriter writer(file, QSize(320, 240), RecordingOptions());
+        // What a process killed after each picture leaves on disk.
+        for (int i = 0; i < 30 && !QFileInfo::exists(first); ++i) {
+            writer.appendVideo(counterFrame(i, QSize(320, 240)), ms(i * 1000 / 30));
+            const test::DecodedMovie now = test::decodeMovie(file, false);
+            const QString copy = now.times.isEmpty() ? empty : first;
+            ASSERT_TRUE(QFileInfo::exists(copy) || QFile::copy(file, copy));
+        }
+        writer.cancel();
+    }
+    ASSERT_TRUE(QFileInfo::exists(first)) << "no picture on disk within the first second";
+    ASSERT_TRUE(QFileInfo::exists(empty)) << "the encoder holds no picture back";
+
+    // The next start finds both behind markers of a process that is gone.
+    for (const QString& movie : {empty, first}) {
+        const QJsonObject marker{{"movie", movie}, {"pid", 0}};
+        QDir().mkpath(RecordingRecovery::markerFolder());
+        QFile markerFile(RecordingRecovery::markerFolder() + "/" + QFileInfo(movie).baseName() + ".json");
+        ASSERT_TRUE(markerFile.open(QIODevice::WriteOnly));
+        markerFile.write(QJsonDocument(marker).toJson());
+    }
+    const RecordingRecovery::Recovered recovered = RecordingRecovery::recoverInterrupted();
+    EXPECT_EQ(recovered.movies, QStringList{first});
+    EXPECT_EQ(recovered.empty, QStringList{empty});
+    EXPECT_FALSE(QFileInfo::exists(empty)) << "an empty movie was kept";
+    const test::DecodedMovie kept = test::decodeMovie(first);
+    EXPECT_TRUE(kept.moovBeforeMdat);
+    ASSERT_GE(kept.frames.size(), 1);
+    EXPECT_EQ(test::readCounter(kept.frames.first(), QPoint(16, 16)), 0);
+    EXPECT_TRUE(QDir(RecordingRecovery::markerFolder()).isEmpty());
 }
 
 TEST(RecordingWriter, AFullDiskFailsWithItsReasonAndTouchesNothingElse)

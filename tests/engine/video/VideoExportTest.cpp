@@ -274,6 +274,9 @@ TEST(VideoExport, RefusesWhatItCannotDoAndLeavesNothingBehind)
     ASSERT_EQ(::mkfifo(QFile::encodeName(pipeOut).constData(), 0600), 0);
     VideoEditList fromPipe = list;
     fromPipe.source = pipeIn;
+    VideoEditList still = list;
+    still.source = dir.filePath("still.mp4");
+    ASSERT_TRUE(QImage(64, 48, QImage::Format_RGB32).save(still.source, "PNG"));
     struct Case {
         const char* name;
         VideoEditList list;
@@ -286,6 +289,7 @@ TEST(VideoExport, RefusesWhatItCannotDoAndLeavesNothingBehind)
         {"a missing folder", list, dir.filePath("gone/out.mp4"), VideoEditError::Code::cannotCreateExport, "does not exist"},
         {"not a movie", broken, dir.filePath("out.mp4"), VideoEditError::Code::exportFailed, "could not be read"},
         {"everything cut", nothing, dir.filePath("out.mp4"), VideoEditError::Code::exportFailed, "nothing to export"},
+        {"a still image", still, dir.filePath("out.mp4"), VideoEditError::Code::exportFailed, "still.mp4 is a still image (PNG), not a video"},
         {"from a pipe", fromPipe, dir.filePath("out.mp4"), VideoEditError::Code::exportFailed, "in.mp4 is a pipe (FIFO), not a video file"},
         {"onto a pipe", list, pipeOut, VideoEditError::Code::cannotCreateExport, "is a pipe (FIFO), not a file"},
     };
@@ -298,7 +302,7 @@ TEST(VideoExport, RefusesWhatItCannotDoAndLeavesNothingBehind)
             EXPECT_TRUE(error.message().contains(QLatin1String(c.message))) << c.name << ": " << error.message().toStdString();
         }
     }
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"notes.mp4"});
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), (QStringList{"notes.mp4", "still.mp4"}));
     EXPECT_TRUE(QFileInfo(pipeOut).exists() && !QFileInfo(pipeOut).isFile()) << "the pipe was replaced";
     EXPECT_THROW(VideoSourceInfo::read(pipeIn), VideoEditError) << "a pipe read as a video";
 
@@ -317,7 +321,7 @@ TEST(VideoExport, RefusesWhatItCannotDoAndLeavesNothingBehind)
     ASSERT_TRUE(ended);
     EXPECT_TRUE(outcome->cancelled);
     EXPECT_FALSE(outcome->result);
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"notes.mp4"});
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files | QDir::Hidden), (QStringList{"notes.mp4", "still.mp4"}));
 }
 
 } // namespace
