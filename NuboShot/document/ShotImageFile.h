@@ -5,6 +5,8 @@
 #include <QImage>
 #include <QString>
 
+#include <optional>
+
 namespace nubo::ShotImageFile {
 
 // Reads an image file (PNG, JPEG, WebP, …) for the editor. Only a regular
@@ -13,6 +15,11 @@ namespace nubo::ShotImageFile {
 // naming the file and the cause. May block on a slow disk: keep it off the
 // main thread where the file comes from outside.
 QImage read(const QString& path);
+
+// WebP and HEIF bytes (what Qt reads without plugins is left to it):
+// the image, checked against ShotLimits before its pixels are decoded;
+// nullopt for other bytes. Throws Error naming `name`.
+std::optional<QImage> decodeOwnFormats(const QByteArray& bytes, const QString& name);
 
 // The pixels per point an image's density stands for: whole multiples of
 // 72 dpi from 2 up, else 1.

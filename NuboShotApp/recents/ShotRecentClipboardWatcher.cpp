@@ -45,7 +45,9 @@ bool withinPixels(const QByteArray& bytes)
 bool isImageFile(const QString& path)
 {
     const QByteArray suffix = QFileInfo(path).suffix().toLower().toLatin1();
-    return !suffix.isEmpty() && QImageReader::supportedImageFormats().contains(suffix);
+    // WebP and HEIF are read by our own decoders, not Qt's plugins.
+    return !suffix.isEmpty() && (QImageReader::supportedImageFormats().contains(suffix) ||
+                                 suffix == "webp" || suffix == "heic" || suffix == "heif");
 }
 
 } // namespace

@@ -365,6 +365,24 @@ QImage ShotRecentDisk::decodeCopied(const QByteArray& bytes, QByteArray* format)
                                   .arg(bytes.size())
                                   .arg(maximumBytes));
     }
+    try {
+        if (std::optional<QImage> own = ShotImageFile::decodeOwnFormats(bytes, QStringLiteral("The copied image"))) {
+            if (qint64(own->width()) * own->height() > maximumPixels) {
+                throw ShotRecentError(ShotRecentError::Code::invalidImage,
+                                      QStringLiteral("%1 × %2 pixels, more than allowed")
+                                          .arg(own->width())
+                                          .arg(own->height()));
+            }
+            if (format) {
+                *format = bytes.startsWith("RIFF") ? "webp" : "heic";
+            }
+            return *own;
+        }
+    } catch (const ShotRecentError&) {
+        throw;
+    } catch (const Error& error) {
+        throw ShotRecentError(ShotRecentError::Code::invalidImage, error.message());
+    }
     QBuffer buffer;
     buffer.setData(bytes);
     buffer.open(QIODevice::ReadOnly);

@@ -1,5 +1,6 @@
 #include "document/ShotDocumentArchive.h"
 #include "document/ShotImageFile.h"
+#include "export/ImageWriter.h"
 #include "shell/ArchiveCommands.h"
 #include "support/ArchiveFixtures.h"
 #include "support/Decoders.h"
@@ -134,6 +135,16 @@ TEST(CommandLine, ArchiveNewKeepsTheImagesPointSizeAndOthersFiles)
     QImage retina = test::patternImage(200, 100);
     retina.setDotsPerMeterX(5669); // 144 dpi: two pixels per point
     retina.setDotsPerMeterY(5669);
+    // Every format Nubo Shot writes opens again, at its size in points.
+    for (const ImageWriterFormat format :
+         {ImageWriterFormat::jpg, ImageWriterFormat::webp, ImageWriterFormat::heic}) {
+        const QString written = dir.filePath(QStringLiteral("retina.") + toString(format));
+        ImageWriter::write(retina, format, 0.9, 2, written);
+        const auto opened = runNuboShot({"archive", "new", written, written + QStringLiteral("-shot")});
+        ASSERT_EQ(opened.exitCode, 0) << opened.err.toStdString();
+        EXPECT_EQ(ShotDocumentArchive::read(written + QStringLiteral("-shot")).canvasBounds,
+                  QRectF(0, 0, 100, 50)) << written.toStdString();
+    }
     const QString image = dir.filePath(QStringLiteral("retina.png"));
     ASSERT_TRUE(retina.save(image));
     const QString archive = dir.filePath(QStringLiteral("retina"));
