@@ -108,6 +108,24 @@ void refuseSpecialTarget(const QString& path)
     }
 }
 
+unsigned newFileMode()
+{
+    // Read, not set and put back: umask() would change it for every thread.
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (status.open(QIODevice::ReadOnly)) {
+        for (const QByteArray& line : status.readAll().split('\n')) {
+            if (line.startsWith("Umask:")) {
+                bool ok = false;
+                const unsigned mask = line.mid(6).trimmed().toUInt(&ok, 8);
+                if (ok) {
+                    return 0666 & ~mask;
+                }
+            }
+        }
+    }
+    return 0644;
+}
+
 void writeAtomically(const QByteArray& data, const QString& path)
 {
     refuseSpecialTarget(path);
@@ -127,9 +145,7 @@ void writeAtomically(const QByteArray& data, const QString& path)
     if (::stat(QFile::encodeName(target).constData(), &old) == 0) {
         ::fchmod(fd, old.st_mode & 07777);
     } else {
-        const mode_t mask = ::umask(0);
-        ::umask(mask);
-        ::fchmod(fd, 0666 & ~mask);
+        ::fchmod(fd, newFileMode());
     }
     if (!writeAndClose(fd, data) ||
         ::rename(staging.constData(), QFile::encodeName(target).constData()) != 0) {

@@ -20,6 +20,10 @@ std::optional<QString> specialKind(const QString& path);
 // for writing or replaced.
 void refuseSpecialTarget(const QString& path);
 
+// The permissions a new file of the user gets (0666 less the umask): for
+// files first written under a private temporary name.
+unsigned newFileMode();
+
 // Writes `data` to `path` through a new temporary sibling that is synced and
 // then renamed over it: a failure leaves neither a partial file nor a
 // damaged old one. A link is written through to the file it names. Throws

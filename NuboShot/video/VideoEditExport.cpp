@@ -12,6 +12,8 @@
 #include <QFileInfo>
 #include <QTemporaryFile>
 
+#include <sys/stat.h>
+
 extern "C" {
 #include <libavutil/audio_fifo.h>
 #include <libavutil/channel_layout.h>
@@ -751,6 +753,8 @@ std::optional<VideoExportResult> VideoEditExportSession::run(const VideoEditList
         if (!result) {
             result = Export(list, temporary, cancelled, progress).run(false);
         }
+        // Readable as the user's other files are, not private as a temporary.
+        ::chmod(QFile::encodeName(temporary).constData(), mode_t(FileWriting::newFileMode()));
         if (std::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(destination).constData()) != 0) {
             throw VideoEditError(VideoEditError::Code::exportFailed,
                                  QStringLiteral("%1 could not be written: %2").arg(destination, QString::fromLocal8Bit(strerror(errno))));

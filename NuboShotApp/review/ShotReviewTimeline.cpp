@@ -139,11 +139,18 @@ void ShotReviewTimeline::paintEvent(QPaintEvent*)
     }
     p.restore();
 
-    // Split points.
-    p.setPen(QPen(Qt::white, 2));
+    // Split points: a gap through the strip, a dark-edged bar and a notch
+    // above and below, seen on light and dark pictures alike.
     for (const VideoTime& split : m_list.splitPoints) {
         const double x = xOf(split);
-        p.drawLine(QPointF(x, strip.top() + 2), QPointF(x, strip.bottom() - 2));
+        p.fillRect(QRectF(x - 3, strip.top(), 6, strip.height()), QColor(0, 0, 0, 200));
+        p.fillRect(QRectF(x - 1.5, strip.top() + 1, 3, strip.height() - 2), Qt::white);
+        p.setPen(Qt::NoPen);
+        p.setBrush(Qt::white);
+        const QPointF top[] = {{x - 5, strip.top() - 6}, {x + 5, strip.top() - 6}, {x, strip.top()}};
+        const QPointF bottom[] = {{x - 5, strip.bottom() + 6}, {x + 5, strip.bottom() + 6}, {x, strip.bottom()}};
+        p.drawPolygon(top, 3);
+        p.drawPolygon(bottom, 3);
     }
     // In and out handles: brackets around what is kept.
     p.setPen(Qt::NoPen);

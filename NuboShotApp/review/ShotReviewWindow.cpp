@@ -161,6 +161,8 @@ QLayout* ShotReviewWindow::makeBottomBar()
     m_estimate->setObjectName(QStringLiteral("reviewEstimate"));
     m_status = new QLabel(this);
     m_status->setObjectName(QStringLiteral("reviewStatus"));
+    // A long status ("Exported “…”") never widens the window: it is cut.
+    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_progress = new QProgressBar(this);
     m_progress->setObjectName(QStringLiteral("reviewProgress"));
     m_progress->setRange(0, 100);
@@ -460,6 +462,8 @@ void ShotReviewWindow::keyPressEvent(QKeyEvent* event)
         saveAs();
     } else if (mods == Qt::ControlModifier && event->key() == Qt::Key_C) {
         copy();
+    } else if (mods == Qt::ControlModifier && event->key() == Qt::Key_W) {
+        close();
     } else if (mods != Qt::NoModifier) {
         QWidget::keyPressEvent(event);
     } else if (event->key() == Qt::Key_Space) {
@@ -480,6 +484,8 @@ void ShotReviewWindow::keyPressEvent(QKeyEvent* event)
         commit(next);
     } else if (event->key() == Qt::Key_Escape && m_canvas->mode() != ShotReviewCanvas::Mode::view) {
         setMode(0);
+    } else if (event->key() == Qt::Key_Escape) {
+        close(); // asks first when edits are not exported
     } else {
         QWidget::keyPressEvent(event);
     }
@@ -496,15 +502,19 @@ void ShotReviewWindow::saveAs()
 
 void ShotReviewWindow::copy()
 {
-    // The file as it is exported now; exported first when the edits changed.
-    if (!m_exportedFile.isEmpty() && m_exportedList == m_history.current && QFileInfo::exists(m_exportedFile)) {
+    // The recording itself when nothing is edited; else the file as it is
+    // exported now, exported first when the edits changed.
+    const bool unedited = !m_history.hasEdits() && QFileInfo::exists(m_recording);
+    if (unedited || (!m_exportedFile.isEmpty() && m_exportedList == m_history.current &&
+                     QFileInfo::exists(m_exportedFile))) {
+        const QString file = unedited ? m_recording : m_exportedFile;
         auto* data = new QMimeData;
-        data->setUrls({QUrl::fromLocalFile(m_exportedFile)});
+        data->setUrls({QUrl::fromLocalFile(file)});
         data->setData(QStringLiteral("x-special/gnome-copied-files"),
-                      "copy\n" + QUrl::fromLocalFile(m_exportedFile).toEncoded());
+                      "copy\n" + QUrl::fromLocalFile(file).toEncoded());
         QApplication::clipboard()->setMimeData(data);
-        m_status->setText(QStringLiteral("Copied \u201c%1\u201d").arg(QFileInfo(m_exportedFile).fileName()));
-        qCInfo(lcVideoEdit, "Copied %s", qPrintable(m_exportedFile));
+        m_status->setText(QStringLiteral("Copied \u201c%1\u201d").arg(QFileInfo(file).fileName()));
+        qCInfo(lcVideoEdit, "Copied %s", qPrintable(file));
         return;
     }
     exportTo(exportPath(), true);

@@ -17,6 +17,7 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QThread>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -175,6 +176,36 @@ TEST_F(Review, SplitCutBlurAndExportAsAUserDoes)
     QThread::msleep(300);
     EXPECT_EQ(m_app.state(), QProcess::Running);
     EXPECT_TRUE(test::windowShown(QStringLiteral("Review")));
+}
+
+TEST_F(Review, CopyTakesTheRecordingExportsKeepSizeAndModeAndEscapeCloses)
+{
+    // Nothing edited: Copy puts the recording itself on the clipboard and
+    // writes no "(edited)" copy.
+    keys(QStringLiteral("ctrl+c"), 1);
+    ASSERT_TRUE(waitForLog(QStringLiteral("Copied ") + m_movie)) << m_log.toStdString();
+    EXPECT_TRUE(QDir(m_dir.filePath("out")).isEmpty());
+    EXPECT_TRUE(waitUntil([&] {
+        return run(QStringLiteral("xclip"), {"-selection", "clipboard", "-o", "-t", "text/uri-list"})
+            .contains(QUrl::fromLocalFile(m_movie).toEncoded());
+    }));
+
+    // An export's status line leaves the window as wide as it was; the
+    // edited movie is readable as the recording is.
+    const QRect before = test::shownWindowGeometry(QStringLiteral("Review"));
+    keys(QStringLiteral("Right"), 30);
+    keys(QStringLiteral("s"), 1);
+    ASSERT_TRUE(waitForLog(QStringLiteral("Split at 1 s"))) << m_log.toStdString();
+    keys(QStringLiteral("ctrl+e"), 1);
+    ASSERT_TRUE(waitForLog(QStringLiteral("Exported "), 30000)) << m_log.toStdString();
+    QThread::msleep(200); // the status line is laid out after the log line
+    const QString exported = m_dir.filePath("out/movie (edited).mp4");
+    EXPECT_EQ(QFileInfo(exported).permissions(), QFileInfo(m_movie).permissions());
+    EXPECT_EQ(test::shownWindowGeometry(QStringLiteral("Review")).size(), before.size());
+
+    // Everything exported: Escape closes the window, and the command ends.
+    keys(QStringLiteral("Escape"), 1);
+    EXPECT_TRUE(m_app.waitForFinished(5000)) << "Escape left the window open";
 }
 
 TEST(VideoCommand, ExportsWhatTheOptionsSayAndPrintsTheFile)
