@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyle>
 #include <QTimer>
 #include <QWheelEvent>
 
@@ -113,6 +114,16 @@ double ShotCanvasView::fitZoom(QSize size) const
     return std::clamp(std::min((size.width() - room) / shot.width(),
                                (size.height() - room) / shot.height()),
                       0.01, 1.0);
+}
+
+double ShotCanvasView::fitWidthZoom(QSize size) const
+{
+    const QSizeF shot = m_canvas->contentSize();
+    if (shot.isEmpty() || size.isEmpty()) {
+        return 1;
+    }
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    return std::clamp((size.width() - 2.0 * margin - bar) / shot.width(), 0.01, 1.0);
 }
 
 void ShotCanvasView::fitToView()

@@ -35,6 +35,9 @@ public:
     // Zoom follows the view's size: the whole shot, never above 100 %.
     void fitToView();
     // The zoom at which the whole shot fits a viewport of `size`.
+    // The zoom that fits the shot's width into a view of `size` with room
+    // for a vertical scroll bar (at most 100 %): for shots far taller than wide.
+    double fitWidthZoom(QSize size) const;
     double fitZoom(QSize size) const;
 
     void showNotice(const QString& text);

@@ -139,7 +139,8 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
         ->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
     add(QStringLiteral("Zoom Out"), QKeySequence::ZoomOut, [this] { m_view->zoomOut(); });
     add(QStringLiteral("Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0),
-        [this] { m_view->zoomTo(1); });
+        [this] { m_view->zoomTo(1); })
+        ->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_0), QKeySequence(Qt::CTRL | Qt::Key_1)});
     add(QStringLiteral("Fit in Window"), QKeySequence(Qt::CTRL | Qt::Key_9),
         [this] { m_view->fitToView(); });
 
@@ -175,10 +176,16 @@ void ShotEditorWindow::placeOnScreen(QScreen* screen)
     resize(size);
     // Frame decorations are the window manager's: centre the inside.
     move(available.center() - QPoint(size.width() / 2, size.height() / 2));
+    const double fitAll = m_view->fitZoom(size - bars);
+    const double width = m_view->fitWidthZoom(size - bars);
     if (fits) {
         m_canvas->setZoom(1);
+    } else if (fitAll < width / 2) {
+        // A tall shot (a scrolled page) shown whole would be unreadable: at
+        // the window's width instead, from its top.
+        m_canvas->setZoom(width);
     } else {
-        m_canvas->setFitZoom(m_view->fitZoom(size - bars));
+        m_canvas->setFitZoom(fitAll);
     }
 }
 

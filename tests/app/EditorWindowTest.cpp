@@ -12,6 +12,7 @@
 #include <QClipboard>
 #include <QDeadlineTimer>
 #include <QProcess>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -148,6 +149,24 @@ TEST_F(EditorWindow, PicksColoursAndZoomsWithCtrlScroll)
     const double before = m_window->canvas().zoom();
     xdotool({"keydown", "ctrl", "click", "4", "keyup", "ctrl"});
     EXPECT_GT(m_window->canvas().zoom(), before);
+}
+
+TEST_F(EditorWindow, ATallShotOpensReadableFromItsTopAndTheZoomKeysWork)
+{
+    // A scrolled page, 30 times as tall as the screen's share of it.
+    openEditor(test::patternImage(1200, 16000), 1);
+    ShotCanvas& canvas = m_window->canvas();
+    const double width = canvas.width() / canvas.zoom();
+    EXPECT_GE(canvas.zoom(), 0.5) << "opened at " << canvas.zoom();
+    EXPECT_LE(width * canvas.zoom(), m_window->screen()->availableGeometry().width())
+        << "wider than the screen";
+    EXPECT_EQ(canvas.mapTo(m_window.get(), QPoint(0, 0)).y() >= 0, true) << "not at the top";
+    xdotool({"key", "ctrl+9"});
+    EXPECT_LT(canvas.zoom(), 0.1);
+    xdotool({"key", "ctrl+1"});
+    EXPECT_DOUBLE_EQ(canvas.zoom(), 1);
+    xdotool({"key", "ctrl+9", "ctrl+0"});
+    EXPECT_DOUBLE_EQ(canvas.zoom(), 1);
 }
 
 TEST_F(EditorWindow, TypesTextInPlace)
