@@ -5,6 +5,7 @@
 #include "output/ShotNotifications.h"
 #include "recording/RecordingTypes.h"
 #include "review/ShotReviewCanvas.h"
+#include "style/WindowPlacement.h"
 #include "review/ShotReviewTimeline.h"
 #include "video/VideoPlayer.h"
 #include "style/ShotIcons.h"
@@ -83,12 +84,8 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
     connectButtons();
     connectPlayer();
     connectEdits();
-    // As large as a comfortable review, never larger than the screen.
-    QSize size(960, 680);
-    if (const QScreen* screen = QGuiApplication::primaryScreen()) {
-        size = size.boundedTo(screen->availableSize() * 0.92);
-    }
-    resize(size);
+    // As large as a comfortable review, never larger than the work area.
+    WindowPlacement::place(*this, QStringLiteral("review"), QSize(960, 680));
     applied();
     loadThumbnails();
     qCInfo(lcVideoEdit, "Review of %s opened (%dx%d, %s)", qPrintable(m_recording), m_info.size.width(),
@@ -610,6 +607,7 @@ void ShotReviewWindow::closeEvent(QCloseEvent* event)
     }
     if (!hasUnexportedEdits() || m_closeAfterExport) {
         m_player->pause();
+        WindowPlacement::remember(*this, QStringLiteral("review"));
         event->accept();
         return;
     }
@@ -626,6 +624,7 @@ void ShotReviewWindow::closeEvent(QCloseEvent* event)
     if (question.clickedButton() == discard) {
         qCInfo(lcVideoEdit, "Edits of %s discarded", qPrintable(m_recording));
         m_player->pause();
+        WindowPlacement::remember(*this, QStringLiteral("review"));
         event->accept();
     } else if (question.clickedButton() == exportButton) {
         m_closeAfterExport = true;

@@ -1,5 +1,7 @@
 #include "settings/ShotSettingsWindow.h"
 
+#include "style/WindowPlacement.h"
+
 #include "style/ShotIcons.h"
 
 #include <QHBoxLayout>
@@ -48,7 +50,13 @@ ShotSettingsWindow::ShotSettingsWindow(ShotSettingsContext context, QWidget* par
     m_sidebar->setFixedWidth(m_sidebar->sizeHintForColumn(0) + 40);
     connect(m_sidebar, &QListWidget::currentRowChanged, m_pages, &QStackedWidget::setCurrentIndex);
     m_sidebar->setCurrentRow(0);
-    resize(820, 560);
+    WindowPlacement::place(*this, QStringLiteral("settings"), QSize(820, 560));
+}
+
+void ShotSettingsWindow::hideEvent(QHideEvent* event)
+{
+    WindowPlacement::remember(*this, QStringLiteral("settings"));
+    QWidget::hideEvent(event);
 }
 
 void ShotSettingsWindow::present()

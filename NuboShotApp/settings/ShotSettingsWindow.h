@@ -23,6 +23,9 @@ public:
     // Every page shows the stored values again.
     void reload();
 
+protected:
+    void hideEvent(QHideEvent* event) override;
+
 private:
     ShotSettingsContext m_context;
     QListWidget* m_sidebar;

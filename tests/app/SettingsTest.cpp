@@ -17,6 +17,7 @@
 #include "settings/ShotSettingsBackup.h"
 #include "settings/ShotSettingsWindow.h"
 #include "shortcuts/ShotGlobalShortcuts.h"
+#include "support/QtPrinters.h"
 #include "support/ArchiveFixtures.h"
 #include "support/EditorFixture.h"
 #include "support/FilebinServer.h"
@@ -38,6 +39,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QSpinBox>
 #include <QToolButton>
 
@@ -128,6 +130,24 @@ TEST_F(Settings, OneWindowWithItsPagesInASidebar)
     settle(200);
     EXPECT_TRUE(window.isVisible());
     EXPECT_TRUE(window.isActiveWindow());
+
+    // On any scale it lies in the work area, title bar and all, clear of
+    // the panel; moved and sized by the user, it opens there again.
+    const QRect area = window.screen()->availableGeometry();
+    EXPECT_TRUE(area.contains(window.frameGeometry()))
+        << testing::PrintToString(QRectF(window.frameGeometry())) << " outside " << testing::PrintToString(QRectF(area));
+    const QRect moved(area.topLeft() + QPoint(40, 60), window.size() - QSize(30, 20));
+    xdotool({"windowmove", QString::number(window.winId()), QString::number(moved.x()), QString::number(moved.y()),
+             "windowsize", QString::number(window.winId()), QString::number(moved.width()),
+             QString::number(moved.height())});
+    const QDeadlineTimer deadline(5000);
+    while (window.size() != moved.size() && !deadline.hasExpired()) {
+        settle(20);
+    }
+    const QRect left = window.frameGeometry();
+    window.close();
+    const ShotSettingsWindow& again = open(QStringLiteral("General"));
+    EXPECT_EQ(QRectF(again.frameGeometry()), QRectF(left));
 }
 
 // Values written by a newer version or by hand, of the wrong type: each
