@@ -22,9 +22,15 @@ inline constexpr char returnToSelect[] = "shot.returnToSelect";
 inline constexpr char recordWindow[] = "shot.recordWindow";
 inline constexpr char quickSaveFormat[] = "shot.quickSaveFormat";
 inline constexpr char quickSaveFolder[] = "shot.quickSaveFolder";
+// The folder the last Save As wrote into: the next one opens there.
+inline constexpr char saveAsFolder[] = "shot.saveAsFolder";
 inline constexpr char closeAfterPrefix[] = "shot.closeAfter.";
 inline constexpr char recentEnabled[] = "shot.recent.enabled";
 inline constexpr char uploadDestination[] = "shot.uploadDestination";
+// The shortcut problems last told at start (told again only when they change).
+inline constexpr char shortcutProblemsTold[] = "shot.shortcut.problemsTold";
+// Whether the editor has told that Filebin links are public (told once).
+inline constexpr char filebinPublicToldKey[] = "shot.upload.filebinPublicTold";
 // The desktop portal's screen-cast grants (restore tokens and their screens), as JSON.
 inline constexpr char portalScreenCastGrants[] = "shot.portal.screenCastGrants";
 inline constexpr char stylePrefix[] = "shot.style.";

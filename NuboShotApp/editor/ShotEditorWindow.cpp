@@ -522,11 +522,20 @@ void ShotEditorWindow::closeEvent(QCloseEvent* event)
                         QStringLiteral("Your changes to this screenshot have not been copied or "
                                        "saved."),
                         QMessageBox::NoButton, this);
+        QPushButton* save = box.addButton(QStringLiteral("Save"), QMessageBox::AcceptRole);
         QPushButton* discard =
             box.addButton(QStringLiteral("Discard"), QMessageBox::DestructiveRole);
         box.addButton(QMessageBox::Cancel);
         box.setDefaultButton(QMessageBox::Cancel);
         box.exec();
+        if (box.clickedButton() == save) {
+            // Saved where quick saves go; the editor closes once it is
+            // written (a failure says why and keeps it open).
+            m_closeWhenIdle = true;
+            m_output->quickSave(Qt::NoModifier);
+            event->ignore();
+            return;
+        }
         if (box.clickedButton() != discard) {
             event->ignore();
             return;

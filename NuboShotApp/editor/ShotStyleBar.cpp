@@ -134,9 +134,11 @@ ShotStyleBar::ShotStyleBar(ShotEditorModel& model, ShotPreferences& preferences,
 
     m_arrowSize = new QComboBox(this);
     for (const ArrowSizePreset preset : allCases<ArrowSizePreset>()) {
-        m_arrowSize->addItem(toString(preset).toUpper(), int(preset));
+        // In points, as every other tool's width.
+        m_arrowSize->addItem(QStringLiteral("%1 pt").arg(arrowWidth(preset)), int(preset));
     }
-    labelled(arrowSizeControl, QStringLiteral("&Size"), m_arrowSize);
+    m_arrowSize->setObjectName(QStringLiteral("arrowWidth"));
+    labelled(arrowSizeControl, QStringLiteral("&Width"), m_arrowSize);
     connect(m_arrowSize, &QComboBox::activated, this, [this](int index) {
         const auto preset = ArrowSizePreset(m_arrowSize->itemData(index).toInt());
         change([&](ShotStyle& s) { s.lineWidth = arrowWidth(preset); });

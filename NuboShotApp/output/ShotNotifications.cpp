@@ -45,34 +45,54 @@ void ShotNotifications::notifyFile(const QString& text, const QString& file)
 void ShotNotifications::notifyFile(const QString& summary, const QString& file,
                                    const QString& text)
 {
-    m_lastMessage = text;
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(QLatin1String(service), QLatin1String(path),
-                                       QLatin1String(service), QStringLiteral("Notify"));
     const QStringList actions =
         file.isEmpty() ? QStringList()
                        : QStringList{QStringLiteral("default"), QStringLiteral("Open"),
                                      QStringLiteral("show"), QStringLiteral("Show in Folder")};
+    send(summary, text, actions, [this, file](uint id) { m_saved.insert(id, file); });
+}
+
+void ShotNotifications::notifyAction(const QString& summary, const QString& text,
+                                     const QString& button, std::function<void()> act)
+{
+    send(summary, text, {QStringLiteral("default"), button},
+         [this, act = std::move(act)](uint id) { m_acts.insert(id, act); });
+}
+
+void ShotNotifications::send(const QString& summary, const QString& text,
+                             const QStringList& actions, std::function<void(uint)> sent)
+{
+    m_lastMessage = text;
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(QLatin1String(service), QLatin1String(path),
+                                       QLatin1String(service), QStringLiteral("Notify"));
     call << QStringLiteral("Nubo Shot") << uint(0) << QStringLiteral("nuboshot")
          << summary << m_lastMessage << actions << QVariantMap() << int(-1);
     // Asked without waiting: a slow or missing notification service never
     // holds up the editor.
     auto* watcher = new QDBusPendingCallWatcher(
         QDBusConnection::sessionBus().asyncCall(call, 2000), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, file] {
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [this, watcher, text, sent = std::move(sent)] {
         watcher->deleteLater();
         const QDBusPendingReply<uint> reply = *watcher;
         if (reply.isError()) {
-            qCInfo(lcApp, "No desktop notification (%s): %s", qPrintable(m_lastMessage),
+            qCInfo(lcApp, "No desktop notification (%s): %s", qPrintable(text),
                    qPrintable(reply.error().message()));
             return;
         }
-        m_saved.insert(reply.value(), file);
+        sent(reply.value());
     });
 }
 
 void ShotNotifications::actionInvoked(uint id, const QString& action)
 {
+    if (const auto act = m_acts.constFind(id); act != m_acts.constEnd()) {
+        const std::function<void()> run = *act;
+        m_acts.erase(act);
+        run();
+        return;
+    }
     const QString file = m_saved.value(id);
     if (file.isEmpty()) {
         return;

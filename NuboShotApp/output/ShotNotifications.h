@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
+
 namespace nubo {
 
 // Desktop notifications (org.freedesktop.Notifications) with actions.
@@ -23,6 +25,10 @@ public:
     void notifyFile(const QString& summary, const QString& file, const QString& text);
     // A message without a file or actions.
     void notify(const QString& summary, const QString& text) { notifyFile(summary, {}, text); }
+    // A message with one button (also its default action): `act` runs when
+    // the user presses it.
+    void notifyAction(const QString& summary, const QString& text, const QString& button,
+                      std::function<void()> act);
     const QString& lastMessage() const { return m_lastMessage; }
 
 private slots:
@@ -31,7 +37,11 @@ private slots:
 private:
     ShotNotifications();
 
+    void send(const QString& summary, const QString& text, const QStringList& actions,
+              std::function<void(uint)> sent);
+
     QHash<uint, QString> m_saved;
+    QHash<uint, std::function<void()>> m_acts;
     QString m_lastMessage;
 };
 

@@ -237,10 +237,15 @@ void ShotOutputActions::saveAs()
     initial.format = ShotQuickSave::format(m_preferences);
     initial.scale = ShotExporter::defaultScale(output);
     QString folder;
-    try {
-        folder = ShotQuickSave::folder(m_preferences);
-    } catch (const Error&) {
-        // The dialog opens wherever it likes instead.
+    if (const std::optional<QString> last = m_preferences.string(keys::saveAsFolder);
+        last && QFileInfo(*last).isDir()) {
+        folder = *last;
+    } else {
+        try {
+            folder = ShotQuickSave::folder(m_preferences);
+        } catch (const Error&) {
+            // The dialog opens wherever it likes instead.
+        }
     }
     QFileDialog dialog(m_host.outputWindow(), QStringLiteral("Save As"), folder);
     ShotSaveDialog options(dialog, initial);
@@ -267,6 +272,7 @@ void ShotOutputActions::saveAs()
                 return;
             }
             qCInfo(lcApp, "Editor saved the shot as %s", qPrintable(made.file));
+            m_preferences.setValue(keys::saveAsFolder, QFileInfo(made.file).absolutePath());
             emit shotOutput({ShotOutputKind::saveAs, output, chosen.scale, chosen.format,
                              made.file});
             finishFor(output, ShotOutputAction::save, modifiers);
@@ -443,6 +449,12 @@ void ShotOutputActions::upload(std::optional<ShotUploadDestination> destination)
         if (state.is<ShotUploadState::OutcomeUnknown>() && !confirmUnknownRetry()) {
             return;
         }
+    }
+    if (m_upload->settings(destination).effective() == ShotUploadDestination::filebin &&
+        !m_preferences.boolean(keys::filebinPublicToldKey, false)) {
+        // Once: a Filebin link is no secret.
+        m_preferences.setValue(keys::filebinPublicToldKey, true);
+        m_host.showNotice(QStringLiteral("Filebin is public: anyone with the link can see this shot."));
     }
     m_uploaded = output;
     m_upload->prepare();

@@ -386,11 +386,20 @@ void TrayApplication::bindShortcuts()
         m_preferences->sync();
     };
     m_shortcuts->changed();
-    if (!m_shortcuts->problems().isEmpty()) {
-        // Told once, in the tray's own bubble; the rest of the program works as before.
-        m_tray.showMessage(QStringLiteral("Nubo Shot"),
-                           m_shortcuts->problems().join(QLatin1Char('\n')),
-                           QSystemTrayIcon::Warning, 8000);
+    // Told once, where the user sees it, with the way to fix it (again only
+    // when the problems change); the rest of the program works as before.
+    const QStringList& problems = m_shortcuts->problems();
+    const QString now = problems.join(QLatin1Char('\n'));
+    const bool told = m_preferences->string(keys::shortcutProblemsTold).value_or(QString()) == now;
+    m_preferences->setValue(keys::shortcutProblemsTold, now);
+    if (!problems.isEmpty() && !told) {
+        ShotNotifications::shared().notifyAction(
+            problems.size() == 1 ? QStringLiteral("A shortcut does not work")
+                                 : QStringLiteral("%1 shortcuts do not work").arg(problems.size()),
+            problems.join(QLatin1Char('\n')), QStringLiteral("Open Shortcuts Settings"), [this] {
+                showSettings();
+                m_settings->showPage(QStringLiteral("Shortcuts"));
+            });
     }
 }
 

@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QDeadlineTimer>
 #include <QProcess>
 #include <QScreen>
@@ -167,6 +168,21 @@ TEST_F(EditorWindow, ATallShotOpensReadableFromItsTopAndTheZoomKeysWork)
     EXPECT_DOUBLE_EQ(canvas.zoom(), 1);
     xdotool({"key", "ctrl+9", "ctrl+0"});
     EXPECT_DOUBLE_EQ(canvas.zoom(), 1);
+}
+
+TEST_F(EditorWindow, TheArrowsWidthIsInPointsAsEveryOtherWidth)
+{
+    xdotool({"key", "a"});
+    auto* widths = m_window->findChild<QComboBox*>(QStringLiteral("arrowWidth"));
+    ASSERT_NE(widths, nullptr);
+    for (int i = 0; i < widths->count(); ++i) {
+        EXPECT_TRUE(widths->itemText(i).endsWith(QLatin1String(" pt"))) << widths->itemText(i).toStdString();
+    }
+    const int widest = widths->count() - 1;
+    widths->setCurrentIndex(widest);
+    emit widths->activated(widest);
+    EXPECT_DOUBLE_EQ(m_window->model().style(ShotToolKind::arrow).lineWidth,
+                     widths->itemText(widest).chopped(3).toDouble());
 }
 
 TEST_F(EditorWindow, TypesTextInPlace)

@@ -407,6 +407,20 @@ TEST_F(Output, SaveAsWritesTheChosenFormatUnderTheChosenName)
         const auto [magic, offset] = magicOf(c.format);
         EXPECT_EQ(file.read(16).mid(offset, magic.size()), magic);
     }
+    // The next Save As opens where the last one wrote, not where quick
+    // saves go.
+    QDir().mkpath(m_dir.filePath(QStringLiteral("elsewhere")));
+    m_preferences->setValue(keys::quickSaveFolder, m_dir.filePath(QStringLiteral("elsewhere")));
+    QString opened;
+    const test::ModalAnswer again([&](QDialog& dialog) {
+        if (auto* files = qobject_cast<QFileDialog*>(&dialog)) {
+            opened = files->directory().absolutePath();
+        }
+        QMetaObject::invokeMethod(&dialog, "reject", Qt::QueuedConnection);
+    });
+    window.output().saveAs();
+    ASSERT_TRUE(again.answered());
+    EXPECT_EQ(opened, m_dir.filePath(QStringLiteral("saved")));
 }
 
 TEST_F(Output, DragsCopiesToAnotherProgramAndClosesOnceAccepted)
@@ -504,6 +518,7 @@ TEST_F(Output, ClosingUnsavedChangesAsksFirst)
         {"untouched", false, false, nullptr, true},
         {"edited, Cancel", true, false, "Cancel", false},
         {"edited, Discard", true, false, "Discard", true},
+        {"edited, Save", true, false, "Save", true},
         {"edited and copied", true, true, nullptr, true},
     };
     m_preferences->setValue(closeAfterKey(ShotOutputAction::copy), false);
@@ -517,12 +532,18 @@ TEST_F(Output, ClosingUnsavedChangesAsksFirst)
             window.output().copy({});
             ASSERT_TRUE(outputDone(window));
         }
+        const qsizetype saved = QDir(m_dir.filePath(QStringLiteral("saved"))).entryList(QDir::Files).size();
         const test::ModalAnswer answer(c.answer ? QLatin1String(c.answer) : QString());
         window.close();
         settle(300);
         EXPECT_EQ(answer.asked(), c.answer != nullptr);
         EXPECT_EQ(answer.answered(), c.answer != nullptr);
+        // Save closes once the file is written.
+        ASSERT_TRUE(outputDone(window));
+        settle(50);
         EXPECT_EQ(!window.isVisible(), c.closes);
+        EXPECT_EQ(QDir(m_dir.filePath(QStringLiteral("saved"))).entryList(QDir::Files).size(),
+                  saved + (QLatin1String(c.answer ? c.answer : "") == QLatin1String("Save")));
     }
 }
 
@@ -694,10 +715,13 @@ TEST_F(Output, TheUploadButtonSaysWhatHappenedAndCopiesTheLink)
     };
     const auto finished = [&] { return settledIn([&] { return !status.isRunning(); }); };
 
-    // Nothing but Filebin is set up: "auto" goes there.
+    // Nothing but Filebin is set up: "auto" goes there, and the first
+    // upload there says, once, that its links are public.
     EXPECT_EQ(title(), QStringLiteral("Upload to Filebin"));
     EXPECT_FALSE(bar.cancelUploadButton()->isVisible());
     click(bar.uploadButton());
+    const QString publicNotice = QStringLiteral("Filebin is public: anyone with the link can see this shot.");
+    EXPECT_TRUE(settledIn([&] { return window.lastNotice() == publicNotice; }, 5000)) << window.lastNotice().toStdString();
     ASSERT_TRUE(finished());
     EXPECT_EQ(title(), QStringLiteral("Upload complete \u00b7 Link copied"));
     EXPECT_TRUE(std::any_of(seen.begin(), seen.end(),

@@ -277,7 +277,14 @@ TEST_F(Tray, PrintScreenKeysCaptureFromAnywhere)
     run(QStringLiteral("xdotool"), {"key", "ctrl+shift+F12"});
     EXPECT_TRUE(waitUntil([&] { return shown(QStringLiteral("1920 \u00d7 1080")); }))
         << "the user's shortcut";
-    // openbox binds Alt+Print to scrot: ours is skipped and said so, nothing more.
+    // openbox binds Alt+Print to scrot: ours is skipped and said so in a
+    // notification whose button opens the settings.
+    EXPECT_TRUE(waitUntil([&] {
+        return run(QStringLiteral("dunstctl"), {"count", "displayed"}).trimmed().toInt() > 0;
+    })) << "no notification";
+    run(QStringLiteral("dunstctl"), {"action", "0"});
+    EXPECT_TRUE(waitUntil([&] { return shown(QStringLiteral("Nubo Shot Settings")); }))
+        << "the notification's button opens no settings";
     m_app.terminate();
     m_app.waitForFinished(5000);
     EXPECT_TRUE(
