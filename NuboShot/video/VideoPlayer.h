@@ -30,6 +30,13 @@ public:
     void setDisplaySize(QSize size);
 
     VideoTime position() const { return m_position; }
+    // Where an edit made now starts: the shown picture's own time while the
+    // playhead lies within it (a scrub rarely lands on a picture's start),
+    // so what is drawn over the picture applies to that picture.
+    VideoTime editTime() const
+    {
+        return m_shownTime <= m_position && m_position < m_shownEnd ? m_shownTime : m_position;
+    }
     bool isPlaying() const { return m_playing; }
     void seek(VideoTime source);
     void play();

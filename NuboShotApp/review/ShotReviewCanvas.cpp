@@ -11,6 +11,7 @@ namespace nubo {
 
 namespace {
 const QColor blurColour(88, 86, 214);
+const QColor backdrop(22, 22, 24);
 constexpr double handle = 8;
 
 QRectF spanned(QPointF a, QPointF b)
@@ -82,7 +83,7 @@ void ShotReviewCanvas::paintEvent(QPaintEvent*)
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
     p.setRenderHint(QPainter::SmoothPixmapTransform);
-    p.fillRect(rect(), QColor(22, 22, 24));
+    p.fillRect(rect(), backdrop);
     const QRectF picture = pictureRect();
     if (!m_frame.isNull()) {
         QImage shown = m_frame;
@@ -129,7 +130,9 @@ void ShotReviewCanvas::paintEvent(QPaintEvent*)
         outside.addRect(picture);
         outside.addRect(crop);
         p.setPen(Qt::NoPen);
-        p.setBrush(QColor(0, 0, 0, m_mode == Mode::crop ? 150 : 110));
+        // While cropping the cut-off parts show dimmed; else not at all: the
+        // picture is what the export holds.
+        p.setBrush(m_mode == Mode::crop ? QColor(0, 0, 0, 150) : backdrop);
         p.drawPath(outside);
         if (m_mode == Mode::crop) {
             p.setPen(QPen(Qt::white, 1.5));

@@ -270,9 +270,9 @@ void ShotReviewWindow::connectEdits()
         }
     });
     connect(m_canvas, &ShotReviewCanvas::blurDrawn, this, [this, selectBlur](const QRectF& rect) {
-        // A new region lasts three seconds from the playhead.
+        // A new region lasts three seconds from the picture on screen.
         VideoEditList next = m_history.current;
-        const VideoTime from = m_player->position();
+        const VideoTime from = m_player->editTime();
         const int number = next.addBlur(rect, VideoTimeRange{from, VideoTime::seconds(3)});
         commit(next);
         qCInfo(lcVideoEdit, "Blur %d added at %s", number, qPrintable(from.text()));

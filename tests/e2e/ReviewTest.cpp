@@ -86,6 +86,26 @@ protected:
                                         QString::number(to.y()), "mouseup", "1"});
     }
 
+    // The region over the right half's middle is pixelated on screen: the
+    // grid's thin lines are gone inside it, still there beside it.
+    static QImage screen() { return QGuiApplication::primaryScreen()->grabWindow(0).toImage(); }
+    void expectPixelatedOnScreen(const QImage& screen) const
+    {
+        auto lines = [&](QRect area) {
+            int bright = 0;
+            for (int y = area.top(); y <= area.bottom(); ++y) {
+                for (int x = area.left(); x <= area.right(); ++x) {
+                    bright += qGreen(screen.pixel(x, y)) > 180;
+                }
+            }
+            return bright;
+        };
+        const QRect inside(onPicture(0.53, 0.3), onPicture(0.72, 0.7));
+        const QRect beside(onPicture(0.25, 0.3), onPicture(0.44, 0.7));
+        EXPECT_GT(lines(beside), 200);
+        EXPECT_LT(lines(inside), lines(beside) / 10);
+    }
+
     QTemporaryDir m_dir;
     QString m_movie;
     QProcess m_app;
@@ -119,21 +139,7 @@ TEST_F(Review, SplitCutBlurAndExportAsAUserDoes)
     QThread::msleep(500);
     const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
     test::saveArtifact(screen, QStringLiteral("review-window.png"));
-    // On screen, the region is pixelated: the grid's thin lines are gone
-    // inside it, still there beside it.
-    auto lines = [&](QRect area) {
-        int bright = 0;
-        for (int y = area.top(); y <= area.bottom(); ++y) {
-            for (int x = area.left(); x <= area.right(); ++x) {
-                bright += qGreen(screen.pixel(x, y)) > 180;
-            }
-        }
-        return bright;
-    };
-    const QRect inside(onPicture(0.53, 0.3), onPicture(0.72, 0.7));
-    const QRect beside(onPicture(0.25, 0.3), onPicture(0.44, 0.7));
-    EXPECT_GT(lines(beside), 200);
-    EXPECT_LT(lines(inside), lines(beside) / 10);
+    expectPixelatedOnScreen(screen);
 
     keys(QStringLiteral("ctrl+e"), 1);
     ASSERT_TRUE(waitForLog(QStringLiteral("Exported "), 30000)) << m_log.toStdString();
@@ -176,6 +182,25 @@ TEST_F(Review, SplitCutBlurAndExportAsAUserDoes)
     QThread::msleep(300);
     EXPECT_EQ(m_app.state(), QProcess::Running);
     EXPECT_TRUE(test::windowShown(QStringLiteral("Review")));
+}
+
+TEST_F(Review, ABlurDrawnAfterAScrubCoversThePictureOnScreen)
+{
+    // A click on the timeline lands inside a picture's time, rarely at its
+    // start: the region drawn then covers the picture the user sees.
+    const int x = m_timelineFrom + (m_timelineTo - m_timelineFrom) * 45 / 100 + 1;
+    const QImage first = screen().copy(m_picture);
+    run(QStringLiteral("xdotool"), {"mousemove", QString::number(x), QString::number(m_timelineY), "click", "1"});
+    ASSERT_TRUE(waitUntil([&] { return screen().copy(m_picture) != first; }, 5000))
+        << "the picture at the new place never showed";
+    keys(QStringLiteral("b"), 1);
+    drag(onPicture(0.5, 0.25), onPicture(0.75, 0.75));
+    ASSERT_TRUE(waitForLog(QStringLiteral("Blur 1 added at"))) << m_log.toStdString();
+    const QImage drawn = screen();
+    keys(QStringLiteral("b"), 1); // back to viewing: no drawing aids over it
+    QImage shown;
+    waitUntil([&] { return (shown = screen()) != drawn; }, 3000);
+    expectPixelatedOnScreen(shown);
 }
 
 TEST_F(Review, CopyTakesTheRecordingExportsKeepSizeAndModeAndEscapeCloses)
