@@ -136,6 +136,14 @@ void ScrollStitcher::hashRows(Raster& r)
     }
 }
 
+void ScrollStitcher::leaveOutEdges(Raster& r, double scale)
+{
+    const int edge = std::min(r.width / 6, int(std::ceil(24 * scale)));
+    r.matchingStart = edge * 4;
+    r.matchingWidth = std::max(0, (r.width - edge) * 4 - r.matchingStart);
+    hashRows(r);
+}
+
 ScrollStitcher::Raster ScrollStitcher::raster(const QImage& frame, double scale)
 {
     Raster r = pixels(frame, scale);
@@ -176,14 +184,16 @@ ScrollStitcher::Update ScrollStitcher::start(Raster r)
     bandsEstablished = false;
     position = frontier = 0;
     reachedLimit = limit <= r.height;
+    before.reset();
+    edgesMove = false;
     previous = std::move(r);
     return reachedLimit ? Update::limitReached : Update::accepted;
 }
 
-std::optional<ScrollStitcher::Found> ScrollStitcher::findOffset(const Raster& next, int header,
+std::optional<ScrollStitcher::Found> ScrollStitcher::findOffset(const Raster& prev,
+                                                                const Raster& next, int header,
                                                                 int footerBand) const
 {
-    const Raster& prev = *previous;
     const int bottom = next.height - footerBand;
     const int span = bottom - header;
     if (span < 12) {
@@ -256,7 +266,11 @@ ScrollStitcher::Update ScrollStitcher::add(const QImage& frame)
         lastVerifiedRatio = 1.0;
         return Update::unchanged;
     }
-    hashRows(next);
+    if (edgesMove) {
+        leaveOutEdges(next, scale);
+    } else {
+        hashRows(next);
+    }
     int header = headerRows, footerBand = footerRows;
     if (!bandsEstablished) {
         header = headerRows;
@@ -269,7 +283,36 @@ ScrollStitcher::Update ScrollStitcher::add(const QImage& frame)
             ++footerBand;
         }
     }
-    const std::optional<Found> found = findOffset(next, header, footerBand);
+    std::optional<Found> found = findOffset(*previous, next, header, footerBand);
+    if (!found && !edgesMove) {
+        // A scroll bar beside the content moves with it, and its rows no
+        // longer match: compared without the edges from now on.
+        Raster narrowPrevious = *previous, narrowNext = next;
+        leaveOutEdges(narrowPrevious, scale);
+        leaveOutEdges(narrowNext, scale);
+        found = findOffset(narrowPrevious, narrowNext, header, footerBand);
+        if (found) {
+            edgesMove = true;
+            *previous = std::move(narrowPrevious);
+            next = std::move(narrowNext);
+            if (before) {
+                leaveOutEdges(before->raster, scale);
+            }
+        }
+    }
+    if (!found && before && bandsEstablished) {
+        found = findOffset(before->raster, next, header, footerBand);
+        if (found) {
+            // The newest frame was torn: back to the state before it.
+            output.resize(before->outputSize);
+            footer = std::move(before->footer);
+            position = before->position;
+            frontier = before->frontier;
+            previous = std::move(before->raster);
+            before.reset();
+            ++withdrawn;
+        }
+    }
     if (!found) {
         return Update::skipped;
     }
@@ -285,6 +328,7 @@ ScrollStitcher::Update ScrollStitcher::add(const QImage& frame)
         footer.assign(output.end() - qsizetype(band), output.end());
         output.resize(output.size() - band);
     }
+    before = Before{std::move(*previous), position, frontier, output.size(), footer};
     position += found->offset;
     previous = std::move(next);
     const Raster& current = *previous;
@@ -360,6 +404,7 @@ QImage ScrollStitcher::takeImage()
         rows->data(), width, int(height), width * 4, QImage::Format_RGBA8888_Premultiplied,
         [](void* buffer) { delete static_cast<std::vector<uint8_t>*>(buffer); }, rows);
     previous.reset();
+    before.reset();
     width = 0;
     return image;
 }

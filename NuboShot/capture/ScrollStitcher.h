@@ -70,14 +70,36 @@ public:
     int width = 0;
     std::optional<int> lastOffset;
     double lastVerifiedRatio = 0;
+    // Frames taken back: added, then contradicted by the frames after them.
+    int withdrawn = 0;
+    // Whether the area's edges change as it scrolls (a scroll bar beside
+    // the content, as terminals and editors have): compared without them.
+    bool edgesMove = false;
+    // Compares a raster without the strips at its left and right edges
+    // where scroll bars live; its rows hashed again.
+    static void leaveOutEdges(Raster& raster, double scale);
 
 private:
     struct Found {
         int offset;
         double ratio;
     };
+    // The state before the newest frame was added: a frame caught while the
+    // program was still drawing (a terminal moves its lines first and paints
+    // the new ones after) verifies on the rows it shares with the one before
+    // and brings wrong new rows. The next frame then matches only the frame
+    // before it, and the torn one is withdrawn.
+    struct Before {
+        Raster raster;
+        qint64 position = 0;
+        qint64 frontier = 0;
+        size_t outputSize = 0;
+        std::vector<uint8_t> footer;
+    };
     Update start(Raster raster);
-    std::optional<Found> findOffset(const Raster& next, int header, int footerBand) const;
+    std::optional<Found> findOffset(const Raster& reference, const Raster& next, int header,
+                                    int footerBand) const;
+    std::optional<Before> before;
 };
 
 // Whether the user should be asked to scroll back: three skipped frames in

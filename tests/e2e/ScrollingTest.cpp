@@ -17,6 +17,7 @@
 #include <QPixmap>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -198,6 +199,98 @@ TEST_F(Scrolling, TheWheelScrolledPageStitchesToItsWholeContent)
     }
     EXPECT_EQ(difference.pixelsOver, 0) << "the stitched page differs from its content";
     EXPECT_FALSE(windowShown(panelName));
+}
+
+// The screen's pixels of `area` once two looks a moment apart agree.
+QImage settled(const QRect& area)
+{
+    QImage last;
+    waitUntil([&] {
+        const QImage now = QGuiApplication::primaryScreen()
+                               ->grabWindow(0, area.x(), area.y(), area.width(), area.height())
+                               .toImage()
+                               .convertToFormat(QImage::Format_RGB32);
+        const bool same = now == last;
+        last = now;
+        return same;
+    }, 5000);
+    return last;
+}
+
+TEST_F(Scrolling, ATerminalScrolledWholeLinesANotchStitchesEveryLine)
+{
+    // xterm with its scroll bar: 300 numbered lines, five whole lines a
+    // notch, no smooth scrolling; the bar's thumb moves as it scrolls.
+    QProcess terminal;
+    terminal.start(QStringLiteral("xterm"),
+                   {"-title", "Terminal Under Test", "-sb", "-fa", "DejaVu Sans Mono", "-fs", "10",
+                    "-geometry", "50x20+300+160", "-e", "sh", "-c", "seq 300; exec sleep 600"});
+    const auto stop = qScopeGuard([&] {
+        terminal.kill();
+        terminal.waitForFinished();
+    });
+    ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("Terminal Under Test")); }));
+    const QRect area = test::windowGeometry(
+        run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", "Terminal Under Test"})
+            .split(u'\n', Qt::SkipEmptyParts)
+            .value(0));
+    ASSERT_FALSE(area.isEmpty());
+    const auto wheel = [&](int button, int notches, int delay) {
+        xdotool({"mousemove", QString::number(area.center().x()), QString::number(area.center().y()),
+                 "click", "--repeat", QString::number(notches), "--delay", QString::number(delay),
+                 QString::number(button)});
+    };
+    wheel(4, 80, 5); // to the first line
+    const QImage top = settled(area);
+    ASSERT_TRUE(frame(area)) << "no scrolling panel";
+    wheel(5, 64, 150); // as a user does: a notch every 0.15 s, to the end
+    const QImage bottom = settled(area);
+    xdotool({"key", "Return"});
+    QImage shot;
+    ASSERT_TRUE(waitUntil([&] { return (shot = clipboardImage()).height() > area.height(); }, 15000))
+        << "no stitched shot; log:\n" << m_log.toStdString();
+    shot = shot.convertToFormat(QImage::Format_RGB32);
+    ASSERT_EQ(shot.width(), area.width());
+    const auto at = [&](int y) { return shot.copy(0, y, area.width(), area.height()); };
+    const auto same = [](const QImage& a, const QImage& b) {
+        return a.size() == b.size() && test::compareImages(a, b, 0).pixelsOver == 0;
+    };
+    // Every screen on the way is in the shot where it belongs, but for the
+    // scroll bar (stitched as it was at each step).
+    const int bar = 24; // no wider than the strip left out of the comparison
+    const auto content = [&](const QImage& image) {
+        return image.copy(bar, 0, image.width() - bar, image.height());
+    };
+    EXPECT_TRUE(same(at(0), top)) << "the top is not the first screen";
+    EXPECT_TRUE(same(content(at(shot.height() - area.height())), content(bottom)))
+        << "stalled before the last line";
+
+    // The screens between: scrolled back to the top and down a notch at a
+    // time, the editor closed.
+    const QString editor = QStringLiteral("%1 \u00d7 %2").arg(shot.width()).arg(shot.height());
+    ASSERT_TRUE(waitUntil([&] { return windowShown(editor); }));
+    xdotool({"search", "--onlyvisible", "--name", editor, "windowclose"});
+    ASSERT_TRUE(waitUntil([&] { return !windowShown(editor); }));
+    wheel(4, 80, 5);
+    settled(area);
+    wheel(5, 1, 0);
+    const QImage first = content(settled(area));
+    int step = 1;
+    while (step < area.height() && !same(content(at(step)), first)) {
+        ++step;
+    }
+    ASSERT_LT(step, area.height()) << "the first notch's screen is not in the shot";
+    // (Up to the screen before the cursor's line, which the terminal draws
+    // otherwise now that it has the focus; the last screen was compared
+    // above.)
+    const int lastLine = shot.height() - area.height() - step / 5;
+    for (int notch = 2; notch * step < lastLine; ++notch) {
+        wheel(5, 1, 0);
+        EXPECT_TRUE(same(content(at(notch * step)), content(settled(area)))) << "notch " << notch;
+    }
+    if (HasFailure()) {
+        test::saveArtifact(shot, QStringLiteral("scrolling-terminal-result.png"));
+    }
 }
 
 TEST_F(Scrolling, AutoScrollAloneGivesTheSamePageAndPutsThePointerBack)

@@ -260,6 +260,7 @@ TEST_F(Tray, PrintScreenKeysCaptureFromAnywhere)
         ShotPreferences preferences; // a shortcut of the user's own choice
         preferences.setValue(QStringLiteral("shot.shortcut.fullscreen"),
                              QStringLiteral("Ctrl+Shift+F12"));
+        preferences.remove(keys::shortcutProblemsTold); // a first start: told
         preferences.sync();
     }
     ASSERT_NO_FATAL_FAILURE(startTray());

@@ -1,5 +1,7 @@
 #include "support/TrayFixture.h"
 
+#include "core/Settings.h"
+
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDeadlineTimer>
@@ -109,6 +111,14 @@ void Tray::SetUp()
         GTEST_FAIL() << "needs the private desktop session of scripts/test (DISPLAY and a session bus)";
     }
     ASSERT_FALSE(isRunning()) << "another Nubo Shot owns the bus name";
+    markShortcutProblemsTold(QLatin1String(openboxShortcutProblems));
+}
+
+void markShortcutProblemsTold(const QString& problems)
+{
+    ShotPreferences preferences;
+    preferences.setValue(keys::shortcutProblemsTold, problems);
+    preferences.sync();
 }
 
 void Tray::TearDown()

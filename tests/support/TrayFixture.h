@@ -23,6 +23,16 @@ bool startRecordCommand(QProcess& recorder, const QStringList& arguments, const 
                         QString& log);
 // Waits for the command's end; the movie's path it printed.
 QString finishRecordCommand(QProcess& recorder, QString& log, int timeoutMs = 60000);
+// Records in the preferences that the tray has told these shortcut
+// problems already, as it would have on an earlier start: its notification
+// stays off the screen the test captures.
+void markShortcutProblemsTold(const QString& problems);
+// The problems of the test desktop, in the order the tray finds them:
+// openbox binds Print and Alt+Print to a screenshot command of its own.
+inline const char* const openboxShortcutProblems =
+    "The shortcut Alt+Print is used by another program.\n"
+    "The shortcut Print is used by another program.";
+
 // A window's rectangle on screen (xwininfo), by its id.
 QRect windowGeometry(const QString& id);
 // The rectangle of the largest visible window whose name matches `name` (a

@@ -153,6 +153,80 @@ TEST(ScrollStitcher, FollowsBackAndForthAndAddsOnlyBelowTheFrontier)
     EXPECT_EQ(test::compareImages(stitcher.makeImage(), expected, 0).maximum, 0);
 }
 
+TEST(ScrollStitcher, AFrameCaughtMidDrawIsWithdrawnByTheNextOne)
+{
+    // A terminal scrolls whole lines a notch: it moves what it shows up at
+    // once and paints the new lines after. A frame caught between the two
+    // shows the moved lines over a bottom band that is still the old one,
+    // or still blank; it verifies on the moved rows.
+    const Window window{noisePage(1400), 240, 10, 0};
+    const auto torn = [&](int from, int to, bool blank) {
+        QImage f = window.frame(to);
+        const QImage old = window.frame(from);
+        const int band = to - from;
+        QPainter painter(&f);
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        const QRect bottom(0, f.height() - band, f.width(), band);
+        if (blank) {
+            painter.fillRect(bottom, Qt::black);
+        } else {
+            painter.drawImage(bottom.topLeft(), old.copy(bottom));
+        }
+        return f;
+    };
+    for (const bool blank : {true, false}) {
+        SCOPED_TRACE(blank ? "blank band" : "stale band");
+        ScrollStitcher stitcher(30000, 128 << 20, 1);
+        ScrollTrackingState tracking;
+        const auto add = [&](const QImage& frame) {
+            const Update update = stitcher.add(frame);
+            tracking.record(update);
+            return update;
+        };
+        ASSERT_EQ(add(window.frame(0)), Update::accepted);
+        int scroll = 0;
+        for (int notch = 0; notch < 12; ++notch) {
+            const int next = scroll + 65;
+            if (notch % 3 != 2) {
+                add(torn(scroll, next, blank));
+            }
+            EXPECT_EQ(add(window.frame(next)), Update::accepted) << "notch " << notch;
+            scroll = next;
+        }
+        EXPECT_FALSE(tracking.isLost);
+        EXPECT_GE(stitcher.withdrawn, 1);
+        const QImage expected = window.truth(scroll + window.visible);
+        const QImage stitched = stitcher.makeImage();
+        ASSERT_EQ(stitched.size(), expected.size());
+        EXPECT_EQ(test::compareImages(stitched, expected, 0).maximum, 0);
+    }
+}
+
+TEST(ScrollStitcher, AScrollBarBesideTheContentIsLeftOutOfTheComparison)
+{
+    // A terminal's bar at the left edge: its thumb moves with every step,
+    // so no row of the area is the same from one frame to the next.
+    const Window window{noisePage(1400), 240, 0, 0};
+    const auto withBar = [&](int scroll) {
+        QImage f = window.frame(scroll);
+        QPainter painter(&f);
+        painter.fillRect(0, 0, 14, f.height(), QColor(200, 200, 200));
+        painter.fillRect(1, scroll * window.visible / window.page.height(), 12, 40, QColor(90, 90, 90));
+        return f;
+    };
+    ScrollStitcher stitcher(30000, 128 << 20, 1);
+    ASSERT_EQ(stitcher.add(withBar(0)), Update::accepted);
+    for (int scroll = 35; scroll <= 700; scroll += 35) {
+        EXPECT_EQ(stitcher.add(withBar(scroll)), Update::accepted) << scroll;
+    }
+    EXPECT_TRUE(stitcher.edgesMove);
+    const QImage expected = window.truth(700 + window.visible);
+    const QImage stitched = stitcher.makeImage();
+    ASSERT_EQ(stitched.size(), expected.size());
+    const QRect content(24, 0, expected.width() - 24, expected.height());
+    EXPECT_EQ(test::compareImages(stitched.copy(content), expected.copy(content), 0).maximum, 0);
+}
+
 TEST(ScrollStitcher, NeverGuessesAShift)
 {
     // A page of identical rows, then a differently blank one.
