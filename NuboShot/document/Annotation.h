@@ -66,6 +66,9 @@ struct CounterAnnotation {
 };
 struct PenAnnotation {
     QList<QPointF> points;
+    // A marker's stroke: multiplied into what is under it, so text stays
+    // readable through it.
+    bool highlighter = false;
     bool operator==(const PenAnnotation&) const = default;
 };
 struct RedactAnnotation {

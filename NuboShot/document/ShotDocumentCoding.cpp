@@ -78,7 +78,11 @@ QJsonObject encodeKind(const AnnotationKind& kind)
                 for (const QPointF& point : p.points) {
                     points.append(encodePoint(point));
                 }
-                return payload("_0", points);
+                QJsonObject stroke = payload("_0", points);
+                if (p.highlighter) {
+                    stroke.insert(QStringLiteral("highlighter"), true);
+                }
+                return stroke;
             },
             [](const RedactAnnotation& r) { return payload("_0", encodeRect(r.rect)); },
         },
@@ -238,6 +242,8 @@ AnnotationKind decodeKind(const QJsonValue& value)
         for (const QJsonValue& point : points) {
             pen.points.append(decodePoint(point, "a pen point"));
         }
+        // Absent in pen strokes and in archives written before markers.
+        pen.highlighter = p.value(QLatin1String("highlighter")).toBool(false);
         return pen;
     }
     case AnnotationKindName::redact:

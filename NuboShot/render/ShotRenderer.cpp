@@ -277,7 +277,20 @@ void ShotRenderer::drawAnnotation(QPainter& painter, const Annotation& annotatio
                 }
             },
             [&](const PenAnnotation& p) {
-                if (p.points.size() == 1) {
+                if (p.highlighter) {
+                    // Multiplied: light paper takes the colour, dark text
+                    // stays dark; one path, so crossings do not darken.
+                    painter.setCompositionMode(QPainter::CompositionMode_Multiply);
+                    QPen marker = pen;
+                    marker.setCapStyle(Qt::SquareCap);
+                    painter.setPen(marker);
+                    if (p.points.size() == 1) {
+                        painter.drawPoint(p.points.first());
+                    } else {
+                        painter.drawPolyline(p.points.constData(), int(p.points.size()));
+                    }
+                    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+                } else if (p.points.size() == 1) {
                     painter.setPen(Qt::NoPen);
                     painter.setBrush(color);
                     painter.drawEllipse(p.points.first(), lineWidth / 2, lineWidth / 2);

@@ -186,6 +186,18 @@ void ShotCanvasView::placeNotice()
 
 bool ShotCanvasView::wheel(QWheelEvent* event)
 {
+    if (event->modifiers() == Qt::NoModifier && resizeTool && verticalScrollBar()->maximum() == 0 &&
+        horizontalScrollBar()->maximum() == 0 && resizeTool(0)) {
+        // Nothing to scroll: the wheel sizes the tool, as in other editors.
+        m_sizeRest += event->angleDelta().y();
+        while (std::abs(m_sizeRest) >= 120) {
+            const int direction = m_sizeRest > 0 ? 1 : -1;
+            m_sizeRest -= direction * 120;
+            resizeTool(direction);
+        }
+        event->accept();
+        return true;
+    }
     if (!(event->modifiers() & Qt::ControlModifier)) {
         return false; // the scroll area scrolls
     }

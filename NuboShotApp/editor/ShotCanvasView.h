@@ -2,6 +2,8 @@
 
 #include <QScrollArea>
 
+#include <functional>
+
 #include <optional>
 
 class QLabel;
@@ -41,6 +43,10 @@ public:
     double fitZoom(QSize size) const;
 
     void showNotice(const QString& text);
+    // A wheel turn without Ctrl over a shot that needs no scrolling: a step
+    // up (+1) or down (-1) of the current tool's size; asked with 0 first,
+    // true when the tool has a size.
+    std::function<bool(int steps)> resizeTool;
     QLabel* notice() const { return m_notice; }
     bool isPanning() const { return m_panning; }
 
@@ -68,6 +74,7 @@ private:
     QPoint m_panFrom;
     QPoint m_scrollFrom;
     int m_wheelRest = 0; // part of a wheel step not yet acted on
+    int m_sizeRest = 0; // part of a wheel step not yet acted on
 };
 
 } // namespace nubo

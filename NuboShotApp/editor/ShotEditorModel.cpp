@@ -512,7 +512,7 @@ ShotToolKind ShotEditorModel::styledTool() const
                 } else if constexpr (std::is_same_v<Kind, CounterAnnotation>) {
                     return ShotToolKind::number;
                 } else if constexpr (std::is_same_v<Kind, PenAnnotation>) {
-                    return ShotToolKind::draw;
+                    return kind.highlighter ? ShotToolKind::highlighter : ShotToolKind::draw;
                 } else {
                     return ShotToolKind::emoji;
                 }
@@ -584,7 +584,8 @@ void ShotEditorModel::endCreation(const ShotGesture& gesture)
         return;
     }
     commitEdit();
-    const bool stays = m_activeTool == ShotToolKind::draw || m_activeTool == ShotToolKind::number;
+    const bool stays = m_activeTool == ShotToolKind::draw || m_activeTool == ShotToolKind::highlighter ||
+                       m_activeTool == ShotToolKind::number;
     if (!stays && m_preferences.boolean(keys::returnToSelect, false)) {
         setActiveTool(ShotToolKind::select);
     }

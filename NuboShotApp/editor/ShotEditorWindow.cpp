@@ -40,6 +40,7 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
 {
     m_canvas = new ShotCanvas(*m_model, renderer);
     m_view = new ShotCanvasView(m_canvas, this);
+    m_view->resizeTool = [this](int steps) { return resizeTool(steps); };
     setCentralWidget(m_view);
     setAcceptDrops(true);
 
@@ -155,6 +156,36 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     // Keys go to the shot first (tool letters, Space to pan, arrows to nudge),
     // not to whichever control of the bars comes first.
     m_canvas->setFocus(Qt::OtherFocusReason);
+}
+
+bool ShotEditorWindow::resizeTool(int steps)
+{
+    // The size the style bar shows (the selected mark's, else the tool's).
+    const unsigned controls = styleControls(m_model->styledTool());
+    ShotStyle style = m_model->shownStyle();
+    QString shown;
+    if (controls & lineWidthControl) {
+        style.lineWidth = ShotStyle::normalizedLineWidth(std::round(style.lineWidth) + steps);
+        shown = QStringLiteral("Width %1 pt").arg(style.lineWidth);
+    } else if (controls & arrowSizeControl) {
+        const int preset = std::clamp(int(nearestArrowSizePreset(style.lineWidth)) + steps, 0,
+                                      int(enumCount<ArrowSizePreset>()) - 1);
+        style.lineWidth = arrowWidth(ArrowSizePreset(preset));
+        shown = QStringLiteral("Width %1 pt").arg(style.lineWidth);
+    } else if (controls & fontSizeControl) {
+        style.fontSize = ShotStyle::normalizedFontSize(std::round(style.fontSize) + 2 * steps);
+        shown = QStringLiteral("Size %1 pt").arg(style.fontSize);
+    } else if (controls & strengthControl) {
+        style.strength = ShotStyle::normalizedStrength(std::round(style.strength) + steps);
+        shown = QStringLiteral("Strength %1").arg(style.strength);
+    } else {
+        return false;
+    }
+    if (steps != 0) {
+        m_model->applyStyle(style);
+        showNotice(shown);
+    }
+    return true;
 }
 
 void ShotEditorWindow::placeOnScreen(QScreen* screen)

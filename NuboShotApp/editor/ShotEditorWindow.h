@@ -34,6 +34,8 @@ public:
     ShotZoomControls& zoomControls() { return *m_zoomControls; }
     // Sized for the shot at 100 % when that fits in 90 % of the screen's
     // free area, else that 90 % with the shot fitted; centred on the screen.
+    // One wheel step of the current tool's size (0: whether it has one).
+    bool resizeTool(int steps);
     void placeOnScreen(QScreen* screen);
 
     // Ctrl+C: the selected annotations when there is an explicit selection,

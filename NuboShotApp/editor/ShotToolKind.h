@@ -21,13 +21,14 @@ enum class ShotToolKind {
     blur,
     number,
     draw,
+    highlighter,
     emoji,
     colorPicker
 };
 template <> struct EnumNames<ShotToolKind> {
-    static constexpr std::array names{"crop",    "addImage", "select", "rect",       "filledRect",
-                                      "ellipse", "line",     "arrow",  "text",       "blur",
-                                      "number",  "draw",     "emoji",  "colorPicker"};
+    static constexpr std::array names{"crop",    "addImage",    "select", "rect",       "filledRect",
+                                      "ellipse", "line",        "arrow",  "text",       "blur",
+                                      "number",  "draw",        "highlighter", "emoji", "colorPicker"};
 };
 
 // Each tool is described once, in the table of ShotTools.cpp: its title,

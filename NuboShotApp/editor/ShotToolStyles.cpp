@@ -15,6 +15,10 @@ ShotStyle defaultToolStyle(ShotToolKind tool)
         style.fontSize = 20;
     } else if (tool == ShotToolKind::emoji) {
         style.fontSize = 48; // a click places an emoji big enough to read
+    } else if (tool == ShotToolKind::highlighter) {
+        style.color = ShotColor::fromQColor(QColor(255, 214, 10)); // the palette's yellow
+        // over a line of text
+        style.lineWidth = 16;
     }
     return style;
 }

@@ -88,6 +88,12 @@ const std::array<ShotToolDescription, enumCount<ShotToolKind>()> tools{{
          return PenAnnotation{g.moved ? QList<QPointF>{g.start, g.current}
                                       : QList<QPointF>{g.start}};
      }},
+    {ShotToolKind::highlighter, "Highlighter", 'H', "nuboshot-highlighter", colorControl | lineWidthControl, making,
+     [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
+         return PenAnnotation{g.moved ? QList<QPointF>{g.start, g.current}
+                                      : QList<QPointF>{g.start},
+                              true};
+     }},
     {ShotToolKind::emoji, "Emoji", 'E', "face-smile", emojiControl | fontSizeControl, making,
      [](Gesture g, double size, const QString& emoji) -> std::optional<AnnotationKind> {
          // A click places it at the tool's size; a drag sizes it.

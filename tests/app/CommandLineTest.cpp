@@ -112,7 +112,7 @@ TEST(CommandLine, ArchiveCheckSummarisesAnnotationsAndNamesErrors)
     EXPECT_TRUE(
         checked.out.contains(QStringLiteral("Crop: 1, 2, 30 \u00d7 20\nFrame: padding 28\n")));
     EXPECT_TRUE(checked.out.contains(QStringLiteral(
-        "Annotations: 11 (arrow 1, line 1, shape 2, text 1, emoji 1, counter 2, pen 2, redact 1)")))
+        "Annotations: 12 (arrow 1, line 1, shape 2, text 1, emoji 1, counter 2, pen 3, redact 1)")))
         << checked.out.toStdString();
 
     test::writeFile(archive + QStringLiteral("/manifest.json"), "{\"version\": 7}");

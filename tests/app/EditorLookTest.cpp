@@ -160,11 +160,12 @@ TEST_F(EditorLook, TheStyleBarShowsOnlyWhatTheToolUses)
     const Case cases[] = {
         {ShotToolKind::rect, true, true, false, false, false, false},
         {ShotToolKind::filledRect, true, false, false, false, false, false},
-        {ShotToolKind::arrow, true, false, true, false, false, false},
+        {ShotToolKind::arrow, true, true, false, false, false, false},
         {ShotToolKind::text, true, false, true, true, false, false},
         {ShotToolKind::blur, false, false, false, false, true, false},
         {ShotToolKind::number, true, false, true, false, false, false},
         {ShotToolKind::draw, true, true, false, false, false, false},
+        {ShotToolKind::highlighter, true, true, false, false, false, false},
         {ShotToolKind::emoji, false, false, true, false, false, true},
         {ShotToolKind::select, false, false, false, false, false, false},
         {ShotToolKind::colorPicker, false, false, false, false, false, false},

@@ -22,6 +22,7 @@
 namespace nubo {
 namespace {
 
+using test::settle;
 using test::xdotool;
 
 class EditorWindow : public test::EditorFixture {
@@ -183,6 +184,49 @@ TEST_F(EditorWindow, TheArrowsWidthIsInPointsAsEveryOtherWidth)
     emit widths->activated(widest);
     EXPECT_DOUBLE_EQ(m_window->model().style(ShotToolKind::arrow).lineWidth,
                      widths->itemText(widest).chopped(3).toDouble());
+}
+
+TEST_F(EditorWindow, TheHighlighterMarksAStrokeInItsYellow)
+{
+    ShotEditorModel& model = m_window->model();
+    xdotool({"key", "h"});
+    ASSERT_EQ(model.activeTool(), ShotToolKind::highlighter);
+    dragOnScreen({100, 200}, {400, 200});
+    ASSERT_EQ(model.document().annotations.size(), 1);
+    const Annotation& mark = model.document().annotations.first();
+    const auto* stroke = std::get_if<PenAnnotation>(&mark.kind);
+    ASSERT_NE(stroke, nullptr);
+    EXPECT_TRUE(stroke->highlighter);
+    EXPECT_GE(stroke->points.size(), 2);
+    EXPECT_EQ(mark.style.lineWidth, 16);
+    EXPECT_EQ(model.activeTool(), ShotToolKind::highlighter) << "the marker stays in hand";
+}
+
+TEST_F(EditorWindow, TheWheelSizesTheToolWhileTheShotFitsAndScrollsOtherwise)
+{
+    ShotEditorModel& model = m_window->model();
+    xdotool({"key", "r"});
+    const double before = model.style(ShotToolKind::rect).lineWidth;
+    const QPoint at = onScreen({400, 250});
+    xdotool({"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "4", "click", "4",
+             "click", "5", "click", "4"});
+    settle();
+    EXPECT_DOUBLE_EQ(model.style(ShotToolKind::rect).lineWidth, before + 2);
+    EXPECT_EQ(m_window->lastNotice(), QStringLiteral("Width %1 pt").arg(before + 2));
+    xdotool({"key", "e", "click", "5"}); // the emoji's size, in its own steps
+    settle();
+    EXPECT_EQ(m_window->lastNotice(),
+              QStringLiteral("Size %1 pt").arg(model.style(ShotToolKind::emoji).fontSize));
+
+    // Zoomed in, the wheel scrolls the shot as before.
+    xdotool({"key", "r", "ctrl+1", "ctrl+plus", "ctrl+plus"});
+    settle();
+    const double width = model.style(ShotToolKind::rect).lineWidth;
+    const QPoint origin = m_window->canvas().mapToGlobal(QPoint(0, 0));
+    xdotool({"click", "5", "click", "5"});
+    settle();
+    EXPECT_DOUBLE_EQ(model.style(ShotToolKind::rect).lineWidth, width);
+    EXPECT_LT(m_window->canvas().mapToGlobal(QPoint(0, 0)).y(), origin.y()) << "did not scroll";
 }
 
 TEST_F(EditorWindow, TypesTextInPlace)

@@ -43,6 +43,7 @@ ShotDocument documentWithEveryKind()
     add(CounterAnnotation{{22, 23}});
     add(PenAnnotation{{{1, 1}, {2, 3}, {5, 8}}});
     add(PenAnnotation{});
+    add(PenAnnotation{{{3, 3}, {40, 3}}, true}); // a marker's stroke
     add(RedactAnnotation{{0, 0, 10, 10}});
     return document;
 }

@@ -150,6 +150,27 @@ TEST(ShotRenderer, CountersAreNumberedAmongCountersOnly)
     EXPECT_GT(test::compareImages(third, first, 0).pixelsOver, 50) << "shows 1, not 3";
 }
 
+TEST(ShotRenderer, AMarkerColoursThePaperAndLeavesTheTextDark)
+{
+    // Black text on white paper under a yellow marker: the paper turns
+    // yellow, the text stays black, and where the stroke crosses itself it
+    // is no darker.
+    QImage page = solid(100, 40, Qt::white);
+    {
+        QPainter p(&page);
+        p.fillRect(20, 15, 60, 10, Qt::black);
+    }
+    ShotDocument d = ShotDocument::fromImage(page, 1);
+    const ShotColor yellow{1, 0.86, 0.1, 1};
+    d.annotations = {make(PenAnnotation{{{5, 20}, {95, 20}, {50, 20}}, true}, yellow, 16)};
+    const QImage image = ShotRenderer().render(d, 1);
+    EXPECT_EQ(image.pixelColor(10, 20).rgb(), yellow.toQColor().rgb()) << "the paper";
+    EXPECT_EQ(image.pixelColor(90, 20).rgb(), image.pixelColor(10, 20).rgb())
+        << "crossed twice, not darker";
+    EXPECT_EQ(image.pixelColor(50, 20), QColor(Qt::black)) << "the text";
+    EXPECT_EQ(image.pixelColor(50, 2), QColor(Qt::white)) << "outside the stroke";
+}
+
 TEST(ShotRenderer, DrawsEachKindWhereItBelongs)
 {
     struct Probe {
@@ -169,6 +190,9 @@ TEST(ShotRenderer, DrawsEachKindWhereItBelongs)
         {"pen stroke",
          make(PenAnnotation{{{10, 10}, {90, 10}}}, ink, 4),
          {{{50, 10}, true}, {{50, 14}, false}}},
+        {"a marker's stroke: square ends",
+         make(PenAnnotation{{{10, 10}, {90, 10}}, true}, ink, 4),
+         {{{50, 10}, true}, {{9, 10}, true}, {{50, 14}, false}}},
         {"outlined rectangle is open inside",
          make(ShapeAnnotation{ShapeVariant::rect, {20, 20, 60, 60}}, ink, 4),
          {{{50, 20}, true}, {{50, 50}, false}, {{20, 50}, true}}},
