@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/CaptureTypes.h"
+#include "capture/ScreenFrameSource.h"
 
 #include <QImage>
 #include <QList>
@@ -34,6 +35,11 @@ public:
     }
     // One image of `region.pixelRect`'s size.
     virtual QImage captureRegion(quint32 display, const ScreenCaptureRegion& region) = 0;
+
+    // The pointer's picture and its top-left corner, in the same pixels as
+    // the displays' `pixelGeometry`; nothing where the platform does not
+    // give it (captures there never show the pointer).
+    virtual std::optional<ScreenFrameCursor> pointerPicture() { return std::nullopt; }
 
     // A capture of one pixel; throws when capturing does not work.
     virtual void probe() = 0;

@@ -18,6 +18,8 @@ namespace nubo {
 // The preference keys, exactly as they are stored.
 namespace keys {
 inline constexpr char copyRawOnCapture[] = "shot.copyRawOnCapture";
+// Whether captures show the pointer where it was.
+inline constexpr char includePointer[] = "shot.includePointer";
 inline constexpr char returnToSelect[] = "shot.returnToSelect";
 inline constexpr char recordWindow[] = "shot.recordWindow";
 inline constexpr char quickSaveFormat[] = "shot.quickSaveFormat";

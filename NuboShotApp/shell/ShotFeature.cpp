@@ -19,6 +19,7 @@
 #include <QFutureWatcher>
 #include <QGuiApplication>
 #include <QMessageBox>
+#include <QPainter>
 #include <QThread>
 #include <QtConcurrent>
 
@@ -132,13 +133,39 @@ void ShotFeature::capture(CaptureMode mode)
     const QPoint pointer = QCursor::pos();
     // Where the desktop lists its windows to nobody, its dialog picks.
     const bool picker = mode == CaptureMode::window && m_platform->features().windowPicker;
-    freezeThenShow(mode, [capturer = m_platform->capturer(), mode, pointer, picker] {
-        return freeze(*capturer, mode, pointer, picker);
+    const bool withPointer = m_preferences.boolean(keys::includePointer, false);
+    freezeThenShow(mode, [capturer = m_platform->capturer(), mode, pointer, picker, withPointer] {
+        return freeze(*capturer, mode, pointer, picker, withPointer);
     });
 }
 
+namespace {
+
+// The pointer as it was, painted onto the frozen displays it lies on.
+void drawPointer(ScreenCapturing& capturer, QList<DisplayCapture>& displays)
+{
+    const std::optional<ScreenFrameCursor> pointer = capturer.pointerPicture();
+    if (!pointer) {
+        qCInfo(lcApp, "The pointer cannot be included: this desktop does not give its picture");
+        return;
+    }
+    const QList<CaptureDisplay> geometry = capturer.displays();
+    for (DisplayCapture& display : displays) {
+        for (const CaptureDisplay& d : geometry) {
+            const QRect picture(pointer->topLeft, pointer->image.size());
+            if (d.id != display.id || !d.pixelGeometry.intersects(picture)) {
+                continue;
+            }
+            QPainter painter(&display.image);
+            painter.drawImage(pointer->topLeft - d.pixelGeometry.topLeft(), pointer->image);
+        }
+    }
+}
+
+} // namespace
+
 ShotFeature::Frozen ShotFeature::freeze(ScreenCapturing& capturer, CaptureMode mode, QPoint pointer,
-                                        bool pickWindow)
+                                        bool pickWindow, bool withPointer)
 {
     Frozen result;
     try {
@@ -168,6 +195,9 @@ ShotFeature::Frozen ShotFeature::freeze(ScreenCapturing& capturer, CaptureMode m
             if (mode != CaptureMode::scrolling) { // only areas are scrolled
                 result.windows = capturer.listWindows(false).windows;
             }
+        }
+        if (withPointer) {
+            drawPointer(capturer, result.displays);
         }
         qCInfo(lcApp, "Frozen displays ready count=%lld",
                static_cast<long long>(result.displays.size()));

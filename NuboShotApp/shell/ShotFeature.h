@@ -71,7 +71,7 @@ private:
     // fullscreen), or the window picked in the desktop's dialog; a failure
     // is in the result. On a worker thread.
     static Frozen freeze(ScreenCapturing& capturer, CaptureMode mode, QPoint pointer,
-                         bool pickWindow);
+                         bool pickWindow, bool withPointer = false);
     // Runs `work` off the main thread, then frozen() with its result.
     void freezeThenShow(CaptureMode mode, std::function<Frozen()> work);
     void frozen(CaptureMode mode, const Frozen& result);

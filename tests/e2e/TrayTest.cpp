@@ -35,6 +35,7 @@ using test::saveArtifact;
 using test::trayIconGeometry;
 using test::Tray;
 using test::waitUntil;
+using test::windowShown;
 constexpr char busName[] = "com.corvane.lab.nuboshot";
 
 TEST_F(Tray, StartsOnceShowsItsIconAndQuitsFromItsMenu)
@@ -295,6 +296,55 @@ TEST_F(Tray, PrintScreenKeysCaptureFromAnywhere)
         ShotPreferences preferences;
         preferences.remove(QStringLiteral("shot.shortcut.fullscreen"));
         preferences.sync();
+    }
+}
+
+TEST_F(Tray, ThePointerIsInTheShotWhereItWasOnlyWhenAsked)
+{
+    QProcess red;
+    red.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
+              {"--geometry", "200x150+300+300", "--color", "ff0000", "--undecorated"});
+    ASSERT_TRUE(red.waitForReadyRead(5000));
+    for (const bool include : {false, true}) {
+        SCOPED_TRACE(include ? "with the pointer" : "without");
+        {
+            ShotPreferences preferences;
+            preferences.setValue(keys::copyRawOnCapture, true);
+            preferences.setValue(keys::includePointer, include);
+            preferences.sync();
+        }
+        ASSERT_NO_FATAL_FAILURE(startTray());
+        QGuiApplication::clipboard()->clear();
+        // The pointer rests over the red window when the screen freezes;
+        // the area is framed around where it was.
+        run(QStringLiteral("xdotool"), {"mousemove", "360", "360"});
+        ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
+        ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("Nubo Shot Capture")); }));
+        run(QStringLiteral("xdotool"), {"mousemove", "330", "330", "mousedown", "1", "mousemove", "380",
+                                        "380", "mousemove", "430", "430", "mouseup", "1"});
+        QImage copied;
+        ASSERT_TRUE(waitUntil([&] {
+            const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+            copied = mime ? QImage::fromData(mime->data(QStringLiteral("image/png")), "PNG") : QImage();
+            return !copied.isNull();
+        }));
+        int notRed = 0;
+        for (int y = 0; y < copied.height(); ++y) {
+            for (int x = 0; x < copied.width(); ++x) {
+                notRed += copied.pixel(x, y) != qRgb(255, 0, 0);
+            }
+        }
+        if (include) {
+            EXPECT_GT(notRed, 20) << "no pointer in the shot";
+            // Where it was: around (30, 30) of the area, nowhere far off.
+            EXPECT_NE(copied.pixel(30, 30), qRgb(255, 0, 0));
+            EXPECT_EQ(copied.pixel(80, 80), qRgb(255, 0, 0));
+        } else {
+            EXPECT_EQ(notRed, 0) << "a pointer in the shot";
+        }
+        run(QStringLiteral("xdotool"), {"key", "Escape"});
+        m_app.terminate();
+        m_app.waitForFinished(5000);
     }
 }
 

@@ -17,6 +17,7 @@
 #include <xcb/composite.h>
 #include <xcb/randr.h>
 #include <xcb/shape.h>
+#include <xcb/xfixes.h>
 
 namespace nubo {
 
@@ -249,6 +250,26 @@ QList<DisplayCapture> XcbScreenCapturer::captureDisplays(std::optional<quint32> 
                            QStringLiteral("there is no display %1").arg(*display));
     }
     return captures;
+}
+
+std::optional<ScreenFrameCursor> XcbScreenCapturer::pointerPicture()
+{
+    const std::lock_guard lock(m_lock);
+    XcbConnection& x = connection();
+    const xcb_query_extension_reply_t* fixes = xcb_get_extension_data(x.c, &xcb_xfixes_id);
+    if (!fixes || !fixes->present) {
+        return std::nullopt;
+    }
+    // The version must be asked before the cursor's picture can be.
+    std::free(xcb_xfixes_query_version_reply(x.c, xcb_xfixes_query_version(x.c, 4, 0), nullptr));
+    auto reply = xcbReply(xcb_xfixes_get_cursor_image_reply(x.c, xcb_xfixes_get_cursor_image(x.c), nullptr));
+    if (!reply || reply->width == 0 || reply->height == 0) {
+        return std::nullopt;
+    }
+    // 32-bit ARGB, premultiplied: Qt's own layout.
+    const QImage picture(reinterpret_cast<const uchar*>(xcb_xfixes_get_cursor_image_cursor_image(reply.get())),
+                         reply->width, reply->height, QImage::Format_ARGB32_Premultiplied);
+    return ScreenFrameCursor{picture.copy(), QPoint(reply->x - reply->xhot, reply->y - reply->yhot)};
 }
 
 WindowCapture XcbScreenCapturer::captureWindow(quint32 windowID)

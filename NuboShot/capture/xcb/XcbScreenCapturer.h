@@ -51,6 +51,7 @@ public:
     QList<DisplayCapture> captureDisplays(std::optional<quint32> display = std::nullopt) override;
     WindowCapture captureWindow(quint32 windowID) override;
     QImage captureRegion(quint32 display, const ScreenCaptureRegion& region) override;
+    std::optional<ScreenFrameCursor> pointerPicture() override;
     void probe() override;
     void prepareWindowPixels() override;
 
