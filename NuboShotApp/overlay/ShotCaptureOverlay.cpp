@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include <cmath>
+#include <utility>
 
 namespace nubo {
 
@@ -188,9 +189,9 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
                   m_hovered->title.isEmpty() ? m_hovered->applicationName : m_hovered->title);
         }
     }
-    // While dragging: the pixels under the pointer, magnified, with the colour
+    // While framing: the pixels under the pointer, magnified, with the colour
     // of the one in the middle.
-    if (m_dragStart || m_resizing) {
+    if (showsLens()) {
         const double s = m_display.space.scale;
         const QPoint centre = (m_cursor * s).toPoint();
         constexpr int radius = 5;   // pixels each side
@@ -271,7 +272,17 @@ void ShotCaptureOverlay::mousePressEvent(QMouseEvent* event)
 void ShotCaptureOverlay::mouseMoveEvent(QMouseEvent* event)
 {
     const QPointF p = event->position();
+    const QPointF was = m_cursor;
+    const bool lensBefore = showsLens();
     m_cursor = p;
+    m_pointerHere = true;
+    if (showsLens() && !m_dragStart && !m_resizing) {
+        // Only where the lens was and is now.
+        if (lensBefore) {
+            update(lensArea(was).toAlignedRect());
+        }
+        update(lensArea(p).toAlignedRect());
+    }
     if (m_mode == Mode::window) {
         const auto hovered = windowAt(p);
         if (hovered != m_hovered) {
@@ -378,6 +389,28 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
     if (m_selection && m_mode != Mode::window) {
         m_selection = nudged(*m_selection, by, QSizeF(size()));
         update();
+    }
+}
+
+bool ShotCaptureOverlay::showsLens() const
+{
+    // While a drag or resize is under way, and before the first drag of an
+    // area: where it will start, to the pixel.
+    return m_dragStart || m_resizing || (m_pointerHere && !m_selection && m_mode != Mode::window);
+}
+
+QRectF ShotCaptureOverlay::lensArea(QPointF cursor) const
+{
+    // Wherever paintEvent may put the lens (either side of the pointer),
+    // with its rim and the label under it.
+    return QRectF(cursor - QPointF(24 + 130, 24 + 130 + 24), QSizeF(2 * (24 + 130), 2 * (24 + 130 + 24) + 60))
+        .adjusted(-8, -8, 8 + 160, 8);
+}
+
+void ShotCaptureOverlay::leaveEvent(QEvent*)
+{
+    if (std::exchange(m_pointerHere, false)) {
+        update(lensArea(m_cursor).toAlignedRect());
     }
 }
 

@@ -89,6 +89,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
 private:
     void accept(const ShotCaptureSelection& selection);
@@ -109,6 +110,12 @@ private:
     std::optional<CapturableWindow> m_hovered;
     bool m_painted = false;
     QPointF m_cursor;
+    // Whether the pointer is over this display (the magnifier follows it
+    // there before a drag starts).
+    bool m_pointerHere = false;
+    // Where the magnifier and its label are drawn for the pointer at `cursor`.
+    QRectF lensArea(QPointF cursor) const;
+    bool showsLens() const;
     std::optional<ResizeHandle> m_hoveredCorner;
     QElapsedTimer m_hoverStarted;
 };
