@@ -70,6 +70,22 @@ QImage clipboardImage()
     return mime ? QImage::fromData(mime->data(QStringLiteral("image/png")), "PNG") : QImage();
 }
 
+// The screen's pixels of `area` once two looks a moment apart agree.
+QImage settled(const QRect& area)
+{
+    QImage last;
+    waitUntil([&] {
+        const QImage now = QGuiApplication::primaryScreen()
+                               ->grabWindow(0, area.x(), area.y(), area.width(), area.height())
+                               .toImage()
+                               .convertToFormat(QImage::Format_RGB32);
+        const bool same = now == last;
+        last = now;
+        return same;
+    }, 5000);
+    return last;
+}
+
 class Scrolling : public test::Tray {
 protected:
     void SetUp() override
@@ -155,6 +171,77 @@ protected:
         return shot;
     }
 
+    // Scrolls the program under `area` to its first line, frames it, scrolls
+    // it to the end a notch every 0.15 s and checks the stitched shot: the
+    // first and last screens, and every notch's screen where it belongs.
+    void checkWholeLineScrolling(const QRect& area, int linesPerNotch, int notchesToEnd)
+    {
+        const auto wheel = [&](int button, int notches, int delay) {
+            xdotool({"mousemove", QString::number(area.center().x()), QString::number(area.center().y()),
+                     "click", "--repeat", QString::number(notches), "--delay", QString::number(delay),
+                     QString::number(button)});
+        };
+        wheel(4, 80, 5); // to the first line
+        const QImage top = settled(area);
+        ASSERT_TRUE(frame(area)) << "no scrolling panel";
+        wheel(5, notchesToEnd, 150); // as a user does: a notch every 0.15 s, to the end
+        const QImage bottom = settled(area);
+        xdotool({"key", "Return"});
+        QImage shot;
+        ASSERT_TRUE(waitUntil([&] { return (shot = clipboardImage()).height() > area.height(); }, 15000))
+            << "no stitched shot; log:\n" << m_log.toStdString();
+        shot = shot.convertToFormat(QImage::Format_RGB32);
+        ASSERT_EQ(shot.width(), area.width());
+        const auto at = [&](int y) { return shot.copy(0, y, area.width(), area.height()); };
+        const auto same = [](const QImage& a, const QImage& b) {
+            return a.size() == b.size() && test::compareImages(a, b, 0).pixelsOver == 0;
+        };
+        // Every screen on the way is in the shot where it belongs, but for the
+        // scroll bar (stitched as it was at each step).
+        const int bar = 24; // no wider than the strip left out of the comparison
+        const auto content = [&](const QImage& image) {
+            return image.copy(bar, 0, image.width() - 2 * bar, image.height()); // either side
+        };
+        EXPECT_TRUE(same(at(0), top)) << "the top is not the first screen";
+        EXPECT_TRUE(same(content(at(shot.height() - area.height())), content(bottom)))
+            << "stalled before the last line";
+
+        // The screens between: scrolled back to the top and down a notch at a
+        // time, the editor closed.
+        const QString editor = QStringLiteral("%1 \u00d7 %2").arg(shot.width()).arg(shot.height());
+        ASSERT_TRUE(waitUntil([&] { return windowShown(editor); }));
+        xdotool({"search", "--onlyvisible", "--name", editor, "windowclose"});
+        ASSERT_TRUE(waitUntil([&] { return !windowShown(editor); }));
+        // Each screen is found in the shot below the one before, at most two
+        // notches further (the first notch may also pass a margin).
+        wheel(4, 80, 5);
+        settled(area);
+        const int lastTop = shot.height() - area.height();
+        int y = 0, notches = 0;
+        while (true) {
+            wheel(5, 1, 0);
+            const QImage screen = content(settled(area));
+            int found = y + 1;
+            while (found <= lastTop && found <= y + 2 * linesPerNotch * 24 &&
+                   !same(content(at(found)), screen)) {
+                ++found;
+            }
+            // (The last screens hold the terminal's cursor line, drawn
+            // otherwise now that it has the focus: compared above.)
+            if (found > lastTop || found > y + 2 * linesPerNotch * 24) {
+                EXPECT_GE(y + area.height() + 2 * linesPerNotch * 24, shot.height())
+                    << "notch " << notches + 1 << "'s screen is not in the shot below " << y;
+                break;
+            }
+            y = found;
+            ++notches;
+        }
+        EXPECT_GT(notches, 20);
+        if (HasFailure()) {
+            test::saveArtifact(shot, QStringLiteral("scrolling-lines-result.png"));
+        }
+    }
+
     QTemporaryDir m_dir;
     QProcess m_page;
     QImage m_truth;
@@ -201,95 +288,39 @@ TEST_F(Scrolling, TheWheelScrolledPageStitchesToItsWholeContent)
     EXPECT_FALSE(windowShown(panelName));
 }
 
-// The screen's pixels of `area` once two looks a moment apart agree.
-QImage settled(const QRect& area)
-{
-    QImage last;
-    waitUntil([&] {
-        const QImage now = QGuiApplication::primaryScreen()
-                               ->grabWindow(0, area.x(), area.y(), area.width(), area.height())
-                               .toImage()
-                               .convertToFormat(QImage::Format_RGB32);
-        const bool same = now == last;
-        last = now;
-        return same;
-    }, 5000);
-    return last;
-}
-
 TEST_F(Scrolling, ATerminalScrolledWholeLinesANotchStitchesEveryLine)
 {
-    // xterm with its scroll bar: 300 numbered lines, five whole lines a
-    // notch, no smooth scrolling; the bar's thumb moves as it scrolls.
-    QProcess terminal;
-    terminal.start(QStringLiteral("xterm"),
-                   {"-title", "Terminal Under Test", "-sb", "-fa", "DejaVu Sans Mono", "-fs", "10",
-                    "-geometry", "50x20+300+160", "-e", "sh", "-c", "seq 300; exec sleep 600"});
-    const auto stop = qScopeGuard([&] {
-        terminal.kill();
-        terminal.waitForFinished();
-    });
-    ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("Terminal Under Test")); }));
-    const QRect area = test::windowGeometry(
-        run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", "Terminal Under Test"})
-            .split(u'\n', Qt::SkipEmptyParts)
-            .value(0));
-    ASSERT_FALSE(area.isEmpty());
-    const auto wheel = [&](int button, int notches, int delay) {
-        xdotool({"mousemove", QString::number(area.center().x()), QString::number(area.center().y()),
-                 "click", "--repeat", QString::number(notches), "--delay", QString::number(delay),
-                 QString::number(button)});
+    // Programs that scroll whole lines a notch, with no smooth scrolling,
+    // and a scroll bar whose thumb moves as they scroll: xterm (five lines
+    // a notch; it moves its lines first and paints the new ones after).
+    struct Case {
+        const char* title;
+        QString program;
+        QStringList arguments;
+        int linesPerNotch, notchesToEnd;
     };
-    wheel(4, 80, 5); // to the first line
-    const QImage top = settled(area);
-    ASSERT_TRUE(frame(area)) << "no scrolling panel";
-    wheel(5, 64, 150); // as a user does: a notch every 0.15 s, to the end
-    const QImage bottom = settled(area);
-    xdotool({"key", "Return"});
-    QImage shot;
-    ASSERT_TRUE(waitUntil([&] { return (shot = clipboardImage()).height() > area.height(); }, 15000))
-        << "no stitched shot; log:\n" << m_log.toStdString();
-    shot = shot.convertToFormat(QImage::Format_RGB32);
-    ASSERT_EQ(shot.width(), area.width());
-    const auto at = [&](int y) { return shot.copy(0, y, area.width(), area.height()); };
-    const auto same = [](const QImage& a, const QImage& b) {
-        return a.size() == b.size() && test::compareImages(a, b, 0).pixelsOver == 0;
+    const Case cases[] = {
+        {"Terminal Under Test", QStringLiteral("xterm"),
+         {"-title", "Terminal Under Test", "-sb", "-fa", "DejaVu Sans Mono", "-fs", "10", "-geometry",
+          "50x20+300+160", "-e", "sh", "-c", "seq 300; exec sleep 600"},
+         5, 64},
     };
-    // Every screen on the way is in the shot where it belongs, but for the
-    // scroll bar (stitched as it was at each step).
-    const int bar = 24; // no wider than the strip left out of the comparison
-    const auto content = [&](const QImage& image) {
-        return image.copy(bar, 0, image.width() - bar, image.height());
-    };
-    EXPECT_TRUE(same(at(0), top)) << "the top is not the first screen";
-    EXPECT_TRUE(same(content(at(shot.height() - area.height())), content(bottom)))
-        << "stalled before the last line";
-
-    // The screens between: scrolled back to the top and down a notch at a
-    // time, the editor closed.
-    const QString editor = QStringLiteral("%1 \u00d7 %2").arg(shot.width()).arg(shot.height());
-    ASSERT_TRUE(waitUntil([&] { return windowShown(editor); }));
-    xdotool({"search", "--onlyvisible", "--name", editor, "windowclose"});
-    ASSERT_TRUE(waitUntil([&] { return !windowShown(editor); }));
-    wheel(4, 80, 5);
-    settled(area);
-    wheel(5, 1, 0);
-    const QImage first = content(settled(area));
-    int step = 1;
-    while (step < area.height() && !same(content(at(step)), first)) {
-        ++step;
-    }
-    ASSERT_LT(step, area.height()) << "the first notch's screen is not in the shot";
-    // (Up to the screen before the cursor's line, which the terminal draws
-    // otherwise now that it has the focus; the last screen was compared
-    // above.)
-    const int lastLine = shot.height() - area.height() - step / 5;
-    for (int notch = 2; notch * step < lastLine; ++notch) {
-        wheel(5, 1, 0);
-        EXPECT_TRUE(same(content(at(notch * step)), content(settled(area)))) << "notch " << notch;
-    }
-    if (HasFailure()) {
-        test::saveArtifact(shot, QStringLiteral("scrolling-terminal-result.png"));
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.title);
+        QProcess terminal;
+        terminal.start(c.program, c.arguments);
+        const auto stop = qScopeGuard([&] {
+            terminal.kill();
+            terminal.waitForFinished();
+        });
+        const QString title = QString::fromLatin1(c.title);
+        ASSERT_TRUE(waitUntil([&] { return windowShown(title); }));
+        const QRect area = test::windowGeometry(
+            run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", title})
+                .split(u'\n', Qt::SkipEmptyParts)
+                .value(0));
+        ASSERT_FALSE(area.isEmpty());
+        ASSERT_NO_FATAL_FAILURE(checkWholeLineScrolling(area, c.linesPerNotch, c.notchesToEnd));
     }
 }
 
