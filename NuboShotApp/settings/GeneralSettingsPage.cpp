@@ -44,8 +44,11 @@ public:
                                "windows has the keyboard: images copied in other applications "
                                "join Recent the next time you use Nubo Shot."));
         }
-        addSwitch(shots, QStringLiteral("Include the pointer"), QLatin1String(keys::includePointer),
-                  false);
+        if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+            // The portals give stills without the pointer's picture.
+            addSwitch(shots, QStringLiteral("Include the pointer"),
+                      QLatin1String(keys::includePointer), false);
+        }
         addSwitch(shots, QStringLiteral("Also copy raw shot"),
                   QLatin1String(keys::copyRawOnCapture), false);
         addNote(shots, QStringLiteral("Puts every capture on the clipboard at once, before "
