@@ -18,6 +18,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <utility>
+
 namespace nubo {
 namespace {
 
@@ -97,6 +100,7 @@ protected:
     {
         QElapsedTimer waited;
         waited.start();
+        std::array<int, 4> seen{-1, -1, -1, -1}; // the dialog's place at the last look
         while (waited.elapsed() < 15000) {
             const QImage now = screen();
             // The dialog's body: the run of its background across the middle.
@@ -123,6 +127,13 @@ protected:
             }
             while (right + 1 < now.width() && now.pixel(right + 1, bodyTop + 4) == dialogBody) {
                 ++right;
+            }
+            // Clicked only once the dialog stands still: two looks agree (it
+            // grows into place, and lays its list out late under load).
+            const std::array<int, 4> place{bodyTop, row, left, right};
+            if (std::exchange(seen, place) != place) {
+                QThread::msleep(100);
+                continue;
             }
             const int header = bodyTop - 24;
             if (!bluish(now.pixel(right - 40, header))) {
