@@ -108,7 +108,7 @@ void refuseSpecialTarget(const QString& path)
     }
 }
 
-unsigned newFileMode()
+unsigned userUmask()
 {
     // Read, not set and put back: umask() would change it for every thread.
     QFile status(QStringLiteral("/proc/self/status"));
@@ -118,12 +118,17 @@ unsigned newFileMode()
                 bool ok = false;
                 const unsigned mask = line.mid(6).trimmed().toUInt(&ok, 8);
                 if (ok) {
-                    return 0666 & ~mask;
+                    return mask;
                 }
             }
         }
     }
-    return 0644;
+    return 022;
+}
+
+unsigned newFileMode()
+{
+    return 0666 & ~userUmask();
 }
 
 void writeAtomically(const QByteArray& data, const QString& path)

@@ -20,8 +20,10 @@ std::optional<QString> specialKind(const QString& path);
 // for writing or replaced.
 void refuseSpecialTarget(const QString& path);
 
-// The permissions a new file of the user gets (0666 less the umask): for
-// files first written under a private temporary name.
+// The process's umask, read without changing it (022 when it cannot be
+// read), and the permissions a new file of the user gets (0666 less it):
+// for files and folders first made under a private temporary name.
+unsigned userUmask();
 unsigned newFileMode();
 
 // Writes `data` to `path` through a new temporary sibling that is synced and

@@ -113,20 +113,7 @@ void validate(const ShotDocument& document)
 // new folder of the user would get.
 void applyUmask(const QString& path)
 {
-    mode_t mask = 022;
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (status.open(QIODevice::ReadOnly)) {
-        for (const QByteArray& line : status.readAll().split('\n')) {
-            if (line.startsWith("Umask:")) {
-                bool ok = false;
-                const uint value = line.mid(6).trimmed().toUInt(&ok, 8);
-                if (ok) {
-                    mask = mode_t(value);
-                }
-            }
-        }
-    }
-    ::chmod(QFile::encodeName(path).constData(), 0777 & ~mask);
+    ::chmod(QFile::encodeName(path).constData(), mode_t(0777 & ~FileWriting::userUmask()));
 }
 
 void syncPath(const QString& path)
