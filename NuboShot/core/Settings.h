@@ -20,6 +20,11 @@ namespace keys {
 inline constexpr char copyRawOnCapture[] = "shot.copyRawOnCapture";
 // Whether captures show the pointer where it was.
 inline constexpr char includePointer[] = "shot.includePointer";
+// Whether a dragged area waits for Return or a double click (adjustable meanwhile).
+inline constexpr char adjustArea[] = "shot.adjustArea";
+// Whether the capture overlay's and the editor's cards of keys were clicked away.
+inline constexpr char overlayKeyHelpSeen[] = "shot.keyHelp.overlaySeen";
+inline constexpr char editorKeyHelpSeen[] = "shot.keyHelp.editorSeen";
 inline constexpr char returnToSelect[] = "shot.returnToSelect";
 inline constexpr char recordWindow[] = "shot.recordWindow";
 inline constexpr char quickSaveFormat[] = "shot.quickSaveFormat";
@@ -40,6 +45,10 @@ inline constexpr char styleColor[] = "shot.style.color";
 // Colours the user chose beyond the palette, newest first ("#AARRGGBB",
 // separated by spaces).
 inline constexpr char customColors[] = "shot.palette.customColors";
+// The emoji placed last, newest first, separated by spaces.
+inline constexpr char emojiRecent[] = "shot.emoji.recent";
+// The picker's skin tone: 0 none, 1 to 5 light to dark.
+inline constexpr char emojiSkinTone[] = "shot.emoji.skinTone";
 inline constexpr char redactMode[] = "shot.redact.mode";
 inline constexpr char redactDefault[] = "shot.redact.default.v2";
 inline constexpr char recordingCodec[] = "shot.recording.codec";

@@ -160,6 +160,7 @@ void ShotCanvasView::resizeEvent(QResizeEvent* event)
     QScrollArea::resizeEvent(event);
     placeCanvas();
     placeNotice();
+    placeKeyHelp();
 }
 
 void ShotCanvasView::keyPressEvent(QKeyEvent* event)
@@ -175,6 +176,35 @@ void ShotCanvasView::showNotice(const QString& text)
     m_notice->show();
     m_notice->raise();
     m_noticeTimer->start(3500);
+}
+
+void ShotCanvasView::showKeyHelp(const QString& text, std::function<void()> dismissed)
+{
+    if (!m_keyHelp) {
+        m_keyHelp = new QLabel(this);
+        m_keyHelp->setObjectName(QStringLiteral("keyHelp"));
+        m_keyHelp->setStyleSheet(QStringLiteral(
+            "QLabel#keyHelp { background: rgba(30, 30, 30, 228); color: white;"
+            " border-radius: 10px; padding: 10px 14px; }"));
+        m_keyHelp->setTextFormat(Qt::RichText);
+        m_keyHelp->setCursor(Qt::PointingHandCursor);
+        m_keyHelp->installEventFilter(this);
+    }
+    m_keyHelpDismissed = std::move(dismissed);
+    m_keyHelp->setText(text);
+    m_keyHelp->adjustSize();
+    placeKeyHelp();
+    m_keyHelp->show();
+    m_keyHelp->raise();
+}
+
+void ShotCanvasView::placeKeyHelp()
+{
+    if (m_keyHelp) {
+        const QSize size = m_keyHelp->sizeHint();
+        m_keyHelp->setGeometry(std::max(0, width() - size.width() - 16), 16, size.width(),
+                               size.height());
+    }
 }
 
 void ShotCanvasView::placeNotice()
@@ -214,6 +244,13 @@ bool ShotCanvasView::wheel(QWheelEvent* event)
 
 bool ShotCanvasView::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == m_keyHelp && event->type() == QEvent::MouseButtonPress) {
+        m_keyHelp->hide();
+        if (const auto dismissed = std::exchange(m_keyHelpDismissed, nullptr)) {
+            dismissed();
+        }
+        return true;
+    }
     switch (event->type()) {
     case QEvent::Wheel:
         if (wheel(static_cast<QWheelEvent*>(event))) {

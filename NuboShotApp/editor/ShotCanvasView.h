@@ -48,6 +48,10 @@ public:
     // true when the tool has a size.
     std::function<bool(int steps)> resizeTool;
     QLabel* notice() const { return m_notice; }
+    // A card of keys (rich text) at the view's top right, until a click on
+    // it hides it and calls `dismissed`.
+    void showKeyHelp(const QString& text, std::function<void()> dismissed);
+    QLabel* keyHelp() const { return m_keyHelp; }
     bool isPanning() const { return m_panning; }
 
     // Room for the shot at 100 % (and a margin).
@@ -67,6 +71,9 @@ private:
 
     ShotCanvas* m_canvas;
     QLabel* m_notice;
+    QLabel* m_keyHelp = nullptr;
+    std::function<void()> m_keyHelpDismissed;
+    void placeKeyHelp();
     QTimer* m_noticeTimer;
     QTimer* m_spaceRelease;
     bool m_spaceHeld = false;

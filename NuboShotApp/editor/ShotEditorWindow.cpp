@@ -1,5 +1,7 @@
 #include "editor/ShotEditorWindow.h"
 
+#include "core/Settings.h"
+
 #include "core/Error.h"
 #include "core/Logging.h"
 #include "document/ShotImageFile.h"
@@ -152,6 +154,11 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     });
     syncTools();
     updateTitle();
+    if (!m_preferences.boolean(keys::editorKeyHelpSeen, false)) {
+        m_view->showKeyHelp(keyHelpText(), [this] {
+            m_preferences.setValue(keys::editorKeyHelpSeen, true);
+        });
+    }
     placeOnScreen(QGuiApplication::screenAt(QCursor::pos()));
     // Keys go to the shot first (tool letters, Space to pan, arrows to nudge),
     // not to whichever control of the bars comes first.
@@ -531,6 +538,33 @@ void ShotEditorWindow::keyPressEvent(QKeyEvent* event)
 bool ShotEditorWindow::isPinned() const
 {
     return m_output->isPinned();
+}
+
+QString ShotEditorWindow::keyHelpText()
+{
+    const auto row = [](const QString& keys, const QString& does) {
+        return QStringLiteral("<tr><td style='color:#8cbeff; padding-right:12px'>%1</td>"
+                              "<td>%2</td></tr>")
+            .arg(keys.toHtmlEscaped(), does.toHtmlEscaped());
+    };
+    QString tools;
+    for (const ShotToolKind tool : allCases<ShotToolKind>()) {
+        tools += row(QString(toolShortcut(tool)), toolTitle(tool));
+    }
+    const QString commands =
+        row(QStringLiteral("Wheel"), QStringLiteral("Size of the tool")) +
+        row(QStringLiteral("Space+Drag"), QStringLiteral("Move around the shot")) +
+        row(QStringLiteral("Arrows"), QStringLiteral("Move the selection")) +
+        row(QStringLiteral("Ctrl+Z, Ctrl+Shift+Z"), QStringLiteral("Undo, Redo")) +
+        row(QStringLiteral("Ctrl+C"), QStringLiteral("Copy the shot")) +
+        row(QStringLiteral("Ctrl+S"), QStringLiteral("Save the shot")) +
+        row(QStringLiteral("Ctrl+Shift+S"), QStringLiteral("Save As")) +
+        row(QStringLiteral("Ctrl+1, Ctrl+9"), QStringLiteral("Actual size, Fit")) +
+        row(QStringLiteral("Esc"), QStringLiteral("Deselect, then close"));
+    return QStringLiteral("<b>Keys</b><table><tr><td valign='top'><table>%1</table></td>"
+                          "<td width='18'></td><td valign='top'><table>%2</table></td></tr></table>"
+                          "<p style='color:#aaaaaa'>Click here to hide this for good</p>")
+        .arg(tools, commands);
 }
 
 void ShotEditorWindow::showNotice(const QString& text)

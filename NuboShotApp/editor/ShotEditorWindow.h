@@ -78,6 +78,8 @@ private:
     void startTextEditor(const QUuid& id);
     void finishTextEditor();
     void updateTitle();
+    // The card of keys a first editor shows: the tools' letters and the commands.
+    static QString keyHelpText();
     void syncTools();
 
     std::unique_ptr<ShotEditorModel> m_model;

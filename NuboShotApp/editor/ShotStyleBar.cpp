@@ -1,6 +1,8 @@
 #include "editor/ShotStyleBar.h"
 
 #include "core/Settings.h"
+#include "editor/EmojiCatalog.h"
+#include "editor/ShotEmojiPicker.h"
 #include "style/ShotIcons.h"
 
 #include <QButtonGroup>
@@ -160,15 +162,30 @@ ShotStyleBar::ShotStyleBar(ShotEditorModel& model, ShotPreferences& preferences,
         change([&](ShotStyle& s) { s.strength = ShotStyle::normalizedStrength(value); });
     });
 
-    m_emoji = new QComboBox(this);
-    for (const char* emoji :
-         {"\U0001F600", "\U0001F44D", "\U0001F44E", "\u2764\uFE0F", "\u2705", "\u274C",
-          "\u26A0\uFE0F", "\U0001F525", "\U0001F440", "\U0001F389", "\u2753", "\U0001F4A1"}) {
-        m_emoji->addItem(QString::fromUtf8(emoji));
+    // The emoji in use, large; a click opens the picker.
+    m_emoji = new QToolButton(this);
+    m_emoji->setObjectName(QStringLiteral("emoji"));
+    QFont emojiFont(QStringLiteral("Noto Color Emoji"));
+    emojiFont.setPixelSize(20);
+    m_emoji->setFont(emojiFont);
+    m_emoji->setToolTip(QStringLiteral("Choose the emoji"));
+    m_emoji->setAutoRaise(true);
+    if (const QString last = m_preferences.string(keys::emojiRecent).value_or(QString()).section(u' ', 0, 0);
+        !last.isEmpty() && EmojiCatalog::installed().find(last) >= 0) {
+        m_model.setSelectedEmoji(last);
     }
+    m_emoji->setText(m_model.selectedEmoji());
     labelled(emojiControl, QStringLiteral("&Emoji"), m_emoji);
-    connect(m_emoji, &QComboBox::textActivated, this,
-            [this](const QString& emoji) { m_model.setSelectedEmoji(emoji); });
+    connect(m_emoji, &QToolButton::clicked, this, [this] {
+        if (!m_emojiPicker) {
+            m_emojiPicker = new ShotEmojiPicker(EmojiCatalog::installed(), m_preferences, this);
+            connect(m_emojiPicker, &ShotEmojiPicker::picked, this, [this](const QString& emoji) {
+                m_model.setSelectedEmoji(emoji);
+                m_emoji->setText(emoji);
+            });
+        }
+        m_emojiPicker->popUp(m_emoji);
+    });
 
     // Tools without a style say what they do instead.
     m_hint = new QLabel(this);

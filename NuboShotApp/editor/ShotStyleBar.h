@@ -13,6 +13,7 @@ class QToolButton;
 
 namespace nubo {
 
+class ShotEmojiPicker;
 class ShotPreferences;
 
 // The style of the active tool, or of the selection: only the controls that
@@ -33,6 +34,8 @@ public:
     QToolButton* checkedSwatch() const;
     // Which controls show now (ShotStyleControl bits).
     unsigned visibleControls() const { return m_visible; }
+    // The emoji tool's picker, once it has been opened.
+    ShotEmojiPicker* emojiPicker() const { return m_emojiPicker; }
 
 private:
     void showStyle();
@@ -52,7 +55,8 @@ private:
     QSpinBox* m_fontSize = nullptr;
     QCheckBox* m_outline = nullptr;
     QSpinBox* m_strength = nullptr;
-    QComboBox* m_emoji = nullptr;
+    QToolButton* m_emoji = nullptr;
+    ShotEmojiPicker* m_emojiPicker = nullptr;
     QLabel* m_hint = nullptr;
     // A toolbar shows and hides widgets through their actions.
     QHash<unsigned, QList<QAction*>> m_controlActions;

@@ -56,6 +56,38 @@ void ShotCaptureOverlay::setDesktopPicksWindows(bool on)
     update();
 }
 
+void ShotCaptureOverlay::setAdjustsArea(bool on)
+{
+    m_adjusts = on;
+    update();
+}
+
+void ShotCaptureOverlay::setKeyHelp(bool on)
+{
+    m_keyHelp = on;
+    update();
+}
+
+void ShotCaptureOverlay::clearSelection()
+{
+    if (m_selection && !m_dragStart) {
+        m_selection.reset();
+        m_resizing.reset();
+        m_moveGrip.reset();
+        update();
+    }
+}
+
+QString ShotCaptureOverlay::adjustingInstruction(bool recording)
+{
+    return recording ? QStringLiteral("Drag the area or its handles \u00b7 Arrows: Move \u00b7 "
+                                      "Alt+Arrows: Resize \u00b7 Shift: 10 pt \u00b7 Return or "
+                                      "Double-Click: Record \u00b7 Esc: Cancel")
+                     : QStringLiteral("Drag the area or its handles \u00b7 Arrows: Move \u00b7 "
+                                      "Alt+Arrows: Resize \u00b7 Shift: 10 pt \u00b7 Return or "
+                                      "Double-Click: Capture \u00b7 Esc: Cancel");
+}
+
 QString ShotCaptureOverlay::instruction(Mode mode, bool recording, bool windowPicking,
                                         bool desktopPicks)
 {
@@ -107,6 +139,129 @@ QRectF ShotCaptureOverlay::nudged(const QRectF& selection, QPointF by, const QSi
     return moved;
 }
 
+QRectF ShotCaptureOverlay::grown(const QRectF& selection, QPointF by, const QSizeF& bounds)
+{
+    QRectF sized = selection;
+    sized.setWidth(std::clamp(selection.width() + by.x(), minimumSide,
+                              std::max(minimumSide, bounds.width() - selection.left())));
+    sized.setHeight(std::clamp(selection.height() + by.y(), minimumSide,
+                               std::max(minimumSide, bounds.height() - selection.top())));
+    return sized;
+}
+
+std::optional<ResizeHandle> ShotCaptureOverlay::handleAt(QPointF point) const
+{
+    if (!m_selection) {
+        return std::nullopt;
+    }
+    if (const auto corner = cornerAt(*m_selection, point)) {
+        return corner;
+    }
+    if (!m_adjusts) {
+        return std::nullopt;
+    }
+    // The middles of the edges, only while adjusting (a drag there would
+    // otherwise start a new area).
+    for (const ResizeHandle edge :
+         {ResizeHandle::top, ResizeHandle::right, ResizeHandle::bottom, ResizeHandle::left}) {
+        if (QRectF(ShotGeometry::handlePoint(*m_selection, edge) - QPointF(handleReach, handleReach),
+                   QSizeF(2 * handleReach, 2 * handleReach))
+                .contains(point)) {
+            return edge;
+        }
+    }
+    return std::nullopt;
+}
+
+namespace {
+
+struct KeyLine {
+    QString keys;
+    QString does;
+};
+
+QFont overlayFont(const QFont& base)
+{
+    QFont font = base;
+    font.setPixelSize(13);
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+QList<KeyLine> keyLines(bool adjusts, bool recording, bool windows)
+{
+    QList<KeyLine> lines{{QStringLiteral("Drag"), recording ? QStringLiteral("Frame the area to record")
+                                                            : QStringLiteral("Frame an area")}};
+    if (windows) {
+        lines.append({QStringLiteral("Space"), QStringLiteral("Pick a window instead")});
+    }
+    if (recording) {
+        lines.append({QStringLiteral("Click or F"), QStringLiteral("Record the whole screen")});
+    }
+    lines.append({QStringLiteral("Arrows"), QStringLiteral("Move the area (Shift: 10 pt)")});
+    if (adjusts) {
+        lines.append({QStringLiteral("Alt+Arrows"), QStringLiteral("Resize the area")});
+        lines.append({QStringLiteral("Return, Double-Click"),
+                      recording ? QStringLiteral("Record the area") : QStringLiteral("Capture the area")});
+    } else {
+        lines.append({QStringLiteral("Release"), recording ? QStringLiteral("Record the area")
+                                                           : QStringLiteral("Capture the area")});
+    }
+    lines.append({QStringLiteral("Esc"), QStringLiteral("Cancel")});
+    return lines;
+}
+
+constexpr double keyHelpPadding = 16;
+constexpr double keyHelpRow = 24;
+
+} // namespace
+
+QRectF ShotCaptureOverlay::keyHelpArea() const
+{
+    const QFontMetricsF metrics(overlayFont(font()));
+    const auto lines = keyLines(m_adjusts, isRecording(), m_windowPicking && m_mode != Mode::scrolling);
+    double keys = 0, does = metrics.horizontalAdvance(QStringLiteral("Click here to hide this for good"));
+    for (const KeyLine& line : lines) {
+        keys = std::max(keys, metrics.horizontalAdvance(line.keys));
+        does = std::max(does, metrics.horizontalAdvance(line.does));
+    }
+    const QSizeF size(keys + does + 24 + 2 * keyHelpPadding,
+                      (lines.size() + 2) * keyHelpRow + 2 * keyHelpPadding);
+    return QRectF(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), size);
+}
+
+void ShotCaptureOverlay::paintKeyHelp(QPainter& painter)
+{
+    const QRectF card = keyHelpArea();
+    painter.save();
+    painter.setFont(overlayFont(font()));
+    painter.setPen(QPen(QColor(255, 255, 255, 70), 1));
+    painter.setBrush(QColor(20, 20, 20, 225));
+    painter.drawRoundedRect(card.adjusted(0.5, 0.5, -0.5, -0.5), 10, 10);
+    const auto lines = keyLines(m_adjusts, isRecording(), m_windowPicking && m_mode != Mode::scrolling);
+    const QFontMetricsF metrics(painter.font());
+    double keys = 0;
+    for (const KeyLine& line : lines) {
+        keys = std::max(keys, metrics.horizontalAdvance(line.keys));
+    }
+    QRectF row(card.left() + keyHelpPadding, card.top() + keyHelpPadding,
+               card.width() - 2 * keyHelpPadding, keyHelpRow);
+    painter.setPen(Qt::white);
+    painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Keys"));
+    for (const KeyLine& line : lines) {
+        row.translate(0, keyHelpRow);
+        painter.setPen(QColor(140, 190, 255));
+        painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter, line.keys);
+        painter.setPen(Qt::white);
+        painter.drawText(row.adjusted(keys + 24, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, line.does);
+    }
+    row.translate(0, keyHelpRow);
+    painter.setPen(QColor(255, 255, 255, 150));
+    painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter,
+                     QStringLiteral("Click here to hide this for good"));
+    painter.restore();
+}
+
 QRectF ShotCaptureOverlay::localFrame(const CapturableWindow& window) const
 {
     return window.frame.translated(-m_display.space.globalFrame.topLeft());
@@ -146,10 +301,7 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
     painter.fillPath(dim, QColor(0, 0, 0, 115));
 
     painter.setRenderHint(QPainter::Antialiasing);
-    QFont font = painter.font();
-    font.setPixelSize(13);
-    font.setWeight(QFont::DemiBold);
-    painter.setFont(font);
+    painter.setFont(overlayFont(painter.font()));
     const auto label = [&](const QRectF& near, const QString& text) {
         const QRectF box = painter.fontMetrics().boundingRect(text).adjusted(-8, -4, 8, 4);
         QPointF at(near.left(), near.top() - box.height() - 4);
@@ -175,13 +327,18 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
                               .arg(qRound(clear->width() * s))
                               .arg(qRound(clear->height() * s)));
             painter.setBrush(Qt::white);
-            for (const ResizeHandle handle :
-                 {ResizeHandle::topLeft, ResizeHandle::topRight, ResizeHandle::bottomRight,
-                  ResizeHandle::bottomLeft}) {
+            QList<ResizeHandle> handles{ResizeHandle::topLeft, ResizeHandle::topRight,
+                                        ResizeHandle::bottomRight, ResizeHandle::bottomLeft};
+            if (m_adjusts) {
+                handles << ResizeHandle::top << ResizeHandle::right << ResizeHandle::bottom
+                        << ResizeHandle::left;
+            }
+            painter.setPen(QPen(QColor(0, 0, 0, 140), 1)); // a rim that shows on white
+            for (const ResizeHandle handle : handles) {
                 const QPointF corner = ShotGeometry::handlePoint(*clear, handle);
-                // The hovered corner grows for a moment, then stays larger.
+                // The hovered handle grows for a moment, then stays larger.
                 const bool hot = handle == m_hoveredCorner;
-                const double radius = !hot ? 4 : m_hoverStarted.elapsed() < 100 ? 7 : 6;
+                const double radius = !hot ? 4.5 : m_hoverStarted.elapsed() < 100 ? 7 : 6;
                 painter.drawEllipse(corner, radius, radius);
             }
         } else if (m_hovered) {
@@ -243,8 +400,13 @@ void ShotCaptureOverlay::paintEvent(QPaintEvent*)
                   .arg(centre.y())
                   .arg(pixel.name(QColor::HexRgb).toUpper()));
     }
+    if (m_keyHelp && !m_selection) {
+        paintKeyHelp(painter);
+    }
     // The instruction line, always at the top centre.
-    const QString hint = instruction(m_mode, isRecording(), m_windowPicking, m_desktopPicks);
+    const QString hint = m_adjusts && m_selection && !m_dragStart && m_mode != Mode::window
+                             ? adjustingInstruction(isRecording())
+                             : instruction(m_mode, isRecording(), m_windowPicking, m_desktopPicks);
     const double hintWidth = painter.fontMetrics().horizontalAdvance(hint) + 12;
     label(QRectF((width() - hintWidth) / 2, 40, hintWidth, 20), hint);
 }
@@ -255,14 +417,25 @@ void ShotCaptureOverlay::mousePressEvent(QMouseEvent* event)
         return;
     }
     const QPointF p = event->position();
+    if (m_keyHelp && !m_selection && keyHelpArea().contains(p)) {
+        m_keyHelp = false;
+        m_swallowRelease = true;
+        update();
+        emit keyHelpDismissed();
+        return;
+    }
     if (m_mode == Mode::window) {
         return; // taken on release
     }
-    if (m_selection) {
-        if ((m_resizing = cornerAt(*m_selection, p))) {
-            return;
-        }
+    if ((m_resizing = handleAt(p))) {
+        return;
     }
+    if (m_adjusts && m_selection && m_selection->contains(p)) {
+        m_moveGrip = p - m_selection->topLeft();
+        setCursor(Qt::ClosedHandCursor);
+        return;
+    }
+    emit framingStarted();
     m_dragStart = p;
     m_cursor = p;
     m_selection = QRectF(p, QSizeF(0, 0));
@@ -291,9 +464,13 @@ void ShotCaptureOverlay::mouseMoveEvent(QMouseEvent* event)
         }
         return;
     }
+    if (m_moveGrip && m_selection) {
+        setSelection(nudged(*m_selection, p - *m_moveGrip - m_selection->topLeft(), QSizeF(size())));
+        return;
+    }
     if (!m_dragStart && !m_resizing) {
-        // The hovered corner shows its resize cursor and pulses once.
-        const auto hovered = m_selection ? cornerAt(*m_selection, p) : std::nullopt;
+        // The hovered handle shows its resize cursor and pulses once.
+        const auto hovered = handleAt(p);
         if (hovered != m_hoveredCorner) {
             m_hoveredCorner = hovered;
             m_hoverStarted.start();
@@ -303,11 +480,15 @@ void ShotCaptureOverlay::mouseMoveEvent(QMouseEvent* event)
             }
             update();
         }
-        const bool diagonal =
-            hovered == ResizeHandle::topLeft || hovered == ResizeHandle::bottomRight;
-        setCursor(!hovered   ? Qt::CrossCursor
-                  : diagonal ? Qt::SizeFDiagCursor
-                             : Qt::SizeBDiagCursor);
+        const bool inside = m_adjusts && m_selection && m_selection->contains(p);
+        setCursor(!hovered ? (inside ? Qt::OpenHandCursor : Qt::CrossCursor)
+                  : hovered == ResizeHandle::topLeft || hovered == ResizeHandle::bottomRight
+                      ? Qt::SizeFDiagCursor
+                  : hovered == ResizeHandle::top || hovered == ResizeHandle::bottom
+                      ? Qt::SizeVerCursor
+                  : hovered == ResizeHandle::left || hovered == ResizeHandle::right
+                      ? Qt::SizeHorCursor
+                      : Qt::SizeBDiagCursor);
     }
     if (m_resizing && m_selection) {
         setSelection(ShotGeometry::resized(*m_selection, *m_resizing, p));
@@ -321,6 +502,9 @@ void ShotCaptureOverlay::mouseReleaseEvent(QMouseEvent* event)
     if (event->button() != Qt::LeftButton) {
         return;
     }
+    if (std::exchange(m_swallowRelease, false)) {
+        return; // the press dismissed the card of keys
+    }
     if (m_mode == Mode::window) {
         if (const auto window = windowAt(event->position())) {
             accept({ShotCaptureSelection::Window{m_display.id, *window}});
@@ -330,6 +514,9 @@ void ShotCaptureOverlay::mouseReleaseEvent(QMouseEvent* event)
     const bool drawing = m_dragStart.has_value();
     m_dragStart.reset();
     m_resizing.reset();
+    if (std::exchange(m_moveGrip, std::nullopt)) {
+        setCursor(Qt::OpenHandCursor);
+    }
     // Mouse-up takes the selection only when it is large enough to mean it;
     // in the recording variant a click that drew nothing takes the display.
     if (isRecording() && drawing && m_mode == Mode::area && m_selection &&
@@ -337,7 +524,27 @@ void ShotCaptureOverlay::mouseReleaseEvent(QMouseEvent* event)
         acceptWholeDisplay();
         return;
     }
+    if (m_adjusts) {
+        // Kept to be adjusted; one too small to mean it is dropped.
+        if (m_selection &&
+            (m_selection->width() < minimumSide || m_selection->height() < minimumSide)) {
+            m_selection.reset();
+        }
+        update();
+        return;
+    }
     acceptSelection();
+}
+
+void ShotCaptureOverlay::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && m_adjusts && m_mode != Mode::window && m_selection &&
+        m_selection->contains(event->position())) {
+        m_moveGrip.reset();
+        acceptSelection();
+        return;
+    }
+    mousePressEvent(event);
 }
 
 void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
@@ -387,7 +594,9 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
         return;
     }
     if (m_selection && m_mode != Mode::window) {
-        m_selection = nudged(*m_selection, by, QSizeF(size()));
+        m_selection = m_adjusts && event->modifiers() & Qt::AltModifier
+                          ? grown(*m_selection, by, QSizeF(size()))
+                          : nudged(*m_selection, by, QSizeF(size()));
         update();
     }
 }
@@ -419,6 +628,16 @@ void ShotCaptureOverlay::enterEvent(QEnterEvent*)
     // The display the pointer is on takes the keyboard.
     activateWindow();
     setFocus();
+    takeKeyboard();
+}
+
+void ShotCaptureOverlay::takeKeyboard()
+{
+    // On X11 the keyboard is grabbed, so that keys the window manager binds
+    // (Alt+Shift+arrows, say) still reach the overlay while it frames.
+    if (QGuiApplication::platformName() == QLatin1String("xcb") && isVisible()) {
+        grabKeyboard();
+    }
 }
 
 void ShotCaptureOverlay::acceptSelection()

@@ -62,6 +62,20 @@ public:
     // at once (the desktop lists its windows to nobody): the answer is a
     // window with id 0, picked when the capture or recording starts.
     void setDesktopPicksWindows(bool on);
+    // Whether a dragged area stays on screen to be adjusted (handles, arrow
+    // keys, Alt+arrows) until Return or a double click takes it; otherwise
+    // releasing the button takes it.
+    void setAdjustsArea(bool on);
+    bool adjustsArea() const { return m_adjusts; }
+    // Whether the card of keys shows (until a click on it dismisses it).
+    void setKeyHelp(bool on);
+    bool showsKeyHelp() const { return m_keyHelp; }
+    // Where the card of keys lies, in overlay points.
+    QRectF keyHelpArea() const;
+    // Forgets the selection (another display's overlay took the framing).
+    void clearSelection();
+    // Takes the keyboard for this overlay (the one the pointer is on).
+    void takeKeyboard();
 
     // The instruction line of a mode, in either variant.
     static QString instruction(Mode mode, bool recording = false, bool windowPicking = true,
@@ -71,6 +85,11 @@ public:
     static std::optional<ResizeHandle> cornerAt(const QRectF& selection, QPointF point);
     // The selection moved by arrow keys, kept inside the display.
     static QRectF nudged(const QRectF& selection, QPointF by, const QSizeF& bounds);
+    // The selection with its right and bottom edges moved by Alt+arrow keys:
+    // never smaller than minimumSide, never past the display.
+    static QRectF grown(const QRectF& selection, QPointF by, const QSizeF& bounds);
+    // The instruction line while an area waits to be adjusted and confirmed.
+    static QString adjustingInstruction(bool recording);
 
 signals:
     // What the user framed; once, unless cancelled.
@@ -81,12 +100,17 @@ signals:
     void modeToggled(Mode mode);
     // The first time the frozen screen is on the display.
     void shown();
+    // A drag of a new area began here.
+    void framingStarted();
+    // A click on the card of keys: not to be shown again.
+    void keyHelpDismissed();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
@@ -107,6 +131,15 @@ private:
     std::optional<QRectF> m_selection;
     std::optional<QPointF> m_dragStart;
     std::optional<ResizeHandle> m_resizing;
+    // While the selection is dragged whole: the pointer's offset from its corner.
+    std::optional<QPointF> m_moveGrip;
+    bool m_adjusts = false;
+    bool m_keyHelp = false;
+    // The press dismissed the card of keys: its release does nothing.
+    bool m_swallowRelease = false;
+    // The handle a point grabs: a corner, or in adjusting an edge's middle too.
+    std::optional<ResizeHandle> handleAt(QPointF point) const;
+    void paintKeyHelp(QPainter& painter);
     std::optional<CapturableWindow> m_hovered;
     bool m_painted = false;
     QPointF m_cursor;

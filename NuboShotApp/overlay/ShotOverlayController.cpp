@@ -1,5 +1,7 @@
 #include "overlay/ShotOverlayController.h"
 
+#include "core/Settings.h"
+
 #include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
@@ -46,6 +48,10 @@ void ShotOverlayController::show(const QList<DisplayCapture>& displays,
     Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
     finish();
     m_shown = false;
+    if (m_preferences) {
+        m_adjusts = m_preferences->boolean(keys::adjustArea, false);
+        m_keyHelp = !m_preferences->boolean(keys::overlayKeyHelpSeen, false);
+    }
     const auto overlayMode = mode == CaptureMode::window      ? ShotCaptureOverlay::Mode::window
                              : mode == CaptureMode::scrolling ? ShotCaptureOverlay::Mode::scrolling
                                                               : ShotCaptureOverlay::Mode::area;
@@ -62,6 +68,8 @@ void ShotOverlayController::show(const QList<DisplayCapture>& displays,
         auto* overlay = new ShotCaptureOverlay(display, windows, overlayMode, recording);
         overlay->setWindowPicking(m_windowPicking);
         overlay->setDesktopPicksWindows(m_desktopPicks);
+        overlay->setAdjustsArea(m_adjusts);
+        overlay->setKeyHelp(m_keyHelp);
         m_overlays.append(overlay);
         connect(overlay, &ShotCaptureOverlay::shown, this, [this] {
             if (!std::exchange(m_shown, true)) {
@@ -82,6 +90,24 @@ void ShotOverlayController::show(const QList<DisplayCapture>& displays,
                 finish();
                 emit cancelled();
             }
+        });
+        // One area at a time over all displays: a new one drops the others.
+        connect(overlay, &ShotCaptureOverlay::framingStarted, this, [this, overlay] {
+            for (ShotCaptureOverlay* o : overlays()) {
+                if (o != overlay) {
+                    o->clearSelection();
+                }
+            }
+        });
+        connect(overlay, &ShotCaptureOverlay::keyHelpDismissed, this, [this] {
+            m_keyHelp = false;
+            for (ShotCaptureOverlay* o : overlays()) {
+                o->setKeyHelp(false);
+            }
+            if (m_preferences) {
+                m_preferences->setValue(keys::overlayKeyHelpSeen, true);
+            }
+            emit keyHelpDismissed();
         });
         connect(overlay, &ShotCaptureOverlay::modeToggled, this,
                 [this](ShotCaptureOverlay::Mode next) {
@@ -105,6 +131,7 @@ void ShotOverlayController::show(const QList<DisplayCapture>& displays,
         if (display.space.globalFrame.contains(QCursor::pos())) {
             overlay->activateWindow();
             overlay->setFocus();
+            overlay->takeKeyboard();
         }
     }
 }

@@ -7,6 +7,8 @@
 
 namespace nubo {
 
+class ShotPreferences;
+
 // Covers every display with its frozen image and answers once: with what the
 // user framed on one of them, or cancelled. Space switches every display
 // between area and window mode together. Main thread only.
@@ -29,6 +31,13 @@ public:
     void setWindowPicking(bool on) { m_windowPicking = on; }
     // Whether the desktop's own dialog picks windows (Space answers at once).
     void setDesktopPicksWindows(bool on) { m_desktopPicks = on; }
+    // Takes "adjust the area" and whether the card of keys was seen from the
+    // preferences at each presentation, and marks the card seen there.
+    void followPreferences(ShotPreferences* preferences) { m_preferences = preferences; }
+    // Whether a dragged area waits to be adjusted and confirmed.
+    void setAdjustsArea(bool on) { m_adjusts = on; }
+    // Whether the card of keys shows on every display until clicked.
+    void setKeyHelp(bool on) { m_keyHelp = on; }
     // Closes the overlays without an answer.
     void cancel() { finish(); }
     bool isPresenting() const { return !m_overlays.isEmpty(); }
@@ -39,6 +48,8 @@ signals:
     void cancelled();
     // The first overlay is on screen.
     void shown();
+    // The card of keys was clicked away: not to be shown again.
+    void keyHelpDismissed();
 
 private:
     void show(const QList<DisplayCapture>& displays, const QList<CapturableWindow>& windows,
@@ -49,6 +60,9 @@ private:
     bool m_shown = false;
     bool m_windowPicking = true;
     bool m_desktopPicks = false;
+    bool m_adjusts = false;
+    bool m_keyHelp = false;
+    ShotPreferences* m_preferences = nullptr;
 };
 
 } // namespace nubo

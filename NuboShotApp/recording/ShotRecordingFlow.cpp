@@ -294,6 +294,7 @@ void ShotRecordingFlow::frozen(const Frozen& result)
         fail(result.error);
         return;
     }
+    m_overlay->followPreferences(&m_preferences);
     m_overlay->presentRecording(result.displays, result.targets, result.windows);
 }
 

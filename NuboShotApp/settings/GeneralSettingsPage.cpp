@@ -49,6 +49,11 @@ public:
             addSwitch(shots, QStringLiteral("Include the pointer"),
                       QLatin1String(keys::includePointer), false);
         }
+        addSwitch(shots, QStringLiteral("Adjust the area before capturing"),
+                  QLatin1String(keys::adjustArea), false);
+        addNote(shots, QStringLiteral("A dragged area keeps its handles: move it with the arrow "
+                                      "keys, resize it with Alt and the arrow keys, and press "
+                                      "Return or double-click it to capture."));
         addSwitch(shots, QStringLiteral("Also copy raw shot"),
                   QLatin1String(keys::copyRawOnCapture), false);
         addNote(shots, QStringLiteral("Puts every capture on the clipboard at once, before "

@@ -247,6 +247,7 @@ void ShotFeature::frozen(CaptureMode mode, const Frozen& result)
     m_frozen = result.displays;
     m_overlay->setWindowPicking(isOffered(CaptureMode::window));
     m_overlay->setDesktopPicksWindows(m_platform->features().windowPicker);
+    m_overlay->followPreferences(&m_preferences);
     m_overlay->present(result.displays, result.windows, mode);
 }
 

@@ -1,4 +1,5 @@
 #include "core/Settings.h"
+#include "editor/EmojiCatalog.h"
 #include "editor/ShotEditorModel.h"
 #include "support/ArchiveFixtures.h"
 #include "support/QtPrinters.h"
@@ -52,6 +53,79 @@ TEST(ShotCreationTool, GestureArithmetic)
     }
     EXPECT_EQ(ShotCreationTool::emojiRect({50, 50}, 30), QRectF(35, 35, 30, 30));
     EXPECT_EQ(ShotCreationTool::emojiRect({50, 50}, 0), QRectF(49.5, 49.5, 1, 1));
+}
+
+// The picker's emoji come from Debian's copy of Unicode's list: groups, names
+// and skin tones folded under their base, what a search finds.
+TEST(EmojiCatalog, ReadsUnicodesListWithTonesUnderTheirBase)
+{
+    const EmojiCatalog& catalog = EmojiCatalog::installed();
+    ASSERT_TRUE(catalog.problem().isEmpty()) << catalog.problem().toStdString();
+    EXPECT_GT(catalog.entries().size(), 1800);
+    EXPECT_TRUE(catalog.groups().contains(QStringLiteral("Smileys & Emotion")));
+    EXPECT_FALSE(catalog.groups().contains(QStringLiteral("Component")));
+    struct Case {
+        const char* search;
+        const char* first;    // the first emoji found
+        int tone;             // 0: none
+        const char* inTone;   // the first found in that tone
+    };
+    const Case cases[] = {
+        {"waving", "\U0001F44B", 3, "\U0001F44B\U0001F3FD"},
+        {"woman gesturing ok", "\U0001F646\u200D\u2640\uFE0F", 1,
+         "\U0001F646\U0001F3FB\u200D\u2640\uFE0F"}, // a joined sequence
+        {"GRINNING face", "\U0001F600", 2, "\U0001F600"},     // no tones: itself
+        {"rocket", "\U0001F680", 0, "\U0001F680"},
+        {"flag germ", "\U0001F1E9\U0001F1EA", 0, "\U0001F1E9\U0001F1EA"},
+        {"ocket", nullptr, 0, nullptr}, // words are matched from their start
+        {"", nullptr, 0, nullptr},
+    };
+    for (const Case& c : cases) {
+        const QList<qsizetype> found = catalog.search(QString::fromUtf8(c.search));
+        if (!c.first) {
+            EXPECT_TRUE(found.isEmpty()) << c.search;
+            continue;
+        }
+        ASSERT_FALSE(found.isEmpty()) << c.search;
+        const EmojiEntry& entry = catalog.entries()[found.first()];
+        EXPECT_EQ(entry.emoji, QString::fromUtf8(c.first)) << c.search;
+        EXPECT_EQ(entry.inTone(c.tone), QString::fromUtf8(c.inTone)) << c.search;
+        EXPECT_EQ(catalog.find(QString::fromUtf8(c.inTone)), found.first()) << c.search;
+    }
+    // A base with FE0F whose tones have none: "☝️" and "☝🏿".
+    const qsizetype up = catalog.find(QStringLiteral("\u261D\uFE0F"));
+    ASSERT_GE(up, 0);
+    EXPECT_EQ(catalog.entries()[up].inTone(5), QStringLiteral("\u261D\U0001F3FF"));
+}
+
+// A damaged list is read as far as it makes sense, never past its limits.
+TEST(EmojiCatalog, PassesOverWhatItCannotRead)
+{
+    const QByteArray text =
+        "# group: Smileys & Emotion\n"
+        "1F600 ; fully-qualified # \xF0\x9F\x98\x80 E1.0 grinning face\n"
+        "1F601 ; minimally-qualified # x E1.0 not offered\n"
+        "D800 ; fully-qualified # x E1.0 a lone surrogate\n"
+        "110000 ; fully-qualified # x E1.0 beyond Unicode\n"
+        "ZZZZ ; fully-qualified # x E1.0 not a number\n"
+        "1F602 ; fully-qualified\n"
+        "1F44B 1F3FB ; fully-qualified # x E1.0 a tone without its base\n"
+        "# group: Component\n"
+        "1F3FB ; fully-qualified # x E1.0 light skin tone\n"
+        "# group: People\n"
+        "1F44B ; fully-qualified # \xF0\x9F\x91\x8B E0.6 waving hand\n"
+        "1F44B 1F3FB ; fully-qualified # x E1.0 waving hand: light skin tone\n"
+        "1F603 ; fully-qualified # \xF0\x9F\x98\x83 E0.6 grinning face with big eyes";
+    const EmojiCatalog catalog = EmojiCatalog::parse(text);
+    QStringList names;
+    for (const EmojiEntry& entry : catalog.entries()) {
+        names << entry.name;
+    }
+    EXPECT_EQ(names, (QStringList{"grinning face", "waving hand", "grinning face with big eyes"}));
+    EXPECT_EQ(catalog.groups(), (QStringList{"Smileys & Emotion", "People"}));
+    EXPECT_FALSE(catalog.entries()[1].hasTones()) << "one tone of five is offered as all";
+    EXPECT_TRUE(EmojiCatalog::parse(QByteArray(64, '\0')).entries().isEmpty());
+    EXPECT_TRUE(EmojiCatalog::parse({}).entries().isEmpty());
 }
 
 TEST(ShotToolKind, EveryToolHasALetterOfItsOwn)

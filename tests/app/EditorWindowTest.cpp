@@ -1,6 +1,9 @@
 #include "core/Settings.h"
 #include "editor/ShotCropBar.h"
 #include "editor/ShotEditorWindow.h"
+#include "editor/ShotCanvasView.h"
+#include "editor/ShotEmojiPicker.h"
+#include "editor/ShotStyleBar.h"
 #include "render/ShotRenderer.h"
 #include "support/ArchiveFixtures.h"
 #include "support/EditorFixture.h"
@@ -12,6 +15,9 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDeadlineTimer>
+#include <QLabel>
+#include <QListWidget>
+#include <QToolButton>
 #include <QProcess>
 #include <QScreen>
 #include <QTemporaryDir>
@@ -227,6 +233,85 @@ TEST_F(EditorWindow, TheWheelSizesTheToolWhileTheShotFitsAndScrollsOtherwise)
     settle();
     EXPECT_DOUBLE_EQ(model.style(ShotToolKind::rect).lineWidth, width);
     EXPECT_LT(m_window->canvas().mapToGlobal(QPoint(0, 0)).y(), origin.y()) << "did not scroll";
+}
+
+// A first editor shows its keys beside the shot, whole; a click on the card
+// hides it for good and draws nothing.
+TEST_F(EditorWindow, TheCardOfKeysGoesForGoodWithAClick)
+{
+    m_preferences->remove(keys::editorKeyHelpSeen);
+    openEditor(test::patternImage(800, 500), 1);
+    xdotool({"key", "r"});
+    QLabel* card = m_window->view().keyHelp();
+    ASSERT_TRUE(card && card->isVisible()) << "no card of keys";
+    test::saveArtifact(m_window->grab().toImage(), QStringLiteral("editor-keys.png"));
+    EXPECT_TRUE(m_window->view().rect().contains(card->geometry()))
+        << "the card does not fit the view";
+    const QPoint at = card->mapToGlobal(card->rect().center());
+    xdotool({"mousemove", QString::number(at.x()), QString::number(at.y()), "mousedown", "1",
+             "mousemove", QString::number(at.x() + 30), QString::number(at.y() + 30), "mouseup",
+             "1"});
+    settle();
+    EXPECT_FALSE(card->isVisible());
+    EXPECT_TRUE(m_preferences->boolean(keys::editorKeyHelpSeen, false));
+    EXPECT_TRUE(m_window->model().document().annotations.isEmpty()) << "the click drew";
+    openEditor(test::patternImage(800, 500), 1);
+    EXPECT_FALSE(m_window->view().keyHelp() && m_window->view().keyHelp()->isVisible())
+        << "shown again";
+}
+
+// The emoji tool's picker: a search by name with the keyboard, skin tones,
+// the recently used ones first next time, each drawn in colour.
+TEST_F(EditorWindow, TheEmojiPickerFindsByNameInTheChosenTone)
+{
+    xdotool({"key", "e"});
+    auto* button = m_window->findChild<QToolButton*>(QStringLiteral("emoji"));
+    ASSERT_TRUE(button && button->isVisible());
+    const auto open = [&] {
+        const QPoint at = button->mapToGlobal(button->rect().center());
+        xdotool({"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "1"});
+        settle();
+        auto* bar = m_window->findChild<ShotStyleBar*>();
+        return bar ? bar->emojiPicker() : nullptr;
+    };
+    ShotEmojiPicker* picker = open();
+    ASSERT_TRUE(picker && picker->isVisible()) << "no picker";
+    test::saveArtifact(picker->grab().toImage(), QStringLiteral("emoji-picker.png"));
+    // Drawn in colour and large enough to read: a cell holds saturated pixels
+    // over at least 20 rows.
+    const QImage cells = picker->grid()->viewport()->grab().toImage();
+    int colourRows = 0;
+    for (int y = 0; y < std::min(cells.height(), int(44 * cells.devicePixelRatio())); ++y) {
+        bool colour = false;
+        for (int x = 0; x < std::min(cells.width(), int(44 * cells.devicePixelRatio())); ++x) {
+            colour |= cells.pixelColor(x, y).hsvSaturation() > 120;
+        }
+        colourRows += colour;
+    }
+    EXPECT_GE(colourRows, 20 * cells.devicePixelRatio()) << "the first emoji is small or grey";
+
+    xdotool({"type", "waving"});
+    settle();
+    EXPECT_EQ(picker->shown().value(0), QStringLiteral("\U0001F44B"));
+    picker->setTone(4);
+    EXPECT_EQ(picker->shown().value(0), QStringLiteral("\U0001F44B\U0001F3FE"));
+    xdotool({"key", "Return"});
+    settle();
+    EXPECT_FALSE(picker->isVisible());
+    EXPECT_EQ(m_window->model().selectedEmoji(), QStringLiteral("\U0001F44B\U0001F3FE"));
+    EXPECT_EQ(button->text(), QStringLiteral("\U0001F44B\U0001F3FE"));
+
+    picker = open();
+    ASSERT_TRUE(picker && picker->isVisible());
+    EXPECT_EQ(picker->shown().value(0), QStringLiteral("\U0001F44B\U0001F3FE")) << "not in Recent";
+    xdotool({"type", "rocket"}); // type takes every word after it
+    xdotool({"key", "Return"});
+    settle();
+    EXPECT_EQ(m_window->model().selectedEmoji(), QStringLiteral("\U0001F680"));
+    picker = open();
+    EXPECT_EQ(picker->shown().mid(0, 2),
+              (QStringList{QStringLiteral("\U0001F680"), QStringLiteral("\U0001F44B\U0001F3FE")}));
+    xdotool({"key", "Escape"});
 }
 
 TEST_F(EditorWindow, TypesTextInPlace)

@@ -4,12 +4,14 @@
 #include "support/LiveProcess.h"
 #include "support/ArchiveFixtures.h"
 #include "support/QtPrinters.h"
+#include "core/Settings.h"
 #include "support/RenderFixtures.h"
 
 #include <QAction>
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QtMath>
 
 #include <cmath>
@@ -142,6 +144,130 @@ TEST_F(OverlayFraming, AnAreaIsWhatTheCommandLineFramesForItsRectangle)
     EXPECT_EQ(*framed, commandLine(dragged));
     EXPECT_EQ(captureRegion(*framed, {m_display.space}),
               captureRegion(commandLine(dragged), {m_display.space}));
+}
+
+// With "Adjust the area before capturing" a released drag waits: handles,
+// a drag inside and the arrow keys change it, Return or a double click takes
+// it, Escape drops it. Each case would have been taken at the release before.
+TEST_F(OverlayFraming, AnAdjustableAreaWaitsForReturnOrADoubleClick)
+{
+    m_overlay.setAdjustsArea(true);
+    bool cancelled = false;
+    QObject::connect(&m_overlay, &ShotOverlayController::cancelled, [&] { cancelled = true; });
+    const QStringList drag{"mousemove", "100", "50",  "mousedown", "1",     "mousemove", "250",
+                           "150",       "mousemove", "400", "250",  "mouseup", "1"};
+    struct Case {
+        const char* name;
+        QStringList then;
+        std::optional<QRectF> expected; // nullopt: cancelled
+    };
+    const Case cases[] = {
+        {"Return", {"key", "Return"}, QRectF(100, 50, 300, 200)},
+        {"arrows move a point, Shift ten",
+         {"key", "Right", "key", "Right", "key", "shift+Down", "key", "Return"},
+         QRectF(102, 60, 300, 200)},
+        {"Alt and the arrows resize",
+         {"key", "alt+Right", "key", "alt+shift+Down", "key", "alt+Up", "key", "Return"},
+         QRectF(100, 50, 301, 209)},
+        {"the bottom-right handle",
+         {"mousemove", "400", "250", "mousedown", "1", "mousemove", "430", "280", "mousemove",
+          "450", "300", "mouseup", "1", "key", "Return"},
+         QRectF(100, 50, 350, 250)},
+        {"the right edge's handle, then a double click",
+         {"mousemove", "400", "150", "mousedown", "1", "mousemove", "410", "150", "mousemove",
+          "420", "150", "mouseup", "1", "mousemove", "250", "150", "click", "--repeat", "2", "1"},
+         QRectF(100, 50, 320, 200)},
+        {"a drag inside moves it",
+         {"mousemove", "200", "100", "mousedown", "1", "mousemove", "230", "120", "mousemove",
+          "260", "140", "mouseup", "1", "key", "Return"},
+         QRectF(160, 90, 300, 200)},
+        {"a new drag outside replaces it",
+         {"mousemove", "600", "400", "mousedown", "1", "mousemove", "650", "450", "mousemove",
+          "700", "480", "mouseup", "1", "key", "Return"},
+         QRectF(600, 400, 100, 80)},
+        {"Escape", {"key", "Escape"}, std::nullopt},
+    };
+    for (const Case& c : cases) {
+        m_outcome.reset();
+        cancelled = false;
+        m_overlay.present({m_display}, {m_window}, CaptureMode::area);
+        const QDeadlineTimer shown(5000);
+        while ((m_overlay.overlays().isEmpty() || !m_overlay.overlays().first()->isVisible()) &&
+               !shown.hasExpired()) {
+            test::settle(20);
+        }
+        ASSERT_FALSE(m_overlay.overlays().isEmpty()) << c.name;
+        test::settle();
+        test::xdotool(drag);
+        test::settle(100);
+        ASSERT_FALSE(m_outcome) << c.name << ": taken at the release";
+        ASSERT_TRUE(m_overlay.overlays().first()->selection()) << c.name;
+        if (c.then.first() == QLatin1String("key") && c.then.at(1) == QLatin1String("Return")) {
+            const QImage seen = m_overlay.overlays().first()->grab().toImage();
+            test::saveArtifact(seen, QStringLiteral("overlay-adjusting.png"));
+        }
+        test::xdotool(c.then);
+        const QDeadlineTimer answered(5000);
+        while (!m_outcome && !cancelled && !answered.hasExpired()) {
+            test::settle(20);
+        }
+        if (!c.expected) {
+            EXPECT_TRUE(cancelled) << c.name;
+            EXPECT_FALSE(m_outcome) << c.name;
+            continue;
+        }
+        ASSERT_TRUE(m_outcome) << c.name << ": no answer";
+        EXPECT_EQ(std::get<ShotOverlayOutcome::Capture>(m_outcome->outcome).selection,
+                  (ShotCaptureSelection{ShotCaptureSelection::Area{7, *c.expected}}))
+            << c.name;
+    }
+}
+
+// The first overlay shows its keys; a click on the card hides it for good
+// and frames nothing.
+TEST_F(OverlayFraming, TheCardOfKeysGoesForGoodWithAClick)
+{
+    QTemporaryDir dir;
+    ShotPreferences preferences(dir.filePath(QStringLiteral("prefs.ini")));
+    m_overlay.followPreferences(&preferences);
+    const auto present = [&] {
+        m_overlay.present({m_display}, {m_window}, CaptureMode::area);
+        const QDeadlineTimer shown(5000);
+        while ((m_overlay.overlays().isEmpty() || !m_overlay.overlays().first()->isVisible()) &&
+               !shown.hasExpired()) {
+            test::settle(20);
+        }
+        test::settle();
+        return m_overlay.overlays().isEmpty() ? nullptr : m_overlay.overlays().first();
+    };
+    ShotCaptureOverlay* overlay = present();
+    ASSERT_TRUE(overlay);
+    ASSERT_TRUE(overlay->showsKeyHelp());
+    const QImage seen = overlay->grab().toImage();
+    test::saveArtifact(seen, QStringLiteral("overlay-keys.png"));
+    const QPoint card = overlay->mapToGlobal(overlay->keyHelpArea().center().toPoint());
+    // The card is drawn where it answers clicks: dark, unlike the dimmed pattern.
+    EXPECT_LT(seen.pixelColor((overlay->keyHelpArea().topLeft() + QPointF(40, 6)).toPoint() *
+                              overlay->devicePixelRatioF())
+                  .lightness(),
+              40);
+    test::xdotool({"mousemove", QString::number(card.x()), QString::number(card.y()), "click", "1"});
+    const QDeadlineTimer gone(3000);
+    while (overlay->showsKeyHelp() && !gone.hasExpired()) {
+        test::settle(20);
+    }
+    EXPECT_FALSE(overlay->showsKeyHelp());
+    EXPECT_TRUE(preferences.boolean(keys::overlayKeyHelpSeen, false));
+    EXPECT_FALSE(overlay->selection()) << "the click framed something";
+    test::xdotool({"key", "Escape"});
+    const QDeadlineTimer closed(3000);
+    while (m_overlay.isPresenting() && !closed.hasExpired()) {
+        test::settle(20);
+    }
+    overlay = present();
+    ASSERT_TRUE(overlay);
+    EXPECT_FALSE(overlay->showsKeyHelp()) << "shown again";
+    m_overlay.cancel();
 }
 
 // Over a white screen the magnifier still stands out (a dark rim around a

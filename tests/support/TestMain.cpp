@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -42,6 +43,14 @@ int main(int argc, char** argv)
     qputenv("NUBOSHOT_TEST_ARTIFACTS", NUBOSHOT_TEST_ARTIFACTS);
     if (std::strcmp(NUBOSHOT_TEST_LABEL, "unit") == 0) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    {
+        // The cards of keys greet a person's first capture and first editor;
+        // a test that looks at them clears these.
+        QSettings preferences(QSettings::IniFormat, QSettings::UserScope,
+                              QStringLiteral("NuboShot"), QStringLiteral("NuboShot"));
+        preferences.setValue(QStringLiteral("shot.keyHelp.overlaySeen"), true);
+        preferences.setValue(QStringLiteral("shot.keyHelp.editorSeen"), true);
     }
     ::testing::InitGoogleTest(&argc, argv);
 #ifdef NUBOSHOT_TEST_WIDGETS
