@@ -71,9 +71,16 @@ ShotBottomBar::ShotBottomBar(QWidget* parent) : QWidget(parent)
     connect(m_drag, &ShotDragHandle::dragStarted, this, &ShotBottomBar::dragRequested);
     m_drag->setMinimumHeight(m_copy->sizeHint().height());
     layout->addWidget(m_drag);
-    m_share = button(QStringLiteral("document-send"), QStringLiteral("Share\u2026"),
-                     QStringLiteral("Open the shot with another application"),
-                     &ShotBottomBar::shareRequested);
+    m_share = new QPushButton(ShotIcons::icon(QStringLiteral("document-send")),
+                              QStringLiteral("Open With"), this);
+    m_share->setToolTip(QStringLiteral("Open the shot in another application"));
+    m_share->setFocusPolicy(Qt::NoFocus);
+    auto* applications = new QMenu(m_share);
+    applications->setObjectName(QStringLiteral("openWith"));
+    // Listed afresh each time: applications come and go.
+    connect(applications, &QMenu::aboutToShow, this, &ShotBottomBar::listApplications);
+    m_share->setMenu(applications);
+    layout->addWidget(m_share);
 
     // Upload: a press goes to the destination of the settings, the menu
     // to either one for this shot.
@@ -119,7 +126,30 @@ bool ShotBottomBar::isPinned() const
 
 void ShotBottomBar::setShareAvailable(bool available)
 {
-    m_share->setVisible(available);
+    m_portalShares = available;
+}
+
+void ShotBottomBar::listApplications()
+{
+    QMenu* menu = m_share->menu();
+    menu->clear();
+    const QList<DesktopApplication> found = ShotApplications::forType(QStringLiteral("image/png"));
+    for (const DesktopApplication& application : found) {
+        QAction* item = menu->addAction(
+            QIcon::fromTheme(application.icon),
+            application.isDefault ? QStringLiteral("%1 (Default)").arg(application.name)
+                                  : application.name,
+            this, [this, application] { emit openWithRequested(application); });
+        item->setData(application.id);
+    }
+    if (found.isEmpty()) {
+        menu->addAction(QStringLiteral("No application opens PNG images"))->setEnabled(false);
+    }
+    if (m_portalShares) {
+        menu->addSeparator();
+        menu->addAction(QStringLiteral("Other Application\u2026"), this,
+                        &ShotBottomBar::shareRequested);
+    }
 }
 
 void ShotBottomBar::showUpload(const ShotUploadState& state, ShotUploadDestination destination,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "output/ShotApplications.h"
 #include "upload/UploadTypes.h"
 
 #include <QLabel>
@@ -46,6 +47,8 @@ public:
     QPushButton* copyButton() const { return m_copy; }
     QPushButton* saveButton() const { return m_save; }
     QPushButton* saveAsButton() const { return m_saveAs; }
+    // "Open With…": its menu lists the applications that open PNG images
+    // and, where a portal answers, the portal's own chooser.
     QPushButton* shareButton() const { return m_share; }
     QToolButton* uploadButton() const { return m_upload; }
     QPushButton* cancelUploadButton() const { return m_cancelUpload; }
@@ -65,7 +68,9 @@ signals:
     void quickSaveRequested();
     void saveAsRequested();
     void dragRequested();
+    // "Other Application…": the portal's chooser.
     void shareRequested();
+    void openWithRequested(const nubo::DesktopApplication& application);
     // The upload button: to the effective destination, or a chosen one.
     void uploadRequested();
     void uploadToRequested(ShotUploadDestination destination);
@@ -76,6 +81,8 @@ private:
     QPushButton* m_save = nullptr;
     QPushButton* m_saveAs = nullptr;
     QPushButton* m_share = nullptr;
+    bool m_portalShares = false;
+    void listApplications();
     QToolButton* m_upload = nullptr;
     QAction* m_uploadToBucket = nullptr;
     QPushButton* m_cancelUpload = nullptr;

@@ -13,6 +13,7 @@
 #include "output/ShotOutputHost.h"
 #include "output/ShotRawClipboardTracker.h"
 #include "output/ShotSaveOptions.h"
+#include "output/ShotApplications.h"
 #include "output/ShotShare.h"
 #include "output/ShotUpload.h"
 
@@ -89,6 +90,7 @@ ShotOutputActions::ShotOutputActions(ShotOutputHost& host, ShotPreferences& pref
     connect(m_bar->dragHandle(), &ShotDragHandle::pressed, this, &ShotOutputActions::prepareDrag);
     connect(m_bar, &ShotBottomBar::dragRequested, this, &ShotOutputActions::dragOut);
     connect(m_bar, &ShotBottomBar::shareRequested, this, &ShotOutputActions::share);
+    connect(m_bar, &ShotBottomBar::openWithRequested, this, &ShotOutputActions::openWith);
     confirmUnknownRetry = [this] {
         QMessageBox box(QMessageBox::Question, QStringLiteral("Upload"),
                         QStringLiteral("Upload outcome unknown. Retry may create a duplicate upload."),
@@ -361,6 +363,25 @@ void ShotOutputActions::startDrag(const ShotDocument& output, const Made& made)
     emit shotOutput({ShotOutputKind::drag, output, ShotExporter::defaultScale(output),
                      ShotFormat::png, made.file});
     finishFor(output, ShotOutputAction::drag, modifiers);
+}
+
+void ShotOutputActions::openWith(const DesktopApplication& application)
+{
+    const ShotDocument output = m_host.outputDocument();
+    const double scale = ShotExporter::defaultScale(output);
+    submit(
+        [output, scale] {
+            return Made{{}, ShotQuickSave::temporaryExport(output, scale), {}, {}};
+        },
+        [this, output, scale, application](const Made& made) {
+            const QString failure = made.error.isEmpty() ? ShotApplications::launch(application, made.file)
+                                                         : made.error;
+            if (!failure.isEmpty()) {
+                fail(QStringLiteral("Could Not Open Screenshot"), failure);
+                return;
+            }
+            emit shotOutput({ShotOutputKind::share, output, scale, ShotFormat::png, made.file});
+        });
 }
 
 void ShotOutputActions::share()

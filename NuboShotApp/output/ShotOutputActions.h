@@ -15,6 +15,8 @@ class QWidget;
 
 namespace nubo {
 
+struct DesktopApplication;
+
 class ShotBottomBar;
 class ShotOutputHost;
 class ShotPreferences;
@@ -50,6 +52,8 @@ public:
     // it out once the pointer has moved far enough.
     void prepareDrag();
     void dragOut();
+    // Opens the shot in an application of the desktop's list.
+    void openWith(const DesktopApplication& application);
     void share();
     // Uploads the shot as PNG, to `destination` or where the settings say.
     // Pressed again: a finished upload copies its link again, a failed one

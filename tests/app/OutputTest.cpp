@@ -29,6 +29,9 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMenu>
+#include <QScopeGuard>
+#include <QTimer>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
@@ -38,6 +41,7 @@
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QScopeGuard>
+#include <QTimer>
 #include <QThread>
 #include <QThreadPool>
 #include <QTimer>
@@ -82,6 +86,79 @@ protected:
         ShotEditorWindow& window = openEditor(image, scale);
         settle();
         return window;
+    }
+    // A PNG viewer of this test's own, the default for PNG under the test's
+    // data and config folders: it keeps a copy of whatever it is asked to
+    // open, at the path returned.
+    QString installViewer()
+    {
+        const QDir home(m_dir.path());
+        home.mkpath(QStringLiteral("data/applications"));
+        home.mkpath(QStringLiteral("config"));
+        const QString opened = m_dir.filePath(QStringLiteral("opened.png"));
+        const QString viewer = m_dir.filePath(QStringLiteral("viewer"));
+        const auto write = [](const QString& path, const QByteArray& text) {
+            QFile file(path);
+            EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+            file.write(text);
+        };
+        write(viewer, "#!/bin/sh\ncp \"$1\" '" + opened.toUtf8() + ".part' && mv '" +
+                          opened.toUtf8() + ".part' '" + opened.toUtf8() + "'\n");
+        QFile::setPermissions(viewer, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
+                                          QFileDevice::ExeOwner);
+        write(m_dir.filePath(QStringLiteral("data/applications/nuboshot-test-viewer.desktop")),
+              "[Desktop Entry]\nType=Application\nName=Test Viewer\nExec=" + viewer.toUtf8() +
+                  " %f\nMimeType=image/png;\n");
+        // What update-desktop-database would write: the index GIO looks up.
+        write(m_dir.filePath(QStringLiteral("data/applications/mimeinfo.cache")),
+              "[MIME Cache]\nimage/png=nuboshot-test-viewer.desktop;\n");
+        write(m_dir.filePath(QStringLiteral("config/mimeapps.list")),
+              "[Default Applications]\nimage/png=nuboshot-test-viewer.desktop\n");
+        return opened;
+    }
+    // Opens the menu of a button with real input and clicks its item
+    // `title` (none: closes it again); the items it listed. The menu runs
+    // its own event loop, so it is answered from a timer inside that loop.
+    QStringList chooseFromMenu(QPushButton* button, const QString& title)
+    {
+        QMenu* menu = button->menu();
+        QStringList items;
+        int ticksOpen = 0;
+        QTimer poll;
+        poll.setInterval(50);
+        QObject::connect(&poll, &QTimer::timeout, [&] {
+            if (!menu->isVisible()) {
+                return;
+            }
+            if (ticksOpen++ > 0) {
+                if (ticksOpen > 60) {
+                    menu->hide(); // the click did not land: never hang here
+                }
+                return;
+            }
+            QAction* chosen = nullptr;
+            for (QAction* action : menu->actions()) {
+                items << action->text();
+                chosen = action->text() == title ? action : chosen;
+            }
+            if (!chosen) {
+                menu->hide();
+                return;
+            }
+            const QPoint at = menu->mapToGlobal(menu->actionGeometry(chosen).center());
+            run(QStringLiteral("xdotool"),
+                {"mousemove", QString::number(at.x()), QString::number(at.y()), "click", "1"});
+        });
+        poll.start();
+        click(button);
+        const QDeadlineTimer closed(5000);
+        while ((ticksOpen == 0 || menu->isVisible()) && !closed.hasExpired()) {
+            settle();
+        }
+        EXPECT_GT(ticksOpen, 0) << "no menu";
+        EXPECT_TRUE(title.isEmpty() || items.contains(title))
+            << "no item " << title.toStdString() << " in " << items.join(u'|').toStdString();
+        return items;
     }
     // Clicks a widget of ours with real input.
     void click(QWidget* widget)
@@ -247,46 +324,49 @@ TEST_F(Output, QuickSavesNeverOverwriteEachOther)
     const QByteArray history = run(QStringLiteral("dunstctl"), {"history"});
     EXPECT_TRUE(history.contains(QFileInfo(files[1]).fileName().toUtf8()))
         << history.left(2000).toStdString();
-    // No portal runs in this session: sharing is not offered rather than broken.
-    EXPECT_FALSE(m_window->output().bar().shareButton()->isVisible());
+}
+
+// "Open With" lists the desktop's applications for PNG, the default first,
+// and opens the shot in the one chosen, without a portal.
+TEST_F(Output, OpenWithStartsTheChosenApplicationOnTheShot)
+{
+    const QString opened = installViewer();
+    const QByteArray data = qgetenv("XDG_DATA_HOME"), config = qgetenv("XDG_CONFIG_HOME");
+    const auto restore = qScopeGuard([&] {
+        qputenv("XDG_DATA_HOME", data);
+        qputenv("XDG_CONFIG_HOME", config);
+    });
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_dir.filePath(QStringLiteral("data"))));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_dir.filePath(QStringLiteral("config"))));
+    ShotEditorWindow& window = open(test::patternImage(320, 200), 1);
+    addArrow(window);
+    QPushButton* button = window.output().bar().shareButton();
+    ASSERT_TRUE(button->isVisible());
+    chooseFromMenu(button, QStringLiteral("Test Viewer (Default)"));
+    const QDeadlineTimer launched(15000);
+    while (!QFileInfo::exists(opened) && !launched.hasExpired()) {
+        test::settle(100);
+    }
+    ASSERT_TRUE(QFileInfo::exists(opened)) << "the viewer never opened the shot";
+    const QImage received(opened);
+    const QImage expected = m_renderer.render(window.model().document(), 1);
+    ASSERT_EQ(received.size(), expected.size());
+    EXPECT_EQ(test::compareImages(received, expected, 0).maximum, 0);
+    // No portal runs in this session: its chooser is not offered rather than broken.
+    const QStringList items = chooseFromMenu(button, {});
+    EXPECT_FALSE(items.contains(QStringLiteral("Other Application\u2026"))) << items.join(u'|').toStdString();
 }
 
 TEST_F(Output, ShareHandsTheShotToTheApplicationChosenInThePortal)
 {
-    // A PNG viewer of this test's own, the default for PNG: it keeps a copy
-    // of whatever it is asked to open.
-    const QDir home(m_dir.path());
-    home.mkpath(QStringLiteral("data/applications"));
-    home.mkpath(QStringLiteral("config"));
-    const QString opened = m_dir.filePath(QStringLiteral("opened.png"));
-    const QString viewer = m_dir.filePath(QStringLiteral("viewer"));
-    const auto write = [](const QString& path, const QByteArray& text) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
-        file.write(text);
-    };
-    write(viewer, "#!/bin/sh\ncp \"$1\" '" + opened.toUtf8() + ".part' && mv '" +
-                      opened.toUtf8() + ".part' '" + opened.toUtf8() + "'\n");
-    QFile::setPermissions(viewer, QFileDevice::ReadOwner | QFileDevice::WriteOwner |
-                                      QFileDevice::ExeOwner);
-    write(m_dir.filePath(QStringLiteral("data/applications/nuboshot-test-viewer.desktop")),
-          "[Desktop Entry]\nType=Application\nName=Test Viewer\nExec=" + viewer.toUtf8() +
-              " %f\nMimeType=image/png;\n");
-    // What update-desktop-database would write: the index GIO looks up.
-    write(m_dir.filePath(QStringLiteral("data/applications/mimeinfo.cache")),
-          "[MIME Cache]\nimage/png=nuboshot-test-viewer.desktop;\n");
-    write(m_dir.filePath(QStringLiteral("config/mimeapps.list")),
-          "[Default Applications]\nimage/png=nuboshot-test-viewer.desktop\n");
-
+    const QString opened = installViewer();
     test::DesktopPortal portal(m_dir.filePath(QStringLiteral("data")),
                                m_dir.filePath(QStringLiteral("config")));
     ASSERT_TRUE(portal.isRunning()) << portal.log().toStdString();
 
     ShotEditorWindow& window = open(test::patternImage(320, 200), 1);
     addArrow(window);
-    QPushButton* share = window.output().bar().shareButton();
-    ASSERT_TRUE(share->isVisible()) << "a portal runs, so sharing is offered";
-    click(share);
+    chooseFromMenu(window.output().bar().shareButton(), QStringLiteral("Other Application\u2026"));
 
     // The portal asks which application opens the shot, in a dialog of its
     // own; the default is chosen with Return.
