@@ -635,7 +635,7 @@ void ShotCaptureOverlay::takeKeyboard()
 {
     // On X11 the keyboard is grabbed, so that keys the window manager binds
     // (Alt+Shift+arrows, say) still reach the overlay while it frames.
-    if (QGuiApplication::platformName() == QLatin1String("xcb") && isVisible()) {
+    if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland")) && isVisible()) {
         grabKeyboard();
     }
 }

@@ -33,6 +33,12 @@ struct KnownKey {
 constexpr KnownKey knownKeys[] = {
     {keys::copyRawOnCapture, false, Kind::boolean},
     {keys::returnToSelect, false, Kind::boolean},
+    {keys::includePointer, false, Kind::boolean},
+    {keys::adjustArea, false, Kind::boolean},
+    {"shot.keyHelp.", true, Kind::boolean},
+    {keys::saveAsFolder, false, Kind::text},
+    {keys::emojiRecent, false, Kind::text},
+    {keys::emojiSkinTone, false, Kind::anything},
     {keys::recentEnabled, false, Kind::boolean},
     {keys::closeAfterPrefix, true, Kind::boolean},
     {keys::quickSaveFormat, false, Kind::format},

@@ -1,7 +1,6 @@
 #include "shell/CaptureCommands.h"
 
 #include "capture/CapturePlatform.h"
-#include "shortcuts/ShotGlobalShortcuts.h"
 #include "core/Logging.h"
 #include "export/ShotExporter.h"
 #include "shell/CommandLine.h"
@@ -274,7 +273,7 @@ int runCaptureCommand(const QStringList& arguments)
     const auto mode =
         arguments.size() == 1 ? fromString<CaptureMode>(arguments.first()) : std::nullopt;
     const bool recording =
-        arguments.size() == 1 && arguments.first() == QLatin1String(ShotGlobalShortcuts::recording);
+        arguments.size() == 1 && arguments.first() == QLatin1String("recording");
     if (!mode && !recording) {
         return usage(QStringLiteral("capture takes area, window, fullscreen, scrolling or "
                                     "recording"),

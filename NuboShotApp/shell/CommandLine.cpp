@@ -1,60 +1,16 @@
 #include "shell/CommandLine.h"
 
 #include "capture/CaptureTypes.h"
-
 #include "document/ShotDocumentArchive.h"
-#include "shell/ArchiveCommands.h"
-#include "shell/CaptureCommands.h"
-#include "shell/RecordCommand.h"
-#include "shell/ExportCommand.h"
-#include "shell/StitchCommand.h"
-#include "shell/UploadCommand.h"
-#include "shell/VideoCommand.h"
+#include "shell/MainHelp.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QGuiApplication>
 
+#include <csignal>
 
 namespace nubo::cli {
-
-namespace {
-
-const char* const mainHelp = R"(Usage: nuboshot [COMMAND [ARGUMENTS]]
-
-Nubo Shot captures, annotates and records the screen. Without a command it
-starts in the tray of the current desktop session (once per session).
-
-Commands:
-  capture area|window|fullscreen|scrolling|recording
-                          the running Nubo Shot captures (started if needed)
-  annotate FILE...        open images (or shot archives) in the editor
-  open FILE...            the same
-  displays [--json]       list the displays
-  windows [--json]        list the windows that can be captured, front-most first
-  grab fullscreen|window ID|region X,Y,W,H -o FILE
-                          capture the screen into an image file
-  archive new IMAGE DIR   store an image as an editable shot archive in DIR
-  archive check DIR       read a shot archive and print what it holds
-  export DIR -o FILE      render a shot archive to PNG, JPEG, HEIC or WebP
-  export DIR --quick      ... into the quick-save folder under a dated name
-  stitch FRAME... -o FILE stitch frames of a scrolling area into one tall PNG
-  record display [ID]|area X,Y,W,H|window ID [-o DIR] [--duration S] ...
-                          record the screen into an MP4 (SIGINT stops, SIGUSR1 pauses)
-  review FILE             open a recording in the review window
-  video export SOURCE -o FILE [--cut START-END]... [--crop X,Y,W,H] ...
-                          export an edited copy of a recording
-  video info FILE         what a recording holds
-  upload FILE [--destination auto|r2|filebin]
-                          upload a file to Filebin or an S3 bucket and print its link
-
-Options:
-  -h, --help              show this help; "nuboshot COMMAND --help" for a command
-  -v, --version           show the version
-
-Exit codes: 0 success, 1 failure (one line on standard error), 2 bad usage.
-)";
-
-} // namespace
 
 void print(const QString& text, std::FILE* stream)
 {
@@ -123,7 +79,7 @@ bool needsFonts(const QStringList& arguments)
     return !arguments.isEmpty() && arguments.first() == QLatin1String("export");
 }
 
-int run(const QStringList& arguments)
+int run(const QStringList& arguments, CommandTables tables)
 {
     Q_ASSERT(!arguments.isEmpty());
     const QString& command = arguments.first();
@@ -136,37 +92,48 @@ int run(const QStringList& arguments)
         print(QStringLiteral("nuboshot ") + QCoreApplication::applicationVersion());
         return success;
     }
-    if (command == QLatin1String("archive")) {
-        return runArchiveCommand(arguments.mid(1));
-    }
-    if (command == QLatin1String("export")) {
-        return runExportCommand(arguments.mid(1));
-    }
-    if (command == QLatin1String("stitch")) {
-        return runStitchCommand(arguments.mid(1));
-    }
-    if (command == QLatin1String("displays")) {
-        return runDisplaysCommand(arguments.mid(1));
-    }
-    if (command == QLatin1String("windows")) {
-        return runWindowsCommand(arguments.mid(1));
-    }
-    if (command == QLatin1String("grab")) {
-        return runGrabCommand(arguments.mid(1));
-    }
-    if (command == QLatin1String("capture")) {
-        return runCaptureCommand(arguments.mid(1));
-    }
-    if (command == QLatin1String("video")) {
-        return runVideoCommand(arguments.mid(1));
-    }
-    if (command == QLatin1String("record")) {
-        return runRecordCommand(arguments.mid(1));
-    }
-    if (command == QLatin1String("upload")) {
-        return runUploadCommand(arguments.mid(1));
+    for (const std::span<const Command> table : tables) {
+        for (const Command& known : table) {
+            if (command == QLatin1String(known.name)) {
+                return known.run(arguments.mid(1));
+            }
+        }
     }
     return usage(QStringLiteral("unknown command \u201c%1\u201d").arg(command));
+}
+
+void prepareProcess()
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    QCoreApplication::setOrganizationName(QStringLiteral("NuboShot"));
+    QCoreApplication::setApplicationName(QStringLiteral("NuboShot"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(NUBOSHOT_VERSION));
+}
+
+int runHeadless(int argc, char** argv, CommandTables tables)
+{
+    prepareProcess();
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    if (arguments.isEmpty()) {
+        std::fputs(mainHelp, stderr);
+        return badUsage;
+    }
+    // Commands draw and encode without a screen; only drawing text needs
+    // the (slower to start) GUI application with its fonts.
+    if (needsFonts(arguments)) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        QGuiApplication app(argc, argv);
+        return run(arguments, tables);
+    }
+    if (needsScreens(arguments)) {
+        QGuiApplication app(argc, argv);
+        return run(arguments, tables);
+    }
+    QCoreApplication app(argc, argv);
+    return run(arguments, tables);
 }
 
 } // namespace nubo::cli

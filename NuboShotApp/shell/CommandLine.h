@@ -5,6 +5,8 @@
 #include <QStringList>
 
 #include <cstdio>
+#include <initializer_list>
+#include <span>
 
 namespace nubo::cli {
 
@@ -20,8 +22,27 @@ bool needsFonts(const QStringList& arguments);
 // Whether the command needs the window system's screens.
 bool needsScreens(const QStringList& arguments);
 
-// Runs a headless command; arguments exclude the program name.
-int run(const QStringList& arguments);
+// A command of the command line: its first word and what runs it (given
+// the words after it). Each program lists the commands it links.
+struct Command {
+    const char* name;
+    int (*run)(const QStringList& arguments);
+};
+
+using CommandTables = std::initializer_list<std::span<const Command>>;
+
+// Runs a headless command of `tables` (or help, or the version); arguments
+// exclude the program name.
+int run(const QStringList& arguments, CommandTables tables);
+// What every program of the suite does first: names the application
+// (settings folder, version) and lets writes past the file size limit fail
+// with EFBIG, reported and cleaned up after, instead of the signal killing
+// the process with half-written staging files left behind.
+void prepareProcess();
+// A command-line program's whole run: the fitting Qt application (a core
+// one unless the command draws text or needs the window system's screens),
+// then the command.
+int runHeadless(int argc, char** argv, CommandTables tables);
 // The command that starts this program, as users run it (the small
 // `nuboshot` in front of it, when it started this one).
 QString programPath();

@@ -1,11 +1,15 @@
 // `nuboshot`: the command users and desktops run. Key bindings run
 // `nuboshot capture MODE` for every shot, and the whole program (Qt Widgets,
 // FFmpeg and the rest: some 240 libraries) takes about 70 ms to load. So
-// this small program, with Qt Core and D-Bus only, hands a capture to the
-// running tray itself, and for everything else becomes the whole program
-// (exec, same process and arguments).
+// this small program, with Qt Core and D-Bus only, answers --version and
+// --help itself, hands a capture to the running tray, and for everything
+// else becomes the program of the suite that runs the command (exec, same
+// process and arguments): a lean one for the commands that need no window,
+// the whole program for the rest.
 
 #include "shell/BusNames.h"
+#include "shell/CommandPrograms.h"
+#include "shell/MainHelp.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -21,17 +25,17 @@
 
 namespace {
 
-// The whole program: beside this one in a build tree, in libexec once installed.
-std::string programBeside(const std::string& self)
+// A program of the suite: beside this one in a build tree, in libexec once
+// installed.
+std::string programBeside(const std::string& self, const std::string& name)
 {
     const std::string folder = self.substr(0, self.rfind('/') + 1);
-    for (const char* relative : {"nuboshot-app", "../libexec/nuboshot/nuboshot-app"}) {
-        const std::string candidate = folder + relative;
+    for (const std::string& candidate : {folder + name, folder + "../libexec/nuboshot/" + name}) {
         if (::access(candidate.c_str(), X_OK) == 0) {
             return candidate;
         }
     }
-    return folder + "nuboshot-app";
+    return folder + name;
 }
 
 std::string selfPath()
@@ -77,11 +81,21 @@ int askTray(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
+    if (argc == 2 && (std::strcmp(argv[1], "--version") == 0 || std::strcmp(argv[1], "-v") == 0)) {
+        std::puts("nuboshot " NUBOSHOT_VERSION);
+        return 0;
+    }
+    if (argc == 2 && (std::strcmp(argv[1], "--help") == 0 || std::strcmp(argv[1], "-h") == 0 ||
+                      std::strcmp(argv[1], "help") == 0)) {
+        std::fputs(nubo::cli::mainHelp, stdout);
+        return 0;
+    }
     if (const int asked = askTray(argc, argv); asked >= 0) {
         return asked;
     }
     const std::string self = selfPath();
-    const std::string program = programBeside(self);
+    const std::string program =
+        programBeside(self, argc > 1 ? nubo::programs::programFor(argv[1]) : nubo::programs::whole);
     // What the program calls itself in commands it shows and starts.
     ::setenv("NUBOSHOT_PROGRAM", self.c_str(), 1);
     ::execv(program.c_str(), argv);

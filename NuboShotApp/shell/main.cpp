@@ -1,21 +1,13 @@
-#include "shell/CommandLine.h"
+#include "shell/CommandTables.h"
 #include "shell/EditorCommands.h"
 #include "shell/ReviewCommand.h"
 #include "shell/TrayApplication.h"
 
 #include <QApplication>
 
-#include <csignal>
-
 int main(int argc, char** argv)
 {
-    // Past the session's file size limit (ulimit -f) a write fails with
-    // EFBIG, which we report and clean up after; the signal would kill us
-    // with half-written staging files left behind.
-    std::signal(SIGXFSZ, SIG_IGN);
-    QCoreApplication::setOrganizationName(QStringLiteral("NuboShot"));
-    QCoreApplication::setApplicationName(QStringLiteral("NuboShot"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(NUBOSHOT_VERSION));
+    nubo::cli::prepareProcess();
 
     QStringList arguments;
     for (int i = 1; i < argc; ++i) {
@@ -28,19 +20,10 @@ int main(int argc, char** argv)
         return nubo::cli::runReviewCommand(argc, argv, arguments);
     }
     if (nubo::cli::isHeadless(arguments)) {
-        // Commands draw and encode without a screen; only drawing text needs
-        // the (slower to start) GUI application with its fonts.
-        if (nubo::cli::needsFonts(arguments)) {
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-            QGuiApplication app(argc, argv);
-            return nubo::cli::run(arguments);
-        }
-        if (nubo::cli::needsScreens(arguments)) {
-            QGuiApplication app(argc, argv);
-            return nubo::cli::run(arguments);
-        }
-        QCoreApplication app(argc, argv);
-        return nubo::cli::run(arguments);
+        // Run directly, the whole program knows every command.
+        return nubo::cli::runHeadless(argc, argv,
+                                      {nubo::cli::stillCommands, nubo::cli::mediaCommands,
+                                       nubo::cli::uploadCommands});
     }
 
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&

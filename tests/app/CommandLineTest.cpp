@@ -2,6 +2,7 @@
 #include "document/ShotImageFile.h"
 #include "export/ImageWriter.h"
 #include "shell/ArchiveCommands.h"
+#include "shell/CommandPrograms.h"
 #include "support/ArchiveFixtures.h"
 #include "support/Decoders.h"
 #include "support/Process.h"
@@ -71,6 +72,15 @@ TEST(CommandLine, AnswersHelpVersionAndBadUsage)
         if (c.exitCode == 1) {
             EXPECT_EQ(result.err.count(u'\n'), 1) << "one line on failure";
         }
+    }
+    // Every command the front hands to a lean program is one that program
+    // runs (it would answer "unknown command" otherwise).
+    for (const programs::Route& route : programs::routes) {
+        const auto result = runNuboShot({QString::fromUtf8(route.command), QStringLiteral("--help")});
+        EXPECT_EQ(result.exitCode, 0) << route.command << " in " << route.program << ": "
+                                      << result.err.toStdString();
+        EXPECT_TRUE(result.out.contains(QStringLiteral("nuboshot ") + QString::fromUtf8(route.command)))
+            << route.command << ": " << result.out.toStdString();
     }
 }
 
