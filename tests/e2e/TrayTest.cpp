@@ -222,9 +222,9 @@ TEST_F(Tray, CaptureFromTheShellOpensAnEditor)
     EXPECT_EQ(stillThere.exitCode, 0) << stillThere.err.toStdString();
 }
 
-// `nuboshot` is a small program in front of the whole one: it becomes the
-// whole program (the same process) for everything but a capture the running
-// tray can take, and says so plainly when the whole program is missing.
+// `nuboshot` is a small program in front of the others: it becomes the whole
+// program (the same process) for the tray and its windows, a lean one for
+// the commands that need no window, and says so plainly when one is missing.
 TEST_F(Tray, TheCommandInFrontBecomesTheWholeProgram)
 {
     ASSERT_NO_FATAL_FAILURE(startTray());
@@ -243,16 +243,35 @@ TEST_F(Tray, TheCommandInFrontBecomesTheWholeProgram)
     EXPECT_EQ(bogus.exitCode, 2);
     EXPECT_TRUE(bogus.err.contains(QStringLiteral("capture takes area, window"))) << bogus.err.toStdString();
 
+    // Alone, the front still answers what it answers itself, and names the
+    // program of the suite it cannot find for the rest.
     QTemporaryDir alone;
     const QString front = alone.filePath(QStringLiteral("nuboshot"));
     ASSERT_TRUE(QFile::copy(QStringLiteral(NUBOSHOT_BINARY), front));
-    QProcess lonely;
-    lonely.start(front, {"--version"});
-    ASSERT_TRUE(lonely.waitForFinished(10000));
-    EXPECT_EQ(lonely.exitCode(), 1);
-    EXPECT_TRUE(lonely.readAllStandardError().contains("cannot start " +
-                                                     QFile::encodeName(alone.path()) +
-                                                     "/nuboshot-app: No such file or directory"));
+    struct Case {
+        QStringList arguments;
+        int exitCode;
+        QByteArray says; // in its output, or its error
+    };
+    const Case cases[] = {
+        {{"--version"}, 0, "nuboshot 0."},
+        {{"--help"}, 0, "Usage: nuboshot"},
+        {{"grab", "--help"}, 1, "/nuboshot-stills: No such file or directory"},
+        {{"video", "info", "x.mp4"}, 1, "/nuboshot-media: No such file or directory"},
+        {{"upload", "x.png"}, 1, "/nuboshot-upload: No such file or directory"},
+        {{"open", "x.png"}, 1, "/nuboshot-app: No such file or directory"},
+    };
+    for (const Case& c : cases) {
+        QProcess lonely;
+        lonely.start(front, c.arguments);
+        ASSERT_TRUE(lonely.waitForFinished(10000));
+        EXPECT_EQ(lonely.exitCode(), c.exitCode) << c.arguments.join(u' ').toStdString();
+        const QByteArray said = lonely.readAllStandardOutput() + lonely.readAllStandardError();
+        EXPECT_TRUE(said.contains(c.says)) << c.arguments.join(u' ').toStdString() << ": " << said.toStdString();
+        if (c.exitCode == 1) {
+            EXPECT_TRUE(said.contains("cannot start " + QFile::encodeName(alone.path()))) << said.toStdString();
+        }
+    }
 }
 
 TEST_F(Tray, PrintScreenKeysCaptureFromAnywhere)
