@@ -13,6 +13,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QElapsedTimer>
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -153,12 +154,14 @@ int runWindowsCommand(const QStringList& arguments)
                       });
 }
 
-int runGrabCommand(const QStringList& arguments)
+GrabParse parseGrab(const QStringList& arguments, const QDir& workingFolder)
 {
     const QString help = QStringLiteral("grab");
+    const auto usage = [](const QString& message, const QString& command) {
+        return GrabParse{std::nullopt, badUsage, {}, usageText(message, command)};
+    };
     if (arguments.contains(QLatin1String("-h")) || arguments.contains(QLatin1String("--help"))) {
-        std::fputs(grabHelp, stdout);
-        return success;
+        return GrabParse{std::nullopt, success, QString::fromUtf8(grabHelp), {}};
     }
     if (arguments.isEmpty()) {
         return usage(QStringLiteral("grab needs fullscreen, window ID or region X,Y,W,H"), help);
@@ -218,7 +221,7 @@ int runGrabCommand(const QStringList& arguments)
     GrabRequest request;
     request.display = display;
     request.quality = quality;
-    request.output = QFileInfo(output).absoluteFilePath();
+    request.output = QFileInfo(workingFolder, output).absoluteFilePath();
     if (mode == QLatin1String("window") && target == QLatin1String("pick")) {
         request.mode = GrabRequest::Mode::pickedWindow;
     } else if (mode == QLatin1String("window")) {
@@ -245,13 +248,24 @@ int runGrabCommand(const QStringList& arguments)
         request.region = QRectF(numbers[0], numbers[1], numbers[2], numbers[3]);
     }
 
+    return GrabParse{request, success, {}, {}};
+}
+
+int runGrabCommand(const QStringList& arguments)
+{
+    const GrabParse parsed = parseGrab(arguments, QDir::current());
+    if (!parsed.request) {
+        std::fputs(parsed.out.toUtf8().constData(), stdout);
+        std::fputs(parsed.err.toUtf8().constData(), stderr);
+        return parsed.exitCode;
+    }
     try {
         // The running instance has the connection, memory and threads ready.
-        std::optional<QString> written = GrabOverBus::ask(request);
+        std::optional<QString> written = GrabOverBus::ask(*parsed.request);
         if (written) {
             qCDebug(lcCapture) << "Grabbed by the running instance";
         } else {
-            written = request.perform(*loadCapturePlatform()->capturer());
+            written = parsed.request->perform(*loadCapturePlatform()->capturer());
         }
         print(*written);
     } catch (const Error& error) {

@@ -25,31 +25,39 @@ int fail(const QString& message)
     return failure;
 }
 
+QString usageText(const QString& message, const QString& helpCommand)
+{
+    return QStringLiteral("nuboshot: %1\nTry \u201cnuboshot %2--help\u201d.\n")
+        .arg(message, helpCommand.isEmpty() ? QString() : helpCommand + QLatin1Char(' '));
+}
+
 int usage(const QString& message, const QString& helpCommand)
 {
-    print(QStringLiteral("nuboshot: ") + message, stderr);
-    print(QStringLiteral("Try \u201cnuboshot %1--help\u201d.")
-              .arg(helpCommand.isEmpty() ? QString() : helpCommand + QLatin1Char(' ')),
-          stderr);
+    std::fputs(usageText(message, helpCommand).toUtf8().constData(), stderr);
     return badUsage;
 }
 
 int failWith(const Error& error)
+{
+    return fail(failureText(error));
+}
+
+QString failureText(const Error& error)
 {
     if (const auto* archive = dynamic_cast<const ArchiveError*>(&error)) {
         QString line = error.message() + QStringLiteral(" (%1").arg(toString(archive->code()));
         if (!archive->detail().isEmpty()) {
             line += QStringLiteral(": ") + archive->detail();
         }
-        return fail(line + QLatin1Char(')'));
+        return line + QLatin1Char(')');
     }
     // The capture messages are short on purpose; here, as in the
     // log, the real cause follows them.
     if (const auto* capture = dynamic_cast<const CaptureError*>(&error);
         capture && !capture->detail().isEmpty()) {
-        return fail(QStringLiteral("%1 (%2)").arg(error.message(), capture->detail()));
+        return QStringLiteral("%1 (%2)").arg(error.message(), capture->detail());
     }
-    return fail(error.message());
+    return error.message();
 }
 
 QString programPath()

@@ -51,7 +51,11 @@ QString programPath();
 void print(const QString& text, std::FILE* stream = stdout);
 int fail(const QString& message);
 int usage(const QString& message, const QString& helpCommand = {});
+// The two lines of a usage error, as usage() prints them.
+QString usageText(const QString& message, const QString& helpCommand = {});
 // One line for an engine error; archive errors name their case and detail.
 int failWith(const Error& error);
+// That line's text, without "nuboshot: ".
+QString failureText(const Error& error);
 
 } // namespace nubo::cli

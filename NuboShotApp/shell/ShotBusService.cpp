@@ -1,6 +1,8 @@
 #include "shell/ShotBusService.h"
 
 #include "capture/CapturePlatform.h"
+#include "shell/CaptureCommands.h"
+#include "shell/CommandLine.h"
 #include "shell/GrabRequest.h"
 #include "shell/RecordingOverBus.h"
 #include "shell/RecordingTargetWords.h"
@@ -67,22 +69,30 @@ void ShotBusService::Annotate(const QStringList& files, const QDBusMessage& mess
     OpenImage(files, message);
 }
 
+bool ShotBusService::capturesFor(const QString& xDisplay, const QDBusMessage& message)
+{
+    const bool ours = m_platform->problem().isEmpty();
+    if (xDisplay == qEnvironmentVariable("DISPLAY") && ours) {
+        return true;
+    }
+    // Another X display than ours, or none we can capture: the caller
+    // captures by itself (and says why it cannot, if so).
+    message.setDelayedReply(true);
+    QDBusConnection::sessionBus().send(message.createErrorReply(
+        QStringLiteral("org.freedesktop.DBus.Error.NotSupported"),
+        ours ? QStringLiteral("This instance shows on another display.")
+             : QStringLiteral("This instance cannot capture this desktop.")));
+    return false;
+}
+
 QString ShotBusService::Grab(int mode, qlonglong display, qlonglong window,
                              const QVariantList& region, const QString& output, double quality,
                              const QString& xDisplay, const QDBusMessage& message)
 {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    const bool ours = m_platform->problem().isEmpty();
-    if (xDisplay != qEnvironmentVariable("DISPLAY") || !ours) {
-        // Another X display than ours, or none we can capture: the caller
-        // captures by itself (and says why it cannot, if so).
-        bus.send(message.createErrorReply(
-            QStringLiteral("org.freedesktop.DBus.Error.NotSupported"),
-            ours ? QStringLiteral("This instance shows on another display.")
-                 : QStringLiteral("This instance cannot capture this desktop.")));
-        message.setDelayedReply(true);
+    if (!capturesFor(xDisplay, message)) {
         return {};
     }
+    QDBusConnection bus = QDBusConnection::sessionBus();
     message.setDelayedReply(true);
     GrabRequest request;
     try {
@@ -104,6 +114,37 @@ QString ShotBusService::Grab(int mode, qlonglong display, qlonglong window,
         bus.send(reply);
     });
     return {};
+}
+
+void ShotBusService::GrabCommand(const QStringList& arguments, const QString& workingFolder,
+                                 const QString& xDisplay, const QDBusMessage& message)
+{
+    if (!QDir::isAbsolutePath(workingFolder) || !capturesFor(xDisplay, message)) {
+        if (!message.isDelayedReply()) {
+            message.setDelayedReply(true);
+            QDBusConnection::sessionBus().send(message.createErrorReply(
+                QStringLiteral("org.freedesktop.DBus.Error.NotSupported"),
+                QStringLiteral("The working folder is not an absolute path.")));
+        }
+        return;
+    }
+    message.setDelayedReply(true);
+    const auto answer = [message](int exitCode, const QString& out, const QString& err) {
+        QDBusConnection::sessionBus().send(message.createReply({exitCode, out, err}));
+    };
+    const cli::GrabParse parsed = cli::parseGrab(arguments, QDir(workingFolder));
+    if (!parsed.request) {
+        answer(parsed.exitCode, parsed.out, parsed.err);
+        return;
+    }
+    QThreadPool::globalInstance()->start([request = *parsed.request, answer,
+                                          capturer = m_platform->capturer()] {
+        try {
+            answer(cli::success, request.perform(*capturer) + u'\n', {});
+        } catch (const Error& error) {
+            answer(cli::failure, {}, QStringLiteral("nuboshot: %1\n").arg(cli::failureText(error)));
+        }
+    });
 }
 
 } // namespace nubo

@@ -35,6 +35,12 @@ public slots:
                  const QString& output, double quality, const QString& xDisplay,
                  const QDBusMessage& message);
 
+    // "nuboshot grab ARGUMENTS" run in `workingFolder`, asked by the front
+    // program: answers the command's exit code and what it prints on
+    // standard output and standard error.
+    void GrabCommand(const QStringList& arguments, const QString& workingFolder,
+                     const QString& xDisplay, const QDBusMessage& message);
+
     // "Record Screen" as the menu does it (the .desktop action, scripts).
     void RecordScreen(const QDBusMessage& message);
     // The recording shortcut: Record Screen, or stop the recording under way.
@@ -57,6 +63,9 @@ signals:
 private:
     void recordingStateChanged(const RecordingState& state);
     bool refuse(const QDBusMessage& message, const Error& error);
+    // Whether this instance captures for a caller on `xDisplay`; otherwise
+    // the caller is told NotSupported (it captures by itself).
+    bool capturesFor(const QString& xDisplay, const QDBusMessage& message);
     QList<QDBusMessage> m_stopping; // answered when the movie is complete
 
     std::shared_ptr<CapturePlatform> m_platform;

@@ -226,8 +226,9 @@ int runExport(const QStringList& arguments)
 
 int runVideoCommand(const QStringList& arguments)
 {
-    if (arguments.isEmpty() || arguments.first() == QLatin1String("-h") ||
-        arguments.first() == QLatin1String("--help")) {
+    // Help wherever it is asked: "video export --help" as "video --help".
+    if (arguments.isEmpty() || arguments.contains(QLatin1String("-h")) ||
+        arguments.contains(QLatin1String("--help"))) {
         std::fputs(videoHelp, arguments.isEmpty() ? stderr : stdout);
         return arguments.isEmpty() ? badUsage : success;
     }

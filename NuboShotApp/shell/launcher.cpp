@@ -15,6 +15,8 @@
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDir>
+#include <QLoggingCategory>
 
 #include <cerrno>
 #include <cstdio>
@@ -77,6 +79,56 @@ int askTray(int argc, char** argv)
     return 0;
 }
 
+// The capture category of the whole program (core/Logging), which this
+// small program does not link: "Grabbed by the running instance" shows where
+// the capture debug lines do.
+Q_LOGGING_CATEGORY(lcCapture, "com.corvane.lab.nuboshot.capture", QtWarningMsg)
+
+// "nuboshot grab …" answered by the running tray, where everything is warm;
+// -1 when there is none to ask (or it captures another display).
+int askTrayToGrab(int argc, char** argv)
+{
+    if (argc < 2 || std::strcmp(argv[1], "grab") != 0) {
+        return -1;
+    }
+    QCoreApplication app(argc, argv);
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(QLatin1String(nubo::bus::name))) {
+        return -1;
+    }
+    QStringList arguments;
+    for (int i = 2; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        QLatin1String(nubo::bus::name), QLatin1String(nubo::bus::path),
+        QLatin1String(nubo::bus::interface), QStringLiteral("GrabCommand"));
+    call.setArguments({arguments, QDir::currentPath(), qEnvironmentVariable("DISPLAY")});
+    call.setAutoStartService(false);
+    const QDBusMessage reply = bus.call(call, QDBus::Block, 60000);
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 3) {
+        const QString name = reply.errorName();
+        if (name.startsWith(QLatin1String("org.freedesktop.DBus.Error.ServiceUnknown")) ||
+            name == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner") ||
+            name == QLatin1String("org.freedesktop.DBus.Error.NotSupported") ||
+            name == QLatin1String("org.freedesktop.DBus.Error.UnknownMethod")) {
+            return -1; // the grab happens here, in the stills program
+        }
+        // Any other answer (a time-out above all) may mean the tray is still
+        // at work: grabbing here as well could write the file twice.
+        std::fprintf(stderr, "nuboshot: The running Nubo Shot did not finish the grab: %s\n",
+                     qUtf8Printable(reply.errorMessage().isEmpty() ? name : reply.errorMessage()));
+        return 1;
+    }
+    const int exitCode = reply.arguments().at(0).toInt();
+    if (exitCode == 0) {
+        qCDebug(lcCapture) << "Grabbed by the running instance";
+    }
+    std::fputs(reply.arguments().at(1).toString().toUtf8().constData(), stdout);
+    std::fputs(reply.arguments().at(2).toString().toUtf8().constData(), stderr);
+    return exitCode;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -92,6 +144,9 @@ int main(int argc, char** argv)
     }
     if (const int asked = askTray(argc, argv); asked >= 0) {
         return asked;
+    }
+    if (const int grabbed = askTrayToGrab(argc, argv); grabbed >= 0) {
+        return grabbed;
     }
     const std::string self = selfPath();
     const std::string program =

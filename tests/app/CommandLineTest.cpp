@@ -41,6 +41,8 @@ TEST(CommandLine, AnswersHelpVersionAndBadUsage)
         {{"displays", "--frobnicate"}, 2, "", "unknown argument"},
         {{"annotate"}, 2, "", "annotate needs one or more images"},
         {{"video", "--help"}, 0, "nuboshot video export SOURCE -o FILE", ""},
+        {{"video", "export", "movie.mp4", "--help"}, 0, "nuboshot video export SOURCE -o FILE", ""},
+        {{"video", "info", "-h"}, 0, "nuboshot video info FILE", ""},
         {{"video", "export", "movie.mp4"}, 2, "", "the output file is missing"},
         {{"video", "export", "movie.mp4", "-o", "x.mp4", "--cut", "3-2"}, 2, "", "is not a stretch START-END"},
         {{"video", "export", "movie.mp4", "-o", "x.mp4", "--blur", "0,0,2,1@1-2"}, 2, "", "is not X,Y,W,H@START-END"},

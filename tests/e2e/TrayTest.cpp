@@ -137,6 +137,32 @@ TEST_F(Tray, GrabsAskTheRunningInstance)
     EXPECT_EQ(refused.exitCode, 1);
     EXPECT_TRUE(refused.err.contains(QStringLiteral("No screen content is available.")))
         << refused.err.toStdString();
+    // A relative file is the caller's, not the tray's; usage and help come
+    // back as the command prints them.
+    struct Case {
+        QStringList arguments;
+        int exitCode;
+        const char* out;
+        const char* err;
+    };
+    const Case cases[] = {
+        {{"grab", "region", "600,400,40,30", "-o", "relative.png"}, 0, "/relative.png", "Grabbed by the running instance"},
+        {{"grab", "region", "1,2,3", "-o", "x.png"}, 2, "", "a region is X,Y,WIDTH,HEIGHT\nTry \u201cnuboshot grab --help\u201d."},
+        {{"grab", "--help"}, 0, "Usage: nuboshot grab fullscreen", ""},
+    };
+    for (const Case& c : cases) {
+        QProcess command;
+        command.setProcessEnvironment(environment);
+        command.setWorkingDirectory(dir.path());
+        command.start(QStringLiteral(NUBOSHOT_BINARY), c.arguments);
+        ASSERT_TRUE(command.waitForFinished(30000));
+        const QString out = QString::fromUtf8(command.readAllStandardOutput());
+        const QString err = QString::fromUtf8(command.readAllStandardError());
+        EXPECT_EQ(command.exitCode(), c.exitCode) << err.toStdString();
+        EXPECT_TRUE(out.contains(QString::fromUtf8(c.out))) << out.toStdString();
+        EXPECT_TRUE(err.contains(QString::fromUtf8(c.err))) << err.toStdString();
+    }
+    EXPECT_EQ(QImage(dir.filePath(QStringLiteral("relative.png"))).size(), QSize(40, 30));
 
     // Our tray icon lives inside the panel; the panel still shows in captures.
     const QString full = dir.filePath(QStringLiteral("full.png"));
@@ -256,7 +282,8 @@ TEST_F(Tray, TheCommandInFrontBecomesTheWholeProgram)
     const Case cases[] = {
         {{"--version"}, 0, "nuboshot 0."},
         {{"--help"}, 0, "Usage: nuboshot"},
-        {{"grab", "--help"}, 1, "/nuboshot-stills: No such file or directory"},
+        {{"displays", "--help"}, 1, "/nuboshot-stills: No such file or directory"},
+        {{"grab", "--help"}, 0, "Usage: nuboshot grab"}, // the running tray answers grabs
         {{"video", "info", "x.mp4"}, 1, "/nuboshot-media: No such file or directory"},
         {{"upload", "x.png"}, 1, "/nuboshot-upload: No such file or directory"},
         {{"open", "x.png"}, 1, "/nuboshot-app: No such file or directory"},
