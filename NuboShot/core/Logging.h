@@ -18,3 +18,5 @@ Q_DECLARE_LOGGING_CATEGORY(lcScrolling)
 Q_DECLARE_LOGGING_CATEGORY(lcSettings)
 Q_DECLARE_LOGGING_CATEGORY(lcUpload)
 Q_DECLARE_LOGGING_CATEGORY(lcVideoEdit)
+// FFmpeg's own lines, at debug level only.
+Q_DECLARE_LOGGING_CATEGORY(lcMedia)

@@ -50,7 +50,7 @@ RecordingEncoderSupport probe()
     if (const QString h264 = best(RecordingCodec::h264); h264 == QLatin1String("h264_vaapi")) {
         support.h264Hardware = h264;
     }
-    qCInfo(lcRecordingWriter, "Hardware video encoders: H.264 %s, HEVC %s",
+    qCDebug(lcRecordingWriter, "Hardware video encoders: H.264 %s, HEVC %s",
            support.h264Hardware.isEmpty() ? "none" : qPrintable(support.h264Hardware),
            support.hevc.isEmpty() ? "none" : qPrintable(support.hevc));
     return support;
@@ -100,8 +100,10 @@ std::unique_ptr<RecordingVideoEncoder> RecordingVideoEncoder::open(RecordingCode
     if (!refusal) {
         throw RecordingError(RecordingError::Code::codecUnsupported);
     }
-    qCWarning(lcRecordingWriter, "Writer failure operation=openEncoder status=%d errors=%s",
-              refusal->second, qPrintable(mediaErrorText(refusal->second)));
+    if (!probing) { // a probe that finds no hardware encoder is no failure
+        qCWarning(lcRecordingWriter, "Writer failure operation=openEncoder status=%d errors=%s",
+                  refusal->second, qPrintable(mediaErrorText(refusal->second)));
+    }
     throw RecordingError(RecordingError::Code::writerFailed,
                          mediaErrorText(refusal->second) + QLatin1Char('.'));
 }

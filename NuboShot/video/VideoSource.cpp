@@ -54,14 +54,6 @@ void fail(int status)
 
 Input::Input(const QString& file)
 {
-    // FFmpeg's chatter (the encoders' statistics) stays out of the terminal
-    // and the journal; its errors are ours to word.
-    static std::once_flag quiet;
-    std::call_once(quiet, [] {
-        if (av_log_get_level() == AV_LOG_INFO) {
-            av_log_set_level(AV_LOG_ERROR);
-        }
-    });
     // Opened as a file only: a pipe would hold the reader until someone writes.
     if (const std::optional<QString> kind = FileWriting::specialKind(file)) {
         throw VideoEditError(VideoEditError::Code::exportFailed,

@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 
 #include <csignal>
 
@@ -113,6 +114,11 @@ int run(const QStringList& arguments, CommandTables tables)
 void prepareProcess()
 {
     std::signal(SIGXFSZ, SIG_IGN);
+    // NUBOSHOT_DEBUG=1 shows every line of ours, FFmpeg's among them (Qt's
+    // QT_LOGGING_RULES still decides over it).
+    if (const QByteArray debug = qgetenv("NUBOSHOT_DEBUG"); !debug.isEmpty() && debug != "0") {
+        QLoggingCategory::setFilterRules(QStringLiteral("com.corvane.lab.nuboshot.*.debug=true"));
+    }
     QCoreApplication::setOrganizationName(QStringLiteral("NuboShot"));
     QCoreApplication::setApplicationName(QStringLiteral("NuboShot"));
     QCoreApplication::setApplicationVersion(QStringLiteral(NUBOSHOT_VERSION));

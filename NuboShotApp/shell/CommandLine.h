@@ -35,7 +35,8 @@ using CommandTables = std::initializer_list<std::span<const Command>>;
 // exclude the program name.
 int run(const QStringList& arguments, CommandTables tables);
 // What every program of the suite does first: names the application
-// (settings folder, version) and lets writes past the file size limit fail
+// (settings folder, version), turns on every debug line of ours when
+// NUBOSHOT_DEBUG is set, and lets writes past the file size limit fail
 // with EFBIG, reported and cleaned up after, instead of the signal killing
 // the process with half-written staging files left behind.
 void prepareProcess();

@@ -92,6 +92,9 @@ int askTrayToGrab(int argc, char** argv)
         return -1;
     }
     QCoreApplication app(argc, argv);
+    if (const QByteArray debug = qgetenv("NUBOSHOT_DEBUG"); !debug.isEmpty() && debug != "0") {
+        QLoggingCategory::setFilterRules(QStringLiteral("com.corvane.lab.nuboshot.*.debug=true"));
+    }
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(QLatin1String(nubo::bus::name))) {
         return -1;

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QSet>
+#include <QLoggingCategory>
 #include <QTemporaryDir>
 
 extern "C" {
@@ -233,6 +234,40 @@ TEST(VideoExport, BlurCropScaleAndMuteChangeOnlyWhatTheySay)
     EXPECT_EQ(copied->encodedFrames, 0);
     EXPECT_FALSE(hasAudioStream(mutedFile));
     EXPECT_EQ(counters(test::decodeMovie(mutedFile)), expectedFrames(muted));
+}
+
+// FFmpeg's own lines (x264's statistics among them) reach the log only in
+// the media category at debug level, never as warnings or on the terminal.
+TEST(VideoExport, FFmpegsOwnLinesAreDebugLinesOfTheMediaCategory)
+{
+    static QStringList seen;
+    const QtMessageHandler previous = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext& context, const QString& text) {
+            seen << QStringLiteral("%1 %2 %3").arg(int(type)).arg(QLatin1String(context.category), text);
+        });
+    QTemporaryDir dir;
+    const VideoSourceInfo info = VideoSourceInfo::read(counterMovie());
+    VideoEditList list = VideoEditList::opened(counterMovie(), info.duration);
+    list.addBlur(QRectF(0.5, 0.25, 0.25, 0.5), VideoTimeRange::between(s(1), s(2)));
+    list.setOutPoint(s(3), info.duration, info.frameDuration);
+    struct Case {
+        const char* rules;
+        bool x264Seen;
+    };
+    const Case cases[] = {{"", false}, {"com.corvane.lab.nuboshot.media.debug=true", true}};
+    for (const Case& c : cases) {
+        seen.clear();
+        QLoggingCategory::setFilterRules(QString::fromUtf8(c.rules));
+        ASSERT_TRUE(exportTo(list, dir.filePath("out.mp4"))) << c.rules;
+        const QStringList x264 = seen.filter(QStringLiteral("libx264"));
+        EXPECT_EQ(!x264.isEmpty(), c.x264Seen) << c.rules << ": " << seen.join(u'\n').toStdString();
+        for (const QString& line : x264) {
+            EXPECT_TRUE(line.startsWith(QStringLiteral("0 com.corvane.lab.nuboshot.media ")))
+                << line.toStdString(); // QtDebugMsg is 0
+        }
+    }
+    QLoggingCategory::setFilterRules({});
+    qInstallMessageHandler(previous);
 }
 
 TEST(VideoExport, ScalesTallRecordingsTo720Lines)
