@@ -351,7 +351,7 @@ TEST_F(OverlayFraming, TheScrollingVariantTakesOnlyAnArea)
     EXPECT_EQ(area->rect, QRectF(310, 210, 190, 140));
 }
 
-TEST(ShotStatusMenu, ItemsInTheDesignedOrder)
+TEST(ShotStatusMenu, OffersItsItemsInOrderAndRunsThem)
 {
     CaptureMode chosen = CaptureMode::fullscreen;
     bool opened = false, quit = false;
