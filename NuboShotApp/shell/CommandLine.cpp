@@ -85,7 +85,9 @@ bool needsScreens(const QStringList& arguments)
 
 bool needsFonts(const QStringList& arguments)
 {
-    return !arguments.isEmpty() && arguments.first() == QLatin1String("export");
+    // Its help draws nothing.
+    return !arguments.isEmpty() && arguments.first() == QLatin1String("export") &&
+           !arguments.contains(QLatin1String("-h")) && !arguments.contains(QLatin1String("--help"));
 }
 
 int run(const QStringList& arguments, CommandTables tables)
