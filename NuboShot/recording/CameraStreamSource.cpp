@@ -20,11 +20,14 @@
 
 extern "C" {
 #include <libavcodec/avcodec.h>
-#include <libavdevice/avdevice.h>
+#include <libavdevice/version.h>
+#include <libavutil/macros.h>
 #include <libavformat/avformat.h>
 #include <libavutil/imgutils.h>
 #include <libswscale/swscale.h>
 }
+
+#include <dlfcn.h>
 
 namespace nubo {
 
@@ -73,10 +76,39 @@ struct CameraStreamSource::Stream {
     AVRational timeBase{1, 30};
 };
 
+namespace {
+
+// FFmpeg's device library (cameras through video4linux2) brings some eighty
+// libraries with it (SDL, OpenAL, JACK…) that every start of the program
+// would load; it is loaded here, when a camera is first opened. Empty when
+// it registered its devices, else why not.
+QString loadDevices()
+{
+    static QString problem;
+    static std::once_flag once;
+    std::call_once(once, [] {
+        const char* name = "libavdevice.so." AV_STRINGIFY(LIBAVDEVICE_VERSION_MAJOR);
+        void* library = ::dlopen(name, RTLD_NOW | RTLD_LOCAL);
+        const auto registerAll =
+            library ? reinterpret_cast<void (*)()>(::dlsym(library, "avdevice_register_all"))
+                    : nullptr;
+        if (!registerAll) {
+            problem = QStringLiteral("FFmpeg's device library %1 could not be loaded (%2); "
+                                     "install the package libavdevice%3.")
+                          .arg(QLatin1String(name), QString::fromLocal8Bit(::dlerror()))
+                          .arg(LIBAVDEVICE_VERSION_MAJOR);
+            return;
+        }
+        registerAll();
+    });
+    return problem;
+}
+
+} // namespace
+
 CameraStreamSource::CameraStreamSource(const QString& id) : m_id(id), m_stream(std::make_unique<Stream>())
 {
-    static std::once_flag devices;
-    std::call_once(devices, [] { avdevice_register_all(); });
+    const QString devicesProblem = loadDevices();
     Stream& s = *m_stream;
     const QByteArray path = QFile::encodeName(id);
     const bool device = isCharacterDevice(id);
@@ -87,6 +119,12 @@ CameraStreamSource::CameraStreamSource(const QString& id) : m_id(id), m_stream(s
     // A camera: MJPEG at about 640 × 360 first (cheap to move and decode),
     // then MJPEG at any size, then whatever it gives.
     const AVInputFormat* input = device ? av_find_input_format("video4linux2") : nullptr;
+    if (device && !input) {
+        throw Error(QStringLiteral("The camera \u201c%1\u201d cannot be opened: %2")
+                        .arg(id, devicesProblem.isEmpty()
+                                     ? QStringLiteral("FFmpeg has no video4linux2 input.")
+                                     : devicesProblem));
+    }
     const std::vector<std::vector<std::pair<const char*, const char*>>> attempts =
         device ? std::vector<std::vector<std::pair<const char*, const char*>>>{
                      {{"input_format", "mjpeg"}, {"video_size", "640x360"}, {"framerate", "30"}},

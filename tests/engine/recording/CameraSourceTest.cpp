@@ -125,6 +125,20 @@ TEST_F(CameraSource, NoCameraAndBadStreamsAreErrorsNamingTheCause)
         }
     }
 
+    // A device goes through FFmpeg's device library, loaded on first use
+    // (not linked): /dev/null is a device, not a camera, and says so.
+    try {
+        CameraStreamSource source(QStringLiteral("/dev/null"));
+        ADD_FAILURE() << "/dev/null opened as a camera";
+    } catch (const Error& error) {
+        const QString message = error.message();
+        EXPECT_TRUE(message.startsWith(QStringLiteral("The camera \u201c/dev/null\u201d cannot be opened: ")))
+            << message.toStdString();
+        EXPECT_FALSE(message.contains(QLatin1String("video4linux2")) ||
+                     message.contains(QLatin1String("could not be loaded")))
+            << "the device library is not there: " << message.toStdString();
+    }
+
     // This machine has no camera: none is listed and none is chosen, unless
     // the stored one is a stream file.
     const bool anyVideoDevice =
