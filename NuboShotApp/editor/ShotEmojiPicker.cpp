@@ -2,6 +2,7 @@
 
 #include "core/Settings.h"
 #include "editor/EmojiCatalog.h"
+#include "render/ShotFonts.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
@@ -17,13 +18,6 @@ namespace nubo {
 
 namespace {
 
-QFont emojiFont(int pixels)
-{
-    QFont font(QStringLiteral("Noto Color Emoji"));
-    font.setPixelSize(pixels);
-    return font;
-}
-
 QToolButton* emojiButton(const QString& emoji, const QString& tip, QWidget* parent)
 {
     auto* button = new QToolButton(parent);
@@ -32,12 +26,21 @@ QToolButton* emojiButton(const QString& emoji, const QString& tip, QWidget* pare
     button->setAccessibleName(tip);
     button->setCheckable(true);
     button->setAutoRaise(true);
-    button->setFont(emojiFont(18));
+    button->setFont(ShotEmojiPicker::screenFont(18));
     button->setFixedSize(34, 32);
     return button;
 }
 
 } // namespace
+
+QFont ShotEmojiPicker::screenFont(int pixels)
+{
+    // On screen, at a pixel size, and free to use the colour bitmaps
+    // (ShotFonts::emojiFont is for drawing shots: outlines, in points).
+    QFont font(ShotFonts::emojiCandidate());
+    font.setPixelSize(pixels);
+    return font;
+}
 
 ShotEmojiPicker::ShotEmojiPicker(const EmojiCatalog& catalog, ShotPreferences& preferences,
                                  QWidget* parent)
@@ -67,7 +70,7 @@ ShotEmojiPicker::ShotEmojiPicker(const EmojiCatalog& catalog, ShotPreferences& p
             tone == 0 ? hand : hand + QString::fromUcs4(std::array{char32_t(0x1F3FA + tone)}.data(), 1);
         QToolButton* button = emojiButton(face, QString::fromUtf8(toneNames[tone]), this);
         button->setFixedSize(28, 28);
-        button->setFont(emojiFont(15));
+        button->setFont(ShotEmojiPicker::screenFont(15));
         m_tones->addButton(button, tone);
         top->addWidget(button);
     }
@@ -98,7 +101,7 @@ ShotEmojiPicker::ShotEmojiPicker(const EmojiCatalog& catalog, ShotPreferences& p
     m_grid->setResizeMode(QListView::Adjust);
     m_grid->setUniformItemSizes(true);
     m_grid->setGridSize(QSize(44, 44));
-    m_grid->setFont(emojiFont(28));
+    m_grid->setFont(ShotEmojiPicker::screenFont(28));
     m_grid->setMouseTracking(true);
     m_grid->setMinimumSize(9 * 44 + 24, 6 * 44 + 4);
     m_grid->setSelectionMode(QAbstractItemView::SingleSelection);

@@ -25,6 +25,9 @@ public:
     ShotEmojiPicker(const EmojiCatalog& catalog, ShotPreferences& preferences,
                     QWidget* parent = nullptr);
 
+    // The colour emoji font for widgets, `pixels` tall.
+    static QFont screenFont(int pixels);
+
     // Shows the picker under `anchor`, on its screen, with the search field
     // taking the keys.
     void popUp(QWidget* anchor);

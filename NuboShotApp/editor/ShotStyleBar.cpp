@@ -165,9 +165,7 @@ ShotStyleBar::ShotStyleBar(ShotEditorModel& model, ShotPreferences& preferences,
     // The emoji in use, large; a click opens the picker.
     m_emoji = new QToolButton(this);
     m_emoji->setObjectName(QStringLiteral("emoji"));
-    QFont emojiFont(QStringLiteral("Noto Color Emoji"));
-    emojiFont.setPixelSize(20);
-    m_emoji->setFont(emojiFont);
+    m_emoji->setFont(ShotEmojiPicker::screenFont(20));
     m_emoji->setToolTip(QStringLiteral("Choose the emoji"));
     m_emoji->setAutoRaise(true);
     if (const QString last = m_preferences.string(keys::emojiRecent).value_or(QString()).section(u' ', 0, 0);

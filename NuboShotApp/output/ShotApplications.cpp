@@ -20,30 +20,16 @@ namespace {
 
 constexpr char ownEntry[] = "com.corvane.lab.nuboshot.desktop";
 
+// The XDG data and config folders, the user's first (Qt reads
+// XDG_DATA_HOME, XDG_DATA_DIRS, XDG_CONFIG_HOME and XDG_CONFIG_DIRS).
 QStringList dataDirs()
 {
-    QString home = qEnvironmentVariable("XDG_DATA_HOME");
-    if (home.isEmpty()) {
-        home = QDir::homePath() + QStringLiteral("/.local/share");
-    }
-    QString system = qEnvironmentVariable("XDG_DATA_DIRS");
-    if (system.isEmpty()) {
-        system = QStringLiteral("/usr/local/share:/usr/share");
-    }
-    return QStringList{home} + system.split(u':', Qt::SkipEmptyParts);
+    return QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
 }
 
 QStringList configDirs()
 {
-    QString home = qEnvironmentVariable("XDG_CONFIG_HOME");
-    if (home.isEmpty()) {
-        home = QDir::homePath() + QStringLiteral("/.config");
-    }
-    QString system = qEnvironmentVariable("XDG_CONFIG_DIRS");
-    if (system.isEmpty()) {
-        system = QStringLiteral("/etc/xdg");
-    }
-    return QStringList{home} + system.split(u':', Qt::SkipEmptyParts);
+    return QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation);
 }
 
 // The keys of one group of a desktop-entry style file, values unescaped

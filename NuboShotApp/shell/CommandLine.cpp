@@ -2,12 +2,12 @@
 
 #include "capture/CaptureTypes.h"
 #include "document/ShotDocumentArchive.h"
+#include "shell/DebugSwitch.h"
 #include "shell/MainHelp.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QLoggingCategory>
 
 #include <csignal>
 
@@ -116,11 +116,7 @@ int run(const QStringList& arguments, CommandTables tables)
 void prepareProcess()
 {
     std::signal(SIGXFSZ, SIG_IGN);
-    // NUBOSHOT_DEBUG=1 shows every line of ours, FFmpeg's among them (Qt's
-    // QT_LOGGING_RULES still decides over it).
-    if (const QByteArray debug = qgetenv("NUBOSHOT_DEBUG"); !debug.isEmpty() && debug != "0") {
-        QLoggingCategory::setFilterRules(QStringLiteral("com.corvane.lab.nuboshot.*.debug=true"));
-    }
+    followDebugSwitch();
     QCoreApplication::setOrganizationName(QStringLiteral("NuboShot"));
     QCoreApplication::setApplicationName(QStringLiteral("NuboShot"));
     QCoreApplication::setApplicationVersion(QStringLiteral(NUBOSHOT_VERSION));

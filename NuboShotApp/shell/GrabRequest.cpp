@@ -206,10 +206,7 @@ std::optional<QString> GrabOverBus::ask(const GrabRequest& request)
     const QString name = reply.errorName();
     // No instance, or one on another display or without a capture backend:
     // capturing here is the only capture there will be.
-    if (name == QLatin1String("org.freedesktop.DBus.Error.ServiceUnknown") ||
-        name == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner") ||
-        name == QLatin1String("org.freedesktop.DBus.Error.NotSupported") ||
-        name == QLatin1String("org.freedesktop.DBus.Error.UnknownMethod")) {
+    if (bus::meansNobodyToAsk(name.toUtf8().constData())) {
         return std::nullopt;
     }
     if (name == QLatin1String(errorName)) {

@@ -119,13 +119,13 @@ QString ShotBusService::Grab(int mode, qlonglong display, qlonglong window,
 void ShotBusService::GrabCommand(const QStringList& arguments, const QString& workingFolder,
                                  const QString& xDisplay, const QDBusMessage& message)
 {
-    if (!QDir::isAbsolutePath(workingFolder) || !capturesFor(xDisplay, message)) {
-        if (!message.isDelayedReply()) {
-            message.setDelayedReply(true);
-            QDBusConnection::sessionBus().send(message.createErrorReply(
-                QStringLiteral("org.freedesktop.DBus.Error.NotSupported"),
-                QStringLiteral("The working folder is not an absolute path.")));
-        }
+    if (!QDir::isAbsolutePath(workingFolder)) {
+        refuse(message, Error(QStringLiteral("Grab refused: the working folder \u201c%1\u201d is not "
+                                             "an absolute path.")
+                                  .arg(workingFolder)));
+        return;
+    }
+    if (!capturesFor(xDisplay, message)) {
         return;
     }
     message.setDelayedReply(true);

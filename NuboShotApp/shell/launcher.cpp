@@ -9,6 +9,7 @@
 
 #include "shell/BusNames.h"
 #include "shell/CommandPrograms.h"
+#include "shell/DebugSwitch.h"
 #include "shell/MainHelp.h"
 
 #include <QCoreApplication>
@@ -92,9 +93,7 @@ int askTrayToGrab(int argc, char** argv)
         return -1;
     }
     QCoreApplication app(argc, argv);
-    if (const QByteArray debug = qgetenv("NUBOSHOT_DEBUG"); !debug.isEmpty() && debug != "0") {
-        QLoggingCategory::setFilterRules(QStringLiteral("com.corvane.lab.nuboshot.*.debug=true"));
-    }
+    nubo::followDebugSwitch();
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(QLatin1String(nubo::bus::name))) {
         return -1;
@@ -111,10 +110,7 @@ int askTrayToGrab(int argc, char** argv)
     const QDBusMessage reply = bus.call(call, QDBus::Block, 60000);
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 3) {
         const QString name = reply.errorName();
-        if (name.startsWith(QLatin1String("org.freedesktop.DBus.Error.ServiceUnknown")) ||
-            name == QLatin1String("org.freedesktop.DBus.Error.NameHasNoOwner") ||
-            name == QLatin1String("org.freedesktop.DBus.Error.NotSupported") ||
-            name == QLatin1String("org.freedesktop.DBus.Error.UnknownMethod")) {
+        if (nubo::bus::meansNobodyToAsk(name.toUtf8().constData())) {
             return -1; // the grab happens here, in the stills program
         }
         // Any other answer (a time-out above all) may mean the tray is still
