@@ -8,6 +8,12 @@ namespace nubo {
 
 namespace {
 
+inline uint32_t toRgba(uint32_t p, uint32_t alphaMask, uint32_t alphaFill)
+{
+    // 0xAARRGGBB in, R, G, B, A in memory out
+    return (p & alphaMask) | alphaFill | ((p & 0xFFu) << 16) | (p & 0xFF00u) | ((p >> 16) & 0xFFu);
+}
+
 void convertRows(const QImage& in, QImage& out, int first, int last, uint32_t alphaMask,
                  uint32_t alphaFill)
 {
@@ -16,10 +22,33 @@ void convertRows(const QImage& in, QImage& out, int first, int last, uint32_t al
         const auto* __restrict source = reinterpret_cast<const uint32_t*>(in.constScanLine(y));
         auto* __restrict target = reinterpret_cast<uint32_t*>(out.scanLine(y));
         for (int x = 0; x < width; ++x) {
-            const uint32_t p = source[x]; // 0xAARRGGBB
-            target[x] = (p & alphaMask) | alphaFill | ((p & 0xFFu) << 16) | (p & 0xFF00u) |
-                        ((p >> 16) & 0xFFu);
+            target[x] = toRgba(source[x], alphaMask, alphaFill);
         }
+    }
+}
+
+// One pointer read and written: the compiler vectorises it without the
+// overlap check that two pointers to the same memory would fail.
+void convertRowsInPlace(uchar* bits, qsizetype stride, int width, int first, int last,
+                        uint32_t alphaMask, uint32_t alphaFill)
+{
+    for (int y = first; y < last; ++y) {
+        auto* pixels = reinterpret_cast<uint32_t*>(bits + stride * y);
+        for (int x = 0; x < width; ++x) {
+            pixels[x] = toRgba(pixels[x], alphaMask, alphaFill);
+        }
+    }
+}
+
+// Rows [0, height) split between this thread and one more for large images.
+template <class Rows> void inTwoHalves(int height, Rows rows)
+{
+    if (height >= 512) {
+        std::thread lower([&] { rows(height / 2, height); });
+        rows(0, height / 2);
+        lower.join();
+    } else {
+        rows(0, height);
     }
 }
 
@@ -50,15 +79,26 @@ QImage xPixelsToRgba(const QImage& xPixels, bool keepAlpha)
     }
     const uint32_t mask = keepAlpha ? 0xFF000000u : 0u;
     const uint32_t fill = keepAlpha ? 0u : 0xFF000000u;
-    const int height = xPixels.height();
-    if (height >= 512) {
-        std::thread lower([&] { convertRows(xPixels, out, height / 2, height, mask, fill); });
-        convertRows(xPixels, out, 0, height / 2, mask, fill);
-        lower.join();
-    } else {
-        convertRows(xPixels, out, 0, height, mask, fill);
-    }
+    inTwoHalves(xPixels.height(),
+                [&](int first, int last) { convertRows(xPixels, out, first, last, mask, fill); });
     return out;
+}
+
+QImage xPixelsToRgbaInPlace(QImage xPixels, bool keepAlpha)
+{
+    uchar* bits = xPixels.bits(); // a copy only when the pixels are shared
+    if (!bits) {
+        return {};
+    }
+    const uint32_t mask = keepAlpha ? 0xFF000000u : 0u;
+    const uint32_t fill = keepAlpha ? 0u : 0xFF000000u;
+    const qsizetype stride = xPixels.bytesPerLine();
+    const int width = xPixels.width();
+    inTwoHalves(xPixels.height(), [&](int first, int last) {
+        convertRowsInPlace(bits, stride, width, first, last, mask, fill);
+    });
+    xPixels.reinterpretAsFormat(QImage::Format_RGBA8888_Premultiplied);
+    return xPixels;
 }
 
 } // namespace nubo

@@ -10,4 +10,9 @@ namespace nubo {
 // large images.
 QImage xPixelsToRgba(const QImage& xPixels, bool keepAlpha);
 
+// The same conversion done in the image's own memory, which the result
+// keeps: for pixels nobody else holds (a grab that owns its segment), so a
+// capture needs no second buffer. Shared memory is copied first.
+QImage xPixelsToRgbaInPlace(QImage xPixels, bool keepAlpha);
+
 } // namespace nubo

@@ -12,17 +12,20 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
-#include <sys/mman.h>
 #include <thread>
 #include <vector>
 
 namespace nubo {
 
 namespace {
+
+// Rows are filtered and deflated in bands of about this many bytes.
+constexpr size_t bandBytes = size_t(2) << 20;
 
 struct CompressorDeleter {
     void operator()(libdeflate_compressor* c) const { libdeflate_free_compressor(c); }
@@ -200,37 +203,128 @@ void filterRow(const uint8_t* row, const uint8_t* prior, size_t size, size_t bpp
     }
 }
 
-std::vector<uint8_t> rawDeflate(const uint8_t* data, size_t size, int level)
+// zlib's Adler-32 of two pieces joined, from the sums of each and the
+// second's length.
+uint32_t adler32Joined(uint32_t first, uint32_t second, size_t secondLength)
 {
-    std::unique_ptr<libdeflate_compressor, CompressorDeleter> compressor(
-        libdeflate_alloc_compressor(level));
-    if (!compressor) {
-        return {};
-    }
-    std::vector<uint8_t> out(libdeflate_deflate_compress_bound(compressor.get(), size));
-    out.resize(libdeflate_deflate_compress(compressor.get(), data, size, out.data(), out.size()));
-    return out;
+    constexpr uint64_t base = 65521;
+    const uint64_t length = secondLength % base;
+    const uint64_t low1 = first & 0xFFFF, high1 = first >> 16;
+    const uint64_t low2 = second & 0xFFFF, high2 = second >> 16;
+    const uint64_t low = (low1 + low2 + base - 1) % base;
+    const uint64_t high = (high1 + high2 + length * low1 % base + base - length) % base;
+    return uint32_t(low | (high << 16));
 }
 
-// A zlib stream of the data. Large inputs are compressed in two halves on two
-// threads and the halves joined into one stream, as pigz does.
-std::vector<uint8_t> zlibCompress(const uint8_t* data, size_t size, int level)
-{
+// One band of rows filtered and deflated on its own.
+struct Band {
     std::vector<uint8_t> deflated;
-    try {
-        if (size >= (size_t(4) << 20)) {
-            std::vector<std::vector<uint8_t>> halves(2);
-            const size_t middle = size / 2;
-            std::thread second(
-                [&] { halves[1] = rawDeflate(data + middle, size - middle, level); });
-            halves[0] = rawDeflate(data, middle, level);
-            second.join();
-            if (!halves[0].empty() && !halves[1].empty()) {
-                deflated = spliceDeflateStreams(halves);
+    uint32_t adler = 1;
+    size_t size = 0;
+};
+
+} // namespace
+
+std::vector<uint8_t> PngEncoder::filteredZlibStream(const QImage& pixels, bool opaque, int level)
+{
+    const int width = pixels.width();
+    const int height = pixels.height();
+    const size_t bpp = opaque ? 3 : 4;
+    const size_t rowSize = size_t(width) * bpp;
+    // Rows are filtered and deflated a band at a time, each band on
+    // whichever of two threads is free: the filtered image never exists
+    // whole (a 4K screen's would be 25 MB of fresh memory to fault in), and
+    // the bands' deflate streams are joined into one afterwards, as pigz
+    // does. Each band starts without the window of the one before, which
+    // costs a few bytes a band.
+    const int rowsPerBand = int(std::clamp<size_t>(bandBytes / (rowSize + 1), 1, size_t(height)));
+    const int bandCount = (height + rowsPerBand - 1) / rowsPerBand;
+    std::vector<Band> bands(static_cast<size_t>(bandCount));
+    std::atomic<int> next{0};
+    std::atomic<bool> failed{false};
+    const auto work = [&] {
+        try {
+            std::unique_ptr<libdeflate_compressor, CompressorDeleter> compressor(
+                libdeflate_alloc_compressor(level));
+            const size_t most = size_t(rowsPerBand) * (rowSize + 1);
+            if (!compressor) {
+                failed = true;
+                return;
             }
+            const size_t bound = libdeflate_deflate_compress_bound(compressor.get(), most);
+            const auto filtered = std::make_unique_for_overwrite<uint8_t[]>(most);
+            const auto deflated = std::make_unique_for_overwrite<uint8_t[]>(bound);
+            // Packed rows (one spare byte for the four-byte stores) when opaque.
+            std::vector<uint8_t> current(rowSize + 1), previous(rowSize + 1);
+            const auto row = [&](int y, std::vector<uint8_t>& into) -> const uint8_t* {
+                const uint8_t* source = pixels.constScanLine(y);
+                if (!opaque) {
+                    return source;
+                }
+                uint8_t* out = into.data();
+                for (int x = 0; x < width; ++x) {
+                    uint32_t pixel;
+                    std::memcpy(&pixel, source + 4 * size_t(x), 4);
+                    std::memcpy(out + 3 * size_t(x), &pixel, 4);
+                }
+                return out;
+            };
+            for (int b = next++; b < bandCount && !failed; b = next++) {
+                const int first = b * rowsPerBand;
+                const int last = std::min(height, first + rowsPerBand);
+                std::fill(previous.begin(), previous.end(), 0);
+                const uint8_t* prior = first == 0 ? previous.data() : row(first - 1, previous);
+                for (int y = first; y < last; ++y) {
+                    const uint8_t* line = row(y, current);
+                    filterRow(line, prior, rowSize, bpp,
+                              filtered.get() + size_t(y - first) * (rowSize + 1));
+                    if (opaque) {
+                        std::swap(current, previous);
+                        prior = previous.data();
+                    } else {
+                        prior = line;
+                    }
+                }
+                Band& band = bands[size_t(b)];
+                band.size = size_t(last - first) * (rowSize + 1);
+                const size_t n = libdeflate_deflate_compress(compressor.get(), filtered.get(),
+                                                             band.size, deflated.get(), bound);
+                if (n == 0) {
+                    failed = true;
+                    return;
+                }
+                band.deflated.assign(deflated.get(), deflated.get() + n);
+                band.adler = libdeflate_adler32(1, filtered.get(), band.size);
+            }
+        } catch (const std::bad_alloc&) {
+            failed = true;
         }
-        if (deflated.empty()) {
-            deflated = rawDeflate(data, size, level);
+    };
+    if (bandCount > 1) {
+        std::thread second(work);
+        work();
+        second.join();
+    } else {
+        work();
+    }
+    if (failed) {
+        return {};
+    }
+    std::vector<uint8_t> deflated;
+    uint32_t adler = bands.front().adler;
+    try {
+        if (bandCount == 1) {
+            deflated = std::move(bands.front().deflated);
+        } else {
+            std::vector<std::vector<uint8_t>> streams;
+            streams.reserve(bands.size());
+            for (size_t i = 0; i < bands.size(); ++i) {
+                if (i > 0) {
+                    adler = adler32Joined(adler, bands[i].adler, bands[i].size);
+                }
+                streams.push_back(std::move(bands[i].deflated));
+            }
+            deflated = spliceDeflateStreams(streams);
         }
     } catch (const std::bad_alloc&) {
         return {};
@@ -243,14 +337,11 @@ std::vector<uint8_t> zlibCompress(const uint8_t* data, size_t size, int level)
     out.push_back(0x78); // deflate, 32 KiB window
     out.push_back(0x9C); // default level; header check
     out.insert(out.end(), deflated.begin(), deflated.end());
-    const uint32_t adler = libdeflate_adler32(1, data, size);
     for (int shift = 24; shift >= 0; shift -= 8) {
         out.push_back(uint8_t(adler >> shift));
     }
     return out;
 }
-
-} // namespace
 
 bool PngEncoder::isOpaque(const QImage& image)
 {
@@ -263,13 +354,15 @@ bool PngEncoder::isOpaque(const QImage& image)
                             : image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
     const int width = rgba.width();
     const int height = rgba.height();
+    // Whole pixels ANDed together (R, G, B, A in memory: alpha is the top
+    // byte of each word), which the compiler vectorises.
     for (int y = 0; y < height; ++y) {
-        const uchar* p = rgba.constScanLine(y);
-        uchar all = 0xFF;
+        const auto* p = reinterpret_cast<const uint32_t*>(rgba.constScanLine(y));
+        uint32_t all = 0xFFFFFFFFu;
         for (int x = 0; x < width; ++x) {
-            all &= p[4 * x + 3];
+            all &= p[x];
         }
-        if (all != 0xFF) {
+        if ((all >> 24) != 0xFF) {
             return false;
         }
     }
@@ -293,61 +386,7 @@ QByteArray PngEncoder::encode(const QImage& image, const Options& options)
     }
     const int width = pixels.width();
     const int height = pixels.height();
-    const size_t bpp = opaque ? 3 : 4;
-    const size_t rowSize = size_t(width) * bpp;
-
-    // Filter every row into one buffer, then compress it in one go. The
-    // buffer is big: ask for huge pages, which saves most page faults.
-    const size_t filteredSize = (rowSize + 1) * size_t(height);
-    const size_t hugePage = size_t(2) << 20;
-    const size_t capacity = (filteredSize + hugePage - 1) / hugePage * hugePage;
-    std::unique_ptr<uint8_t, decltype(&std::free)> filteredRows(
-        static_cast<uint8_t*>(std::aligned_alloc(hugePage, capacity)), &std::free);
-    if (!filteredRows) {
-        return {};
-    }
-    ::madvise(filteredRows.get(), capacity, MADV_HUGEPAGE);
-    // Rows depend only on their source row and the one above it, so the two
-    // halves filter in parallel.
-    const auto filterRows = [&](int first, int last) {
-        // Packed rows (one spare byte for the four-byte stores) when opaque.
-        std::vector<uint8_t> current(rowSize + 1), previous(rowSize + 1, 0);
-        const auto row = [&](int y, std::vector<uint8_t>& into) -> const uint8_t* {
-            const uint8_t* source = pixels.constScanLine(y);
-            if (!opaque) {
-                return source;
-            }
-            uint8_t* out = into.data();
-            for (int x = 0; x < width; ++x) {
-                uint32_t pixel;
-                std::memcpy(&pixel, source + 4 * size_t(x), 4);
-                std::memcpy(out + 3 * size_t(x), &pixel, 4);
-            }
-            return out;
-        };
-        const uint8_t* prior = first == 0 ? previous.data() : row(first - 1, previous);
-        for (int y = first; y < last; ++y) {
-            const uint8_t* line = row(y, current);
-            filterRow(line, prior, rowSize, bpp, filteredRows.get() + size_t(y) * (rowSize + 1));
-            if (opaque) {
-                std::swap(current, previous);
-                prior = previous.data();
-            } else {
-                prior = line;
-            }
-        }
-    };
-    if (height >= 256) {
-        std::thread lower(filterRows, height / 2, height);
-        filterRows(0, height / 2);
-        lower.join();
-    } else {
-        filterRows(0, height);
-    }
-
-    const std::vector<uint8_t> compressed =
-        zlibCompress(filteredRows.get(), filteredSize, options.level);
-    filteredRows.reset();
+    const std::vector<uint8_t> compressed = filteredZlibStream(pixels, opaque, options.level);
     if (compressed.empty()) {
         return {};
     }

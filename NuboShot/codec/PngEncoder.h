@@ -3,6 +3,9 @@
 #include <QByteArray>
 #include <QImage>
 
+#include <cstdint>
+#include <vector>
+
 namespace nubo {
 
 // Our own PNG writer: the container and filters are ours, the compression is
@@ -28,6 +31,11 @@ public:
 
     // Whether every pixel is opaque.
     static bool isOpaque(const QImage& image);
+
+private:
+    // The IDAT payload: the rows filtered (packed to RGB when `opaque`) and
+    // compressed into one zlib stream. Empty on failure.
+    static std::vector<uint8_t> filteredZlibStream(const QImage& pixels, bool opaque, int level);
 };
 
 } // namespace nubo

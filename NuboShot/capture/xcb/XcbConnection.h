@@ -89,17 +89,27 @@ public:
     // The window's rectangle in root pixels (border included) and its depth.
     std::optional<std::pair<QRect, uint8_t>> geometry(xcb_window_t window);
 
+    // What a grab's image may point at.
+    enum class Pixels {
+        borrowed, // the shared segment, valid until the next grab
+        owned,    // memory of its own: a large grab keeps the segment it was
+                  // read into (the next grab attaches a new one), a small
+                  // one is copied out of it
+    };
     // Pixels of a drawable as a 32-bit image: RGB32 for opaque depths,
-    // premultiplied ARGB32 for depth 32. The image may point into the shared
-    // segment, valid until the next grab. Throws CaptureError (noContent)
+    // premultiplied ARGB32 for depth 32. Throws CaptureError (noContent)
     // when the drawable is gone, Error naming the X error otherwise.
-    QImage grab(xcb_drawable_t drawable, const QRect& rect, uint8_t depth);
+    QImage grab(xcb_drawable_t drawable, const QRect& rect, uint8_t depth,
+                Pixels pixels = Pixels::borrowed);
 
 private:
     void releaseSegment();
     // A segment of at least `size` bytes attached to the server; false when
     // shared memory cannot be used (a remote display).
     bool segment(size_t size);
+    // The segment as an image that detaches it when it goes; the server
+    // forgets it now.
+    QImage takeSegment(int width, int height, qsizetype stride, QImage::Format format);
 
     QHash<xcb_atom_t, QString> m_atomNames;
     int m_shmId = -1;

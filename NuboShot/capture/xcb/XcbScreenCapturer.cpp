@@ -24,11 +24,15 @@ namespace nubo {
 namespace {
 
 // The engine's format: RGBA, premultiplied. Opaque pixels get alpha 255
-// whatever the server left in the padding byte.
-QImage toEngineFormat(const QImage& pixels)
+// whatever the server left in the padding byte. Converted where they lie:
+// `pixels` holds its own memory (an owned grab).
+QImage toEngineFormat(QImage pixels)
 {
-    return xPixelsToRgba(pixels, pixels.format() == QImage::Format_ARGB32_Premultiplied);
+    const bool keepAlpha = pixels.format() == QImage::Format_ARGB32_Premultiplied;
+    return xPixelsToRgbaInPlace(std::move(pixels), keepAlpha);
 }
+
+constexpr auto owned = XcbConnection::Pixels::owned;
 
 qint32 ownProcessID()
 {
@@ -37,10 +41,6 @@ qint32 ownProcessID()
 
 } // namespace
 
-QImage XcbScreenCapturer::converted(const QImage& pixels) const
-{
-    return m_native ? pixels : toEngineFormat(pixels);
-}
 
 XcbScreenCapturer::XcbScreenCapturer(QByteArray displayName, ScaleLookup scale)
     : m_displayName(std::move(displayName)), m_scale(std::move(scale))
@@ -155,7 +155,8 @@ WindowCaptureSnapshot XcbScreenCapturer::listWindows(bool withPreviews)
 QImage XcbScreenCapturer::grabRoot(const QRect& pixels)
 {
     XcbConnection& x = connection();
-    QImage image = converted(x.grab(x.root, pixels, x.screen->root_depth));
+    QImage image = m_native ? x.grab(x.root, pixels, x.screen->root_depth)
+                            : toEngineFormat(x.grab(x.root, pixels, x.screen->root_depth, owned));
 
     // Paint our own windows away: their area is drawn again from the
     // background and the kept pixels of every other window, bottom first.
@@ -192,7 +193,8 @@ QImage XcbScreenCapturer::grabRoot(const QRect& pixels)
     QString wallpaperProblem = QStringLiteral("the desktop names no background pixmap");
     if (!background.isEmpty()) {
         try {
-            wallpaper = toEngineFormat(x.grab(background.first(), pixels, x.screen->root_depth));
+            wallpaper = toEngineFormat(
+                x.grab(background.first(), pixels, x.screen->root_depth, owned));
         } catch (const Error& error) {
             wallpaperProblem = error.message();
         }
@@ -222,8 +224,9 @@ QImage XcbScreenCapturer::grabRoot(const QRect& pixels)
         }
         try {
             const auto geometry = x.geometry(child.window);
-            const QImage pixelsOfChild = toEngineFormat(x.grab(
-                pixmap, part.translated(-child.rect.topLeft()), geometry ? geometry->second : 24));
+            const QImage pixelsOfChild = toEngineFormat(
+                x.grab(pixmap, part.translated(-child.rect.topLeft()),
+                       geometry ? geometry->second : 24, owned));
             painter.drawImage(part.topLeft(), pixelsOfChild);
         } catch (const Error& error) {
             // Most often a window that closed since the list was read.
@@ -326,7 +329,7 @@ WindowCapture XcbScreenCapturer::captureWindowLocked(quint32 windowID)
         }
         try {
             image =
-                toEngineFormat(x.grab(pixmap, QRect(QPoint(0, 0), rect.size()), geometry->second));
+                toEngineFormat(x.grab(pixmap, QRect(QPoint(0, 0), rect.size()), geometry->second, owned));
         } catch (...) {
             xcb_free_pixmap(x.c, pixmap);
             throw;
@@ -341,7 +344,7 @@ WindowCapture XcbScreenCapturer::captureWindowLocked(quint32 windowID)
             throw CaptureError(CaptureError::Code::noContent,
                                QStringLiteral("window %1 is off screen").arg(windowID));
         }
-        image = toEngineFormat(x.grab(x.root, visible, x.screen->root_depth));
+        image = toEngineFormat(x.grab(x.root, visible, x.screen->root_depth, owned));
     }
 
     // Outside its shape a window is transparent.

@@ -72,7 +72,6 @@ private:
     XcbConnection& connection();
     QList<CaptureDisplay> displaysLocked();
     QImage grabRoot(const QRect& pixels);
-    QImage converted(const QImage& pixels) const;
     WindowCapture captureWindowLocked(quint32 windowID);
 
     QByteArray m_displayName;

@@ -228,7 +228,8 @@ TEST(PngEncoder, EveryFileReadsBackBitExactThroughQtAndLibspng)
         int width, height;
         bool translucent;
     };
-    // The large ones are compressed in two halves that are joined.
+    // The large ones are filtered and compressed in bands (uneven last ones
+    // among them) whose streams and checksums are joined.
     const Case cases[] = {{1, 1, false},   {1, 1, true},        {17, 5, false},
                           {33, 9, true},   {300, 300, false},   {257, 260, true},
                           {4, 300, false}, {1500, 1000, false}, {1201, 900, true}};
