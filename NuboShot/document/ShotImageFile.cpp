@@ -1,12 +1,12 @@
 #include "document/ShotImageFile.h"
 
 #include "core/Error.h"
+#include "codec/HeifLibrary.h"
 #include "document/ShotDocumentArchive.h"
 
 #include <QFile>
 #include <QImageReader>
 
-#include <libheif/heif.h>
 #include <webp/decode.h>
 #include <webp/demux.h>
 
@@ -162,10 +162,18 @@ Container containerOf(const QByteArray& head)
     if (head.size() >= 12 && head.startsWith("RIFF") && head.mid(8, 4) == "WEBP") {
         return Container::webp;
     }
-    if (head.size() >= 12 &&
-        heif_check_filetype(reinterpret_cast<const uint8_t*>(head.constData()), int(head.size())) ==
-            heif_filetype_yes_supported) {
-        return Container::heif;
+    if (HeifLibrary::mayBeHeif(head.constData(), head.size())) {
+        // libheif is loaded only for ISO media files; where it cannot be,
+        // the still-image brands are taken as HEIF, so that reading one
+        // says what is missing.
+        const HeifLibrary& heif = HeifLibrary::instance();
+        static const QByteArrayList stillBrands = {"heic", "heix", "heim", "heis", "mif1", "avif"};
+        if (heif.problem.isEmpty()
+                ? heif.heif_check_filetype(reinterpret_cast<const uint8_t*>(head.constData()),
+                                           int(head.size())) == heif_filetype_yes_supported
+                : stillBrands.contains(head.mid(8, 4))) {
+            return Container::heif;
+        }
     }
     return Container::other;
 }
@@ -224,34 +232,38 @@ QImage decodeWebP(const QString& path, const QByteArray& bytes)
 
 QImage decodeHeif(const QString& path, const QByteArray& bytes)
 {
-    const std::unique_ptr<heif_context, void (*)(heif_context*)> context(heif_context_alloc(),
-                                                                        heif_context_free);
-    heif_context_set_maximum_image_size_limit(context.get(), ShotLimits::maximumImageSide);
+    const HeifLibrary& heif = HeifLibrary::instance();
+    if (!heif.problem.isEmpty()) {
+        unreadable(path, heif.problem);
+    }
+    const std::unique_ptr<heif_context, void (*)(heif_context*)> context(heif.heif_context_alloc(),
+                                                                        heif.heif_context_free);
+    heif.heif_context_set_maximum_image_size_limit(context.get(), ShotLimits::maximumImageSide);
     const auto check = [&](const heif_error& error) {
         if (error.code != heif_error_Ok) {
             unreadable(path, QString::fromUtf8(error.message));
         }
     };
-    check(heif_context_read_from_memory_without_copy(context.get(), bytes.constData(),
+    check(heif.heif_context_read_from_memory_without_copy(context.get(), bytes.constData(),
                                                      size_t(bytes.size()), nullptr));
     heif_image_handle* rawHandle = nullptr;
-    check(heif_context_get_primary_image_handle(context.get(), &rawHandle));
+    check(heif.heif_context_get_primary_image_handle(context.get(), &rawHandle));
     const std::unique_ptr<heif_image_handle, void (*)(const heif_image_handle*)> handle(
-        rawHandle, heif_image_handle_release);
-    checkSize(path, QSize(heif_image_handle_get_width(handle.get()),
-                          heif_image_handle_get_height(handle.get())));
-    const bool alpha = heif_image_handle_has_alpha_channel(handle.get());
+        rawHandle, heif.heif_image_handle_release);
+    checkSize(path, QSize(heif.heif_image_handle_get_width(handle.get()),
+                          heif.heif_image_handle_get_height(handle.get())));
+    const bool alpha = heif.heif_image_handle_has_alpha_channel(handle.get());
     heif_image* rawImage = nullptr;
-    check(heif_decode_image(handle.get(), &rawImage, heif_colorspace_RGB,
+    check(heif.heif_decode_image(handle.get(), &rawImage, heif_colorspace_RGB,
                             alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB,
                             nullptr));
     const std::unique_ptr<heif_image, void (*)(const heif_image*)> decoded(rawImage,
-                                                                         heif_image_release);
-    const int width = heif_image_get_width(decoded.get(), heif_channel_interleaved);
-    const int height = heif_image_get_height(decoded.get(), heif_channel_interleaved);
+                                                                         heif.heif_image_release);
+    const int width = heif.heif_image_get_width(decoded.get(), heif_channel_interleaved);
+    const int height = heif.heif_image_get_height(decoded.get(), heif_channel_interleaved);
     int stride = 0;
     const uint8_t* plane =
-        heif_image_get_plane_readonly(decoded.get(), heif_channel_interleaved, &stride);
+        heif.heif_image_get_plane_readonly(decoded.get(), heif_channel_interleaved, &stride);
     if (!plane || width <= 0 || height <= 0) {
         unreadable(path, QStringLiteral("the HEIF image has no pictures"));
     }
@@ -261,11 +273,11 @@ QImage decodeHeif(const QString& path, const QByteArray& bytes)
         unreadable(path, QStringLiteral("not enough memory"));
     }
     heif_item_id exif = 0;
-    if (heif_image_handle_get_list_of_metadata_block_IDs(handle.get(), "Exif", &exif, 1) == 1) {
-        const size_t length = heif_image_handle_get_metadata_size(handle.get(), exif);
+    if (heif.heif_image_handle_get_list_of_metadata_block_IDs(handle.get(), "Exif", &exif, 1) == 1) {
+        const size_t length = heif.heif_image_handle_get_metadata_size(handle.get(), exif);
         if (length > 0 && length < (1 << 20)) {
             QByteArray block(qsizetype(length), Qt::Uninitialized);
-            if (heif_image_handle_get_metadata(handle.get(), exif, block.data()).code == heif_error_Ok) {
+            if (heif.heif_image_handle_get_metadata(handle.get(), exif, block.data()).code == heif_error_Ok) {
                 setDensity(image, exifDotsPerInch(block));
             }
         }

@@ -2,6 +2,7 @@
 
 #include "core/FileWriting.h"
 
+#include "codec/HeifLibrary.h"
 #include "codec/PngEncoder.h"
 
 #include <QFileInfo>
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <libheif/heif.h>
 #include <memory>
 #include <turbojpeg.h>
 #include <webp/encode.h>
@@ -136,39 +136,43 @@ int ImageWriter::heicEncoderQuality(double quality)
 QByteArray ImageWriter::encodeHeic(const QImage& image, double quality, const QString& fileName,
                                    double pixelsPerPoint)
 {
+    const HeifLibrary& heif = HeifLibrary::instance();
+    if (!heif.problem.isEmpty()) {
+        throw ImageWriterError(fileName, heif.problem);
+    }
     const auto fail = [&](const heif_error& error) {
         throw ImageWriterError(fileName, QString::fromUtf8(error.message));
     };
     const auto context = std::unique_ptr<heif_context, void (*)(heif_context*)>(
-        heif_context_alloc(), heif_context_free);
+        heif.heif_context_alloc(), heif.heif_context_free);
     heif_encoder* rawEncoder = nullptr;
     if (const heif_error e =
-            heif_context_get_encoder_for_format(context.get(), heif_compression_HEVC, &rawEncoder);
+            heif.heif_context_get_encoder_for_format(context.get(), heif_compression_HEVC, &rawEncoder);
         e.code != heif_error_Ok) {
         fail(e);
     }
     const auto encoder =
-        std::unique_ptr<heif_encoder, void (*)(heif_encoder*)>(rawEncoder, heif_encoder_release);
-    heif_encoder_set_lossy_quality(encoder.get(), heicEncoderQuality(quality));
+        std::unique_ptr<heif_encoder, void (*)(heif_encoder*)>(rawEncoder, heif.heif_encoder_release);
+    heif.heif_encoder_set_lossy_quality(encoder.get(), heicEncoderQuality(quality));
 
     const bool opaque = PngEncoder::isOpaque(image);
     const QImage rgba = straightRgba(image);
     heif_image* rawImage = nullptr;
-    if (const heif_error e = heif_image_create(
+    if (const heif_error e = heif.heif_image_create(
             rgba.width(), rgba.height(), heif_colorspace_RGB,
             opaque ? heif_chroma_interleaved_RGB : heif_chroma_interleaved_RGBA, &rawImage);
         e.code != heif_error_Ok) {
         fail(e);
     }
     const auto heifImage =
-        std::unique_ptr<heif_image, void (*)(const heif_image*)>(rawImage, heif_image_release);
-    if (const heif_error e = heif_image_add_plane(heifImage.get(), heif_channel_interleaved,
+        std::unique_ptr<heif_image, void (*)(const heif_image*)>(rawImage, heif.heif_image_release);
+    if (const heif_error e = heif.heif_image_add_plane(heifImage.get(), heif_channel_interleaved,
                                                   rgba.width(), rgba.height(), 8);
         e.code != heif_error_Ok) {
         fail(e);
     }
     int stride = 0;
-    uint8_t* plane = heif_image_get_plane(heifImage.get(), heif_channel_interleaved, &stride);
+    uint8_t* plane = heif.heif_image_get_plane(heifImage.get(), heif_channel_interleaved, &stride);
     const int bpp = opaque ? 3 : 4;
     for (int y = 0; y < rgba.height(); ++y) {
         const uchar* in = rgba.constScanLine(y);
@@ -182,16 +186,16 @@ QByteArray ImageWriter::encodeHeic(const QImage& image, double quality, const QS
         }
     }
     heif_image_handle* rawHandle = nullptr;
-    if (const heif_error e = heif_context_encode_image(context.get(), heifImage.get(),
+    if (const heif_error e = heif.heif_context_encode_image(context.get(), heifImage.get(),
                                                        encoder.get(), nullptr, &rawHandle);
         e.code != heif_error_Ok) {
         fail(e);
     }
     const auto handle = std::unique_ptr<heif_image_handle, void (*)(const heif_image_handle*)>(
-        rawHandle, heif_image_handle_release);
+        rawHandle, heif.heif_image_handle_release);
     if (const int dpi = dotsPerInch(pixelsPerPoint); dpi > 0) {
         const QByteArray exif = exifResolution(dpi);
-        if (const heif_error e = heif_context_add_exif_metadata(context.get(), handle.get(),
+        if (const heif_error e = heif.heif_context_add_exif_metadata(context.get(), handle.get(),
                                                                 exif.constData(), int(exif.size()));
             e.code != heif_error_Ok) {
             fail(e);
@@ -204,7 +208,7 @@ QByteArray ImageWriter::encodeHeic(const QImage& image, double quality, const QS
         static_cast<QByteArray*>(userdata)->append(static_cast<const char*>(data), qsizetype(size));
         return heif_error{heif_error_Ok, heif_suberror_Unspecified, "Success"};
     };
-    if (const heif_error e = heif_context_write(context.get(), &writer, &out);
+    if (const heif_error e = heif.heif_context_write(context.get(), &writer, &out);
         e.code != heif_error_Ok) {
         fail(e);
     }
