@@ -217,35 +217,40 @@ std::optional<DeflateStreamEnd> findDeflateStreamEnd(const uint8_t* data, size_t
     }
 }
 
-std::vector<uint8_t> spliceDeflateStreams(const std::vector<std::vector<uint8_t>>& streams)
+bool endForJoining(std::vector<uint8_t>& stream)
+{
+    const auto end = findDeflateStreamEnd(stream.data(), stream.size());
+    if (!end) {
+        return false;
+    }
+    const size_t usedBytes = (end->endBit + 7) / 8;
+    stream.resize(usedBytes);
+    stream[end->lastBlockBit / 8] &= uint8_t(~(1u << (end->lastBlockBit % 8)));
+    // An empty stored block: three zero header bits (the padding after
+    // the end-of-block code when it has room), byte alignment, 0000 FFFF.
+    const size_t padding = usedBytes * 8 - end->endBit;
+    if (padding < 3) {
+        stream.push_back(0);
+    }
+    stream.insert(stream.end(), {0x00, 0x00, 0xFF, 0xFF});
+    return true;
+}
+
+std::vector<uint8_t> spliceDeflateStreams(std::vector<std::vector<uint8_t>> streams)
 {
     std::vector<uint8_t> out;
     size_t total = 0;
-    for (const auto& s : streams) {
-        total += s.size() + 5;
-    }
-    out.reserve(total);
-    for (size_t i = 0; i < streams.size(); ++i) {
-        const std::vector<uint8_t>& stream = streams[i];
-        if (i + 1 == streams.size()) {
-            out.insert(out.end(), stream.begin(), stream.end());
-            break;
-        }
-        const auto end = findDeflateStreamEnd(stream.data(), stream.size());
-        if (!end) {
+    for (size_t i = 0; i + 1 < streams.size(); ++i) {
+        if (!endForJoining(streams[i])) {
             return {};
         }
-        const size_t start = out.size();
-        const size_t usedBytes = (end->endBit + 7) / 8;
-        out.insert(out.end(), stream.begin(), stream.begin() + std::ptrdiff_t(usedBytes));
-        out[start + end->lastBlockBit / 8] &= uint8_t(~(1u << (end->lastBlockBit % 8)));
-        // An empty stored block: three zero header bits (the padding after
-        // the end-of-block code when it has room), byte alignment, 0000 FFFF.
-        const size_t padding = usedBytes * 8 - end->endBit;
-        if (padding < 3) {
-            out.push_back(0);
-        }
-        out.insert(out.end(), {0x00, 0x00, 0xFF, 0xFF});
+    }
+    for (const auto& s : streams) {
+        total += s.size();
+    }
+    out.reserve(total);
+    for (const auto& s : streams) {
+        out.insert(out.end(), s.begin(), s.end());
     }
     return out;
 }

@@ -16,9 +16,14 @@ struct DeflateStreamEnd {
 };
 std::optional<DeflateStreamEnd> findDeflateStreamEnd(const uint8_t* data, size_t size);
 
-// Joins raw deflate streams into one: every stream but the last loses its
-// final flag and is followed by an empty stored block, which byte-aligns the
-// next (what zlib's sync flush writes). Empty result when a stream is damaged.
-std::vector<uint8_t> spliceDeflateStreams(const std::vector<std::vector<uint8_t>>& streams);
+// Makes a complete raw deflate stream one that another can follow: it loses
+// its final flag and ends with an empty stored block, which byte-aligns what
+// comes next (what zlib's sync flush writes). False when it is damaged.
+bool endForJoining(std::vector<uint8_t>& stream);
+
+// Joins raw deflate streams into one: every stream but the last ended for
+// joining, then all put one after the other. Empty result when a stream is
+// damaged.
+std::vector<uint8_t> spliceDeflateStreams(std::vector<std::vector<uint8_t>> streams);
 
 } // namespace nubo

@@ -25,7 +25,7 @@ namespace nubo {
 namespace {
 
 // Rows are filtered and deflated in bands of about this many bytes.
-constexpr size_t bandBytes = size_t(2) << 20;
+constexpr size_t bandBytes = size_t(1) << 20;
 
 struct CompressorDeleter {
     void operator()(libdeflate_compressor* c) const { libdeflate_free_compressor(c); }
@@ -295,6 +295,12 @@ std::vector<uint8_t> PngEncoder::filteredZlibStream(const QImage& pixels, bool o
                 }
                 band.deflated.assign(deflated.get(), deflated.get() + n);
                 band.adler = libdeflate_adler32(1, filtered.get(), band.size);
+                // Every band's stream but the last is made ready to be followed here,
+                // on the worker, which costs a decode of its blocks' headers.
+                if (b + 1 < bandCount && !endForJoining(band.deflated)) {
+                    failed = true;
+                    return;
+                }
             }
         } catch (const std::bad_alloc&) {
             failed = true;
@@ -316,15 +322,17 @@ std::vector<uint8_t> PngEncoder::filteredZlibStream(const QImage& pixels, bool o
         if (bandCount == 1) {
             deflated = std::move(bands.front().deflated);
         } else {
-            std::vector<std::vector<uint8_t>> streams;
-            streams.reserve(bands.size());
+            size_t total = 0;
+            for (const Band& band : bands) {
+                total += band.deflated.size();
+            }
+            deflated.reserve(total);
             for (size_t i = 0; i < bands.size(); ++i) {
                 if (i > 0) {
                     adler = adler32Joined(adler, bands[i].adler, bands[i].size);
                 }
-                streams.push_back(std::move(bands[i].deflated));
+                deflated.insert(deflated.end(), bands[i].deflated.begin(), bands[i].deflated.end());
             }
-            deflated = spliceDeflateStreams(streams);
         }
     } catch (const std::bad_alloc&) {
         return {};
@@ -355,18 +363,29 @@ bool PngEncoder::isOpaque(const QImage& image)
     const int width = rgba.width();
     const int height = rgba.height();
     // Whole pixels ANDed together (R, G, B, A in memory: alpha is the top
-    // byte of each word), which the compiler vectorises.
-    for (int y = 0; y < height; ++y) {
-        const auto* p = reinterpret_cast<const uint32_t*>(rgba.constScanLine(y));
-        uint32_t all = 0xFFFFFFFFu;
-        for (int x = 0; x < width; ++x) {
-            all &= p[x];
+    // byte of each word), which the compiler vectorises; a large image in
+    // two halves on two threads.
+    std::atomic<bool> translucent{false};
+    const auto scan = [&](int first, int last) {
+        for (int y = first; y < last && !translucent; ++y) {
+            const auto* p = reinterpret_cast<const uint32_t*>(rgba.constScanLine(y));
+            uint32_t all = 0xFFFFFFFFu;
+            for (int x = 0; x < width; ++x) {
+                all &= p[x];
+            }
+            if ((all >> 24) != 0xFF) {
+                translucent = true;
+            }
         }
-        if ((all >> 24) != 0xFF) {
-            return false;
-        }
+    };
+    if (qsizetype(width) * height >= (qsizetype(1) << 20)) {
+        std::thread lower(scan, height / 2, height);
+        scan(0, height / 2);
+        lower.join();
+    } else {
+        scan(0, height);
     }
-    return true;
+    return !translucent;
 }
 
 QByteArray PngEncoder::encode(const QImage& image, const Options& options)

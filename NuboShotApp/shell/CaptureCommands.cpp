@@ -5,6 +5,7 @@
 #include "export/ShotExporter.h"
 #include "shell/CommandLine.h"
 #include "shell/DesktopScreens.h"
+#include "shell/CommandPrograms.h"
 #include "shell/GrabRequest.h"
 #include "shell/BusNames.h"
 
@@ -260,8 +261,12 @@ int runGrabCommand(const QStringList& arguments)
         return parsed.exitCode;
     }
     try {
-        // The running instance has the connection, memory and threads ready.
-        std::optional<QString> written = GrabOverBus::ask(*parsed.request);
+        // The running instance has the connection, memory and threads ready
+        // (the front has asked already when it says so).
+        const bool askedAlready = qEnvironmentVariableIsSet(programs::grabHereVariable);
+        qunsetenv(programs::grabHereVariable);
+        std::optional<QString> written =
+            askedAlready ? std::nullopt : GrabOverBus::ask(*parsed.request);
         if (written) {
             qCDebug(lcCapture) << "Grabbed by the running instance";
         } else {

@@ -27,6 +27,11 @@ inline constexpr Route routes[] = {
     {"upload", upload},
 };
 
+// Set by the front for the stills program when it has asked the bus for a
+// running tray to grab and found none: the grab is done there without a
+// second look.
+inline constexpr char grabHereVariable[] = "NUBOSHOT_GRAB_HERE";
+
 // The program for a command's first word: the whole program when no lean
 // one runs it.
 inline const char* programFor(const char* command)

@@ -96,6 +96,7 @@ int askTrayToGrab(int argc, char** argv)
     nubo::followDebugSwitch();
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(QLatin1String(nubo::bus::name))) {
+        ::setenv(nubo::programs::grabHereVariable, "1", 1);
         return -1;
     }
     QStringList arguments;
@@ -111,7 +112,9 @@ int askTrayToGrab(int argc, char** argv)
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 3) {
         const QString name = reply.errorName();
         if (nubo::bus::meansNobodyToAsk(name.toUtf8().constData())) {
-            return -1; // the grab happens here, in the stills program
+            // The grab happens in the stills program, which need not ask again.
+            ::setenv(nubo::programs::grabHereVariable, "1", 1);
+            return -1;
         }
         // Any other answer (a time-out above all) may mean the tray is still
         // at work: grabbing here as well could write the file twice.

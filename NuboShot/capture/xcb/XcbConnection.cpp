@@ -9,6 +9,7 @@
 #include <sys/mman.h>
 #include <sys/shm.h>
 #include <thread>
+#include <vector>
 #include <xcb/composite.h>
 #include <xcb/shape.h>
 #include <xcb/shm.h>
@@ -128,6 +129,28 @@ void XcbConnection::releaseSegment()
     }
 }
 
+namespace {
+
+// Fills pages of a new segment, so that the server finds them there instead
+// of faulting them in one by one: one call where the kernel populates
+// ranges (Linux 5.14), else a touch a page.
+void populate(uint8_t* from, size_t length)
+{
+    if (length > 0 && ::madvise(from, length, MADV_POPULATE_WRITE) != 0) {
+        std::memset(from, 0, length);
+    }
+}
+
+void populateOnTwoThreads(uint8_t* from, size_t length)
+{
+    const size_t half = length / 2 / 4096 * 4096;
+    std::thread second([&] { populate(from + half, length - half); });
+    populate(from, half);
+    second.join();
+}
+
+} // namespace
+
 bool XcbConnection::segment(size_t size)
 {
     if (!shm) {
@@ -149,19 +172,7 @@ bool XcbConnection::segment(size_t size)
         shm = false;
         return false;
     }
-    // Fill the new segment's pages on two threads, so that the server finds
-    // them already there instead of faulting them in one by one; one call
-    // a half where the kernel populates ranges (Linux 5.14), else a touch a
-    // page.
-    const size_t half = size / 2 / 4096 * 4096;
-    const auto populate = [](uint8_t* from, size_t length) {
-        if (::madvise(from, length, MADV_POPULATE_WRITE) != 0) {
-            std::memset(from, 0, length);
-        }
-    };
-    std::thread second([&] { populate(m_shmData + half, size - half); });
-    populate(m_shmData, half);
-    second.join();
+    m_shmFresh = true;
     m_shmSeg = xcb_generate_id(c);
     if (xcbReply(xcb_request_check(c, xcb_shm_attach_checked(c, m_shmSeg, uint32_t(m_shmId), 0)))) {
         shmdt(m_shmData);
@@ -322,15 +333,61 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
     };
     xcb_generic_error_t* error = nullptr;
     if (segment(std::max(size, size_t(rect.width()) * size_t(rect.height()) * 4))) {
-        auto r = xcbReply(xcb_shm_get_image_reply(
-            c,
-            xcb_shm_get_image(c, drawable, int16_t(rect.x()), int16_t(rect.y()),
-                              uint16_t(rect.width()), uint16_t(rect.height()), ~0u,
-                              XCB_IMAGE_FORMAT_Z_PIXMAP, m_shmSeg, 0),
-            &error));
-        if (r) {
-            if (r->size < size) {
-                throw shortReply(r->size);
+        // A new segment's pages are filled before the server writes them.
+        // A large one is read in strips: the server copies one strip while
+        // the next one's pages are filled here, and the server is grabbed
+        // from the first request to the last so that the strips show one
+        // moment of the screen.
+        const bool fresh = std::exchange(m_shmFresh, false);
+        const int strips = fresh && size >= (size_t(16) << 20) ? 4 : 1;
+        const int stripRows = (rect.height() + strips - 1) / strips;
+        const auto stripBytes = [&](int strip) {
+            const int rows = std::min(stripRows, rect.height() - strip * stripRows);
+            return std::pair(size_t(strip) * size_t(stripRows) * size_t(stride),
+                             size_t(std::max(rows, 0)) * size_t(stride));
+        };
+        if (fresh) {
+            populateOnTwoThreads(m_shmData, strips == 1 ? size : stripBytes(0).second);
+        }
+        if (strips > 1) {
+            xcb_grab_server(c);
+        }
+        std::vector<xcb_shm_get_image_cookie_t> cookies;
+        for (int strip = 0; strip < strips; ++strip) {
+            const int top = strip * stripRows;
+            const int rows = std::min(stripRows, rect.height() - top);
+            cookies.push_back(xcb_shm_get_image(
+                c, drawable, int16_t(rect.x()), int16_t(rect.y() + top), uint16_t(rect.width()),
+                uint16_t(rows), ~0u, XCB_IMAGE_FORMAT_Z_PIXMAP, m_shmSeg,
+                uint32_t(stripBytes(strip).first)));
+            if (strip + 1 == strips && strips > 1) {
+                xcb_ungrab_server(c);
+            }
+            xcb_flush(c);
+            if (strip + 1 < strips) {
+                const auto [offset, bytes] = stripBytes(strip + 1);
+                populate(m_shmData + offset, bytes);
+            }
+        }
+        size_t got = 0;
+        bool replied = true;
+        for (const xcb_shm_get_image_cookie_t& cookie : cookies) {
+            xcb_generic_error_t* stripError = nullptr;
+            auto r = xcbReply(xcb_shm_get_image_reply(c, cookie, &stripError));
+            if (!r) {
+                if (!error) {
+                    error = stripError;
+                } else {
+                    std::free(stripError);
+                }
+                replied = false;
+                continue;
+            }
+            got += r->size;
+        }
+        if (replied) {
+            if (got < size) {
+                throw shortReply(got);
             }
             const QImage wrapped(m_shmData, rect.width(), rect.height(), stride, *format);
             if (pixels == Pixels::borrowed) {

@@ -116,6 +116,7 @@ private:
     uint8_t* m_shmData = nullptr;
     size_t m_shmSize = 0;
     uint32_t m_shmSeg = 0;
+    bool m_shmFresh = false; // its pages not filled yet
 };
 
 } // namespace nubo
