@@ -164,6 +164,33 @@ TEST_F(Capture, CoveredWindowsShowTheirOwnPixels)
     test::saveArtifact(screen, QStringLiteral("capture-display.png"));
 }
 
+TEST_F(Capture, ALargeCaptureReadInStripsKeepsEveryRowInItsPlace)
+{
+    // 2600 × 1800 pixels, 18 MB: read into a new segment in strips, each
+    // strip's pages filled while the server copies the one before.
+    TestWindow rows({"--geometry", "2600x1800+0+0", "--numbered-rows", "--override"});
+    const auto expected = [](int y) { return QColor(y % 256, y / 256, 0x80); };
+    QImage image;
+    ASSERT_TRUE(settleUntil([&] {
+        try {
+            image = capturer.captureWindow(rows.id).image;
+        } catch (const Error&) {
+            return false;
+        }
+        return image.size() == QSize(2600, 1800) && image.pixelColor(2599, 1799) == expected(1799);
+    }));
+    int wrongRows = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (const int x : {0, 1300, 2599}) {
+            if (image.pixelColor(x, y) != expected(y)) {
+                ++wrongRows;
+                break;
+            }
+        }
+    }
+    EXPECT_EQ(wrongRows, 0);
+}
+
 TEST_F(Capture, AWindowThatIsGoneHasNoContent)
 {
     auto window = std::make_unique<TestWindow>(

@@ -4,8 +4,12 @@
 //
 //   test-window --geometry 200x100+10+20 --color ff0000 [--title T] [--class C]
 //               [--type dock|normal|...] [--state above|hidden|...] [--opacity 0..1]
-//               [--override] [--undecorated]
+//               [--override] [--undecorated] [--numbered-rows]
+//
+// With --numbered-rows every row has a colour of its own instead: red and
+// green count the row (y % 256, y / 256), blue is 0x80.
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -45,6 +49,7 @@ int main(int argc, char** argv)
     double opacity = -1;
     bool overrideRedirect = false;
     bool undecorated = false;
+    bool numberedRows = false;
     for (int i = 1; i < argc; ++i) {
         const std::string option = argv[i];
         if (option == "--override") {
@@ -53,6 +58,10 @@ int main(int argc, char** argv)
         }
         if (option == "--undecorated") {
             undecorated = true;
+            continue;
+        }
+        if (option == "--numbered-rows") {
+            numberedRows = true;
             continue;
         }
         if (i + 1 >= argc) {
@@ -97,6 +106,27 @@ int main(int argc, char** argv)
     xcb_create_window(c, XCB_COPY_FROM_PARENT, window, screen->root, int16_t(x), int16_t(y),
                       uint16_t(width), uint16_t(height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
                       screen->root_visual, XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, values);
+    if (numberedRows && screen->root_depth == 24) {
+        // A one-pixel-wide column of the rows' colours, tiled across as the
+        // window's background.
+        const xcb_pixmap_t column = xcb_generate_id(c);
+        xcb_create_pixmap(c, 24, column, screen->root, 1, uint16_t(height));
+        const xcb_gcontext_t gc = xcb_generate_id(c);
+        xcb_create_gc(c, gc, column, 0, nullptr);
+        std::vector<uint32_t> rows(height);
+        for (unsigned row = 0; row < height; ++row) {
+            rows[row] = (row % 256) << 16 | (row / 256 % 256) << 8 | 0x80;
+        }
+        // In pieces that fit a request.
+        for (unsigned top = 0; top < height; top += 4096) {
+            const unsigned count = std::min(4096u, height - top);
+            xcb_put_image(c, XCB_IMAGE_FORMAT_Z_PIXMAP, column, gc, 1, uint16_t(count), 0,
+                          int16_t(top), 0, 24, count * 4,
+                          reinterpret_cast<const uint8_t*>(rows.data() + top));
+        }
+        xcb_change_window_attributes(c, window, XCB_CW_BACK_PIXMAP, &column);
+        xcb_free_gc(c, gc);
+    }
 
     const auto setString = [&](xcb_atom_t property, xcb_atom_t kind, const std::string& text) {
         xcb_change_property(c, XCB_PROP_MODE_REPLACE, window, property, kind, 8,
