@@ -3,6 +3,8 @@
 #include "capture/CaptureTypes.h"
 #include "core/Logging.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 #include <optional>
 #include <sys/ipc.h>
@@ -103,6 +105,21 @@ XcbConnection::XcbConnection(const QByteArray& displayName)
 XcbConnection::~XcbConnection()
 {
     releaseSegment();
+    {
+        // Segments images still hold are detached by those images.
+        const std::lock_guard lock(m_lent->lock);
+        m_lent->closed = true;
+        auto& kept = m_lent->segments;
+        for (auto it = kept.begin(); it != kept.end();) {
+            if (it->busy) {
+                ++it;
+                continue;
+            }
+            xcb_shm_detach(c, it->seg);
+            shmdt(it->data);
+            it = kept.erase(it);
+        }
+    }
     xcb_disconnect(c);
 }
 
@@ -121,11 +138,10 @@ void XcbConnection::redirect()
 
 void XcbConnection::releaseSegment()
 {
-    if (m_shmData) {
-        xcb_shm_detach(c, m_shmSeg);
-        shmdt(m_shmData);
-        m_shmData = nullptr;
-        m_shmSize = 0;
+    if (m_current.data) {
+        xcb_shm_detach(c, m_current.seg);
+        shmdt(m_current.data);
+        m_current = {};
     }
 }
 
@@ -151,37 +167,98 @@ void populateOnTwoThreads(uint8_t* from, size_t length)
 
 } // namespace
 
+XcbConnection::Segment XcbConnection::newSegment(size_t size)
+{
+    Segment made;
+    const int id = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
+    if (id < 0) {
+        shm = false;
+        return made;
+    }
+    auto* data = static_cast<uint8_t*>(shmat(id, nullptr, 0));
+    shmctl(id, IPC_RMID, nullptr); // freed when both sides detach
+    if (data == reinterpret_cast<uint8_t*>(-1)) {
+        shm = false;
+        return made;
+    }
+    const uint32_t seg = xcb_generate_id(c);
+    if (xcbReply(xcb_request_check(c, xcb_shm_attach_checked(c, seg, uint32_t(id), 0)))) {
+        shmdt(data);
+        shm = false;
+        return made;
+    }
+    return Segment{data, seg, size, true};
+}
+
 bool XcbConnection::segment(size_t size)
 {
     if (!shm) {
         return false;
     }
-    if (m_shmData && m_shmSize >= size) {
+    if (m_current.data && m_current.size >= size) {
         return true;
     }
     releaseSegment();
-    m_shmId = shmget(IPC_PRIVATE, size, IPC_CREAT | 0600);
-    if (m_shmId < 0) {
-        shm = false;
-        return false;
+    m_current = newSegment(size);
+    return m_current.data != nullptr;
+}
+
+XcbConnection::Segment XcbConnection::lendSegment(size_t size)
+{
+    if (!shm) {
+        return {};
     }
-    m_shmData = static_cast<uint8_t*>(shmat(m_shmId, nullptr, 0));
-    shmctl(m_shmId, IPC_RMID, nullptr); // freed when both sides detach
-    if (m_shmData == reinterpret_cast<uint8_t*>(-1)) {
-        m_shmData = nullptr;
-        shm = false;
-        return false;
+    {
+        const std::lock_guard lock(m_lent->lock);
+        auto& kept = m_lent->segments;
+        // The smallest free one that is large enough; of the other free
+        // ones one is kept for the next size, the rest let go.
+        LentSegments::Kept* best = nullptr;
+        for (LentSegments::Kept& k : kept) {
+            if (!k.busy && k.size >= size && (!best || k.size < best->size)) {
+                best = &k;
+            }
+        }
+        std::optional<Segment> chosen;
+        if (best) {
+            best->busy = true;
+            chosen = Segment{best->data, best->seg, best->size, false};
+        }
+        bool spare = false;
+        std::erase_if(kept, [&](const LentSegments::Kept& k) {
+            if (k.busy || !std::exchange(spare, true)) {
+                return false;
+            }
+            xcb_shm_detach(c, k.seg);
+            shmdt(k.data);
+            return true;
+        });
+        if (chosen) {
+            return *chosen;
+        }
     }
-    m_shmFresh = true;
-    m_shmSeg = xcb_generate_id(c);
-    if (xcbReply(xcb_request_check(c, xcb_shm_attach_checked(c, m_shmSeg, uint32_t(m_shmId), 0)))) {
-        shmdt(m_shmData);
-        m_shmData = nullptr;
-        shm = false;
-        return false;
+    const Segment made = newSegment(size);
+    if (made.data) {
+        const std::lock_guard lock(m_lent->lock);
+        m_lent->segments.push_back({made.data, made.seg, made.size, true});
     }
-    m_shmSize = size;
-    return true;
+    return made;
+}
+
+void XcbConnection::giveBack(const std::shared_ptr<LentSegments>& lent, uint8_t* data)
+{
+    const std::lock_guard lock(lent->lock);
+    for (auto it = lent->segments.begin(); it != lent->segments.end(); ++it) {
+        if (it->data == data) {
+            if (lent->closed) {
+                shmdt(data); // the server let go with the connection
+                lent->segments.erase(it);
+            } else {
+                it->busy = false;
+            }
+            return;
+        }
+    }
 }
 
 QString XcbConnection::atomName(xcb_atom_t atom)
@@ -287,17 +364,6 @@ std::optional<QImage::Format> formatFor(uint8_t depth, int bitsPerPixel)
 
 } // namespace
 
-QImage XcbConnection::takeSegment(int width, int height, qsizetype stride, QImage::Format format)
-{
-    xcb_shm_detach(c, m_shmSeg);
-    xcb_flush(c);
-    uint8_t* data = m_shmData;
-    m_shmData = nullptr;
-    m_shmSize = 0;
-    return QImage(
-        data, width, height, stride, format, [](void* memory) { shmdt(memory); }, data);
-}
-
 QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t depth,
                            Pixels pixels)
 {
@@ -332,13 +398,29 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
                          .arg(size));
     };
     xcb_generic_error_t* error = nullptr;
-    if (segment(std::max(size, size_t(rect.width()) * size_t(rect.height()) * 4))) {
+    const size_t needed = std::max(size, size_t(rect.width()) * size_t(rect.height()) * 4);
+    // Owned pixels of a large grab stay in the segment they were read into,
+    // lent to the image and given back when it goes: the next grab reuses
+    // it, its pages already there on both sides. Below a few megabytes a
+    // copy costs less.
+    constexpr size_t lentFrom = size_t(4) << 20;
+    const bool lend = pixels == Pixels::owned && size >= lentFrom &&
+                      (*format == QImage::Format_RGB32 ||
+                       *format == QImage::Format_ARGB32_Premultiplied);
+    Segment lent = lend ? lendSegment(needed) : Segment();
+    const auto giveBackLent = qScopeGuard([&] {
+        if (lent.data) {
+            giveBack(m_lent, lent.data);
+        }
+    });
+    Segment* used = lent.data ? &lent : segment(needed) ? &m_current : nullptr;
+    if (used) {
         // A new segment's pages are filled before the server writes them.
         // A large one is read in strips: the server copies one strip while
         // the next one's pages are filled here, and the server is grabbed
         // from the first request to the last so that the strips show one
         // moment of the screen.
-        const bool fresh = std::exchange(m_shmFresh, false);
+        const bool fresh = std::exchange(used->fresh, false);
         const int strips = fresh && size >= (size_t(16) << 20) ? 4 : 1;
         const int stripRows = (rect.height() + strips - 1) / strips;
         const auto stripBytes = [&](int strip) {
@@ -347,7 +429,7 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
                              size_t(std::max(rows, 0)) * size_t(stride));
         };
         if (fresh) {
-            populateOnTwoThreads(m_shmData, strips == 1 ? size : stripBytes(0).second);
+            populateOnTwoThreads(used->data, strips == 1 ? size : stripBytes(0).second);
         }
         if (strips > 1) {
             xcb_grab_server(c);
@@ -358,7 +440,7 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
             const int rows = std::min(stripRows, rect.height() - top);
             cookies.push_back(xcb_shm_get_image(
                 c, drawable, int16_t(rect.x()), int16_t(rect.y() + top), uint16_t(rect.width()),
-                uint16_t(rows), ~0u, XCB_IMAGE_FORMAT_Z_PIXMAP, m_shmSeg,
+                uint16_t(rows), ~0u, XCB_IMAGE_FORMAT_Z_PIXMAP, used->seg,
                 uint32_t(stripBytes(strip).first)));
             if (strip + 1 == strips && strips > 1) {
                 xcb_ungrab_server(c);
@@ -366,7 +448,7 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
             xcb_flush(c);
             if (strip + 1 < strips) {
                 const auto [offset, bytes] = stripBytes(strip + 1);
-                populate(m_shmData + offset, bytes);
+                populate(used->data + offset, bytes);
             }
         }
         size_t got = 0;
@@ -389,15 +471,23 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
             if (got < size) {
                 throw shortReply(got);
             }
-            const QImage wrapped(m_shmData, rect.width(), rect.height(), stride, *format);
+            if (lent.data) {
+                struct Loan {
+                    std::shared_ptr<LentSegments> lent;
+                    uint8_t* data;
+                };
+                auto* loan = new Loan{m_lent, std::exchange(lent.data, nullptr)};
+                return QImage(
+                    loan->data, rect.width(), rect.height(), stride, *format,
+                    [](void* info) {
+                        const std::unique_ptr<Loan> ended(static_cast<Loan*>(info));
+                        giveBack(ended->lent, ended->data);
+                    },
+                    loan);
+            }
+            const QImage wrapped(used->data, rect.width(), rect.height(), stride, *format);
             if (pixels == Pixels::borrowed) {
                 return asRgb32(wrapped);
-            }
-            // Below a few megabytes a copy costs less than a new segment.
-            constexpr size_t keptFrom = size_t(4) << 20;
-            if (size >= keptFrom && (*format == QImage::Format_RGB32 ||
-                                     *format == QImage::Format_ARGB32_Premultiplied)) {
-                return takeSegment(rect.width(), rect.height(), stride, *format);
             }
             QImage converted = asRgb32(wrapped);
             if (converted.constBits() == wrapped.constBits()) {

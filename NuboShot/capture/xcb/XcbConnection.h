@@ -11,8 +11,10 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <utility>
+#include <vector>
 #include <xcb/xcb.h>
 
 namespace nubo {
@@ -92,9 +94,9 @@ public:
     // What a grab's image may point at.
     enum class Pixels {
         borrowed, // the shared segment, valid until the next grab
-        owned,    // memory of its own: a large grab keeps the segment it was
-                  // read into (the next grab attaches a new one), a small
-                  // one is copied out of it
+        owned,    // memory of its own: a large grab's segment is lent to the
+                  // image until it goes (from any thread, also after the
+                  // connection), a small one is copied out
     };
     // Pixels of a drawable as a 32-bit image: RGB32 for opaque depths,
     // premultiplied ARGB32 for depth 32. Throws CaptureError (noContent)
@@ -103,20 +105,39 @@ public:
                 Pixels pixels = Pixels::borrowed);
 
 private:
+    struct Segment {
+        uint8_t* data = nullptr;
+        uint32_t seg = 0;
+        size_t size = 0;
+        bool fresh = false; // its pages not filled yet
+    };
+    // Segments lent to images, kept for the next grab once given back.
+    struct LentSegments {
+        struct Kept {
+            uint8_t* data;
+            uint32_t seg;
+            size_t size;
+            bool busy;
+        };
+        std::mutex lock;
+        std::vector<Kept> segments;
+        bool closed = false; // the connection is gone
+    };
+
+    // A new segment attached to the server; empty (and shm off) when shared
+    // memory cannot be used (a remote display).
+    Segment newSegment(size_t size);
     void releaseSegment();
-    // A segment of at least `size` bytes attached to the server; false when
-    // shared memory cannot be used (a remote display).
+    // The segment borrowed grabs use, of at least `size` bytes.
     bool segment(size_t size);
-    // The segment as an image that detaches it when it goes; the server
-    // forgets it now.
-    QImage takeSegment(int width, int height, qsizetype stride, QImage::Format format);
+    // A segment of at least `size` bytes to lend to an image; empty when
+    // shared memory cannot be used.
+    Segment lendSegment(size_t size);
+    static void giveBack(const std::shared_ptr<LentSegments>& lent, uint8_t* data);
 
     QHash<xcb_atom_t, QString> m_atomNames;
-    int m_shmId = -1;
-    uint8_t* m_shmData = nullptr;
-    size_t m_shmSize = 0;
-    uint32_t m_shmSeg = 0;
-    bool m_shmFresh = false; // its pages not filled yet
+    Segment m_current;
+    std::shared_ptr<LentSegments> m_lent = std::make_shared<LentSegments>();
 };
 
 } // namespace nubo
