@@ -2,6 +2,7 @@
 
 #include "core/Logging.h"
 #include "media/MediaError.h"
+#include "media/Yuv420Conversion.h"
 #include "recording/RecordingEncoder.h"
 #include "recording/RecordingRecovery.h"
 
@@ -240,8 +241,9 @@ void RecordingWriter::open()
         m_encoder = std::move(e);
     }
     m_opened = true;
-    qCInfo(lcRecordingWriter, "Writing %dx%d at %d fps, %lld bit/s with %s%s into %s",
-           m_size.width(), m_size.height(), fps, static_cast<long long>(m_encoder->codec->bit_rate),
+    qCInfo(lcRecordingWriter, "Writing %dx%d at %d fps, at most %lld bit/s with %s%s into %s",
+           m_size.width(), m_size.height(), fps,
+           static_cast<long long>(std::max(m_encoder->codec->bit_rate, m_encoder->codec->rc_max_rate)),
            qPrintable(m_encoder->video->name()), m_audio ? " and AAC sound" : "", qPrintable(m_file));
 }
 
@@ -273,10 +275,14 @@ bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captu
         m_marker = RecordingRecovery::mark(m_file);
     }
     Encoder& e = *m_encoder;
-    if (!e.scaler.get() || e.scalerSource != picture.size() || e.scalerFormat != format) {
+    // Pictures of the movie's size go to a software encoder through our own
+    // conversion, the rest (scaled, or for a GPU's NV12) through swscale.
+    const bool direct = picture.size() == m_size &&
+                        e.video->inputFormat() == AV_PIX_FMT_YUV420P;
+    if (!direct &&
+        (!e.scaler.get() || e.scalerSource != picture.size() || e.scalerFormat != format)) {
         e.scaler.reset(sws_getContext(picture.width(), picture.height(), format, m_size.width(),
-                                  m_size.height(), e.video->inputFormat(),
-                                  picture.size() == m_size ? SWS_POINT : SWS_AREA, nullptr,
+                                  m_size.height(), e.video->inputFormat(), SWS_AREA, nullptr,
                                   nullptr, nullptr));
         if (!e.scaler) {
             fail(QStringLiteral("convertPixels"), AVERROR(EINVAL));
@@ -292,9 +298,18 @@ bool RecordingWriter::appendVideo(const QImage& picture, RecordingDuration captu
         fail(QStringLiteral("appendVideo"), status);
     }
     const QImage drawn = m_camera ? withCamera(picture) : picture;
-    const uint8_t* source[1] = {drawn.constBits()};
-    const int stride[1] = {int(drawn.bytesPerLine())};
-    sws_scale(e.scaler.get(), source, stride, 0, drawn.height(), e.frame->data, e.frame->linesize);
+    if (direct) {
+        const bool rgbOrder = format == AV_PIX_FMT_RGBA || format == AV_PIX_FMT_RGB0;
+        toYuv420(drawn.constBits(), int(drawn.bytesPerLine()), drawn.width(), drawn.height(),
+                 rgbOrder ? PixelOrder::rgbx : PixelOrder::bgrx,
+                 {e.frame->data[0], e.frame->data[1], e.frame->data[2], e.frame->linesize[0],
+                  e.frame->linesize[1], e.frame->linesize[2]});
+    } else {
+        const uint8_t* source[1] = {drawn.constBits()};
+        const int stride[1] = {int(drawn.bytesPerLine())};
+        sws_scale(e.scaler.get(), source, stride, 0, drawn.height(), e.frame->data,
+                  e.frame->linesize);
+    }
     status = e.video->send(pts);
     if (status < 0) {
         fail(QStringLiteral("appendVideo"), status);
