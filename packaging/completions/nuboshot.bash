@@ -1,0 +1,118 @@
+# bash completion for nuboshot: commands, modes, options, file names, and
+# the display and window ids and microphones the running desktop has (asked
+# of nuboshot itself, as "nuboshot displays", "nuboshot windows" and
+# "nuboshot record --list-sources" print them, the id first on each line).
+
+_nuboshot_first_fields()
+{
+    "$1" "${@:2}" 2>/dev/null | cut -f1
+}
+
+_nuboshot()
+{
+    local cur prev words cword
+    if declare -F _init_completion >/dev/null; then
+        _init_completion -n = || return
+    else
+        cur=${COMP_WORDS[COMP_CWORD]}
+        prev=${COMP_WORDS[COMP_CWORD - 1]}
+        words=("${COMP_WORDS[@]}")
+        cword=$COMP_CWORD
+    fi
+    local program=${words[0]}
+    local commands="capture annotate open displays windows grab archive export stitch record review video upload"
+    if [ "$cword" -eq 1 ]; then
+        COMPREPLY=($(compgen -W "$commands -h --help -v --version" -- "$cur"))
+        return
+    fi
+    local command=${words[1]}
+    local sub=${words[2]}
+    case "$prev" in
+        -o | --output)
+            if [ "$command" = record ]; then
+                COMPREPLY=($(compgen -d -- "$cur"))
+            else
+                COMPREPLY=($(compgen -f -- "$cur"))
+            fi
+            return ;;
+        --display)
+            COMPREPLY=($(compgen -W "$(_nuboshot_first_fields "$program" displays)" -- "$cur"))
+            return ;;
+        --format) COMPREPLY=($(compgen -W "png jpeg heic webp" -- "$cur")); return ;;
+        --scale) COMPREPLY=($(compgen -W "1 2" -- "$cur")); return ;;
+        --destination) COMPREPLY=($(compgen -W "auto r2 filebin" -- "$cur")); return ;;
+        --fps) COMPREPLY=($(compgen -W "30 60" -- "$cur")); return ;;
+        --resolution) COMPREPLY=($(compgen -W "native standard" -- "$cur")); return ;;
+        --codec) COMPREPLY=($(compgen -W "h264 hevc" -- "$cur")); return ;;
+        --quality)
+            [ "$command" = video ] && COMPREPLY=($(compgen -W "original 1080 720" -- "$cur"))
+            return ;;
+    esac
+    case "$command" in
+        capture)
+            [ "$cword" -eq 2 ] &&
+                COMPREPLY=($(compgen -W "area window fullscreen scrolling recording -h --help" -- "$cur")) ;;
+        displays | windows)
+            COMPREPLY=($(compgen -W "--json -h --help" -- "$cur")) ;;
+        grab)
+            if [ "$cword" -eq 2 ]; then
+                COMPREPLY=($(compgen -W "fullscreen window region -h --help" -- "$cur"))
+            elif [ "$cword" -eq 3 ] && [ "$sub" = window ]; then
+                COMPREPLY=($(compgen -W "pick $(_nuboshot_first_fields "$program" windows)" -- "$cur"))
+            else
+                COMPREPLY=($(compgen -W "-o --output --display --quality -h --help" -- "$cur"))
+            fi ;;
+        archive)
+            if [ "$cword" -eq 2 ]; then
+                COMPREPLY=($(compgen -W "new check -h --help" -- "$cur"))
+            elif [ "$sub" = new ] && [ "$cword" -eq 3 ]; then
+                COMPREPLY=($(compgen -f -- "$cur"))
+            else
+                COMPREPLY=($(compgen -d -- "$cur"))
+            fi ;;
+        export)
+            if [[ $cur == -* ]]; then
+                COMPREPLY=($(compgen -W "-o --output --quick --format --quality --scale -h --help" -- "$cur"))
+            else
+                COMPREPLY=($(compgen -d -- "$cur"))
+            fi ;;
+        record)
+            if [[ $cur == --microphone=* ]]; then
+                local sources
+                sources=$(_nuboshot_first_fields "$program" record --list-sources)
+                COMPREPLY=($(compgen -P --microphone= -W "$sources" -- "${cur#--microphone=}"))
+            elif [ "$cword" -eq 2 ]; then
+                COMPREPLY=($(compgen -W "display area window --list-sources -h --help" -- "$cur"))
+            elif [ "$cword" -eq 3 ] && [ "$sub" = display ] && [[ $cur != -* ]]; then
+                COMPREPLY=($(compgen -W "$(_nuboshot_first_fields "$program" displays)" -- "$cur"))
+            elif [ "$cword" -eq 3 ] && [ "$sub" = window ]; then
+                COMPREPLY=($(compgen -W "pick $(_nuboshot_first_fields "$program" windows)" -- "$cur"))
+            else
+                COMPREPLY=($(compgen -W "-o --output --fps --resolution --codec --duration --no-cursor --highlight-clicks --system-audio --microphone --microphone= --camera -h --help" -- "$cur"))
+                [[ ${COMPREPLY[*]} == *= ]] && compopt -o nospace 2>/dev/null
+            fi ;;
+        video)
+            if [ "$cword" -eq 2 ]; then
+                COMPREPLY=($(compgen -W "export info -h --help" -- "$cur"))
+            elif [[ $cur == -* ]] && [ "$sub" = export ]; then
+                COMPREPLY=($(compgen -W "-o --output --cut --in --out --crop --blur --mute --quality -h --help" -- "$cur"))
+            else
+                COMPREPLY=($(compgen -f -- "$cur"))
+            fi ;;
+        upload)
+            if [[ $cur == -* ]]; then
+                COMPREPLY=($(compgen -W "--destination -h --help" -- "$cur"))
+            else
+                COMPREPLY=($(compgen -f -- "$cur"))
+            fi ;;
+        annotate | open | review | stitch)
+            if [[ $cur == -* ]]; then
+                local options="-h --help"
+                [ "$command" = stitch ] && options="-o --output --verbose -h --help"
+                COMPREPLY=($(compgen -W "$options" -- "$cur"))
+            else
+                COMPREPLY=($(compgen -f -- "$cur"))
+            fi ;;
+    esac
+}
+complete -F _nuboshot nuboshot

@@ -1,0 +1,74 @@
+# fish completion for nuboshot: commands, modes, options, file names, and
+# the display and window ids and microphones the running desktop has (asked
+# of nuboshot itself, the id first on each line it prints).
+
+function __nuboshot_ids
+    # The id, then what fish shows beside it.
+    command nuboshot $argv 2>/dev/null
+end
+
+set -l commands capture annotate open displays windows grab archive export stitch record review video upload
+complete -c nuboshot -f
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -s h -l help -d "Show the help"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -s v -l version -d "Show the version"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a capture -d "Capture through the running Nubo Shot"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a annotate -d "Open images in the editor"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a open -d "Open images in the editor"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a displays -d "List the displays"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a windows -d "List the windows"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a grab -d "Capture into an image file"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a archive -d "Store or read a shot archive"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a export -d "Render a shot archive"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a stitch -d "Stitch scrolled frames"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a record -d "Record the screen"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a review -d "Open a recording for review"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a video -d "Export or describe a recording"
+complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a upload -d "Upload a file"
+
+complete -c nuboshot -n "__fish_seen_subcommand_from capture" -a "area window fullscreen scrolling recording"
+complete -c nuboshot -n "__fish_seen_subcommand_from displays windows" -l json -d "As JSON"
+
+complete -c nuboshot -n "__fish_seen_subcommand_from grab; and not __fish_seen_subcommand_from fullscreen window region" -a "fullscreen window region"
+complete -c nuboshot -n "__fish_seen_subcommand_from grab; and __fish_seen_subcommand_from window" -a "pick (__nuboshot_ids windows)"
+complete -c nuboshot -n "__fish_seen_subcommand_from grab" -l display -x -a "(__nuboshot_ids displays)" -d "The display's id"
+complete -c nuboshot -n "__fish_seen_subcommand_from grab" -l quality -x -d "Lossy quality, 0 to 1"
+complete -c nuboshot -n "__fish_seen_subcommand_from grab export stitch" -s o -l output -r -F -d "The file to write"
+
+complete -c nuboshot -n "__fish_seen_subcommand_from archive; and not __fish_seen_subcommand_from new check" -a "new check"
+complete -c nuboshot -n "__fish_seen_subcommand_from archive" -F
+
+complete -c nuboshot -n "__fish_seen_subcommand_from export" -F
+complete -c nuboshot -n "__fish_seen_subcommand_from export" -l quick -d "Into the quick-save folder"
+complete -c nuboshot -n "__fish_seen_subcommand_from export" -l format -x -a "png jpeg heic webp"
+complete -c nuboshot -n "__fish_seen_subcommand_from export" -l quality -x -d "Lossy quality, 0 to 1"
+complete -c nuboshot -n "__fish_seen_subcommand_from export" -l scale -x -a "1 2"
+
+complete -c nuboshot -n "__fish_seen_subcommand_from stitch annotate open review upload" -F
+complete -c nuboshot -n "__fish_seen_subcommand_from stitch" -l verbose -d "One line per frame"
+complete -c nuboshot -n "__fish_seen_subcommand_from upload" -l destination -x -a "auto r2 filebin"
+
+complete -c nuboshot -n "__fish_seen_subcommand_from record; and not __fish_seen_subcommand_from display area window" -a "display area window"
+complete -c nuboshot -n "__fish_seen_subcommand_from record; and __fish_seen_subcommand_from display" -a "(__nuboshot_ids displays)"
+complete -c nuboshot -n "__fish_seen_subcommand_from record; and __fish_seen_subcommand_from window" -a "pick (__nuboshot_ids windows)"
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -l list-sources -d "List the microphones"
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -s o -l output -x -a "(__fish_complete_directories)" -d "The folder to write into"
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -l fps -x -a "30 60"
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -l resolution -x -a "native standard"
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -l codec -x -a "h264 hevc"
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -l duration -x -d "Seconds"
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -l no-cursor
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -l highlight-clicks
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -l system-audio
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -l microphone -f -a "(__nuboshot_ids record --list-sources)" -d "The default microphone, or this one"
+complete -c nuboshot -n "__fish_seen_subcommand_from record" -l camera
+
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and not __fish_seen_subcommand_from export info" -a "export info"
+complete -c nuboshot -n "__fish_seen_subcommand_from video" -F
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -s o -l output -r -F -d "The MP4 to write"
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l cut -x -d "START-END"
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l in -x -d "Seconds"
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l out -x -d "Seconds"
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l crop -x -d "X,Y,W,H"
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l blur -x -d "X,Y,W,H@START-END"
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l mute
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l quality -x -a "original 1080 720"
