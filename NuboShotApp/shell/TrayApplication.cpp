@@ -235,8 +235,11 @@ TrayApplication::Start TrayApplication::start()
     qCInfo(lcApp) << "Nubo Shot started";
     recoverRecordings();
     tellInterruptedUploads();
-    // Which GPU encoders open is asked now, so the first recording does not wait for it.
-    (void)QtConcurrent::run([] { (void)recordingEncoderSupport(); });
+    // Which GPU encoders open is asked in the background, so the first
+    // recording does not wait for it; a few seconds after the start, not
+    // during it: asking loads FFmpeg, whose hundred libraries would compete
+    // with the icon and the menu for the cores.
+    QTimer::singleShot(3000, this, [] { (void)QtConcurrent::run([] { (void)recordingEncoderSupport(); }); });
     return Start::started;
 }
 
