@@ -85,6 +85,13 @@ int askTray(int argc, char** argv)
 // the capture debug lines do.
 Q_LOGGING_CATEGORY(lcCapture, "com.corvane.lab.nuboshot.capture", QtWarningMsg)
 
+// No tray to grab: the stills program grabs, told that it need not ask again.
+int grabHere()
+{
+    ::setenv(nubo::programs::grabHereVariable, "1", 1);
+    return -1;
+}
+
 // "nuboshot grab …" answered by the running tray, where everything is warm;
 // -1 when there is none to ask (or it captures another display).
 int askTrayToGrab(int argc, char** argv)
@@ -96,8 +103,7 @@ int askTrayToGrab(int argc, char** argv)
     nubo::followDebugSwitch();
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(QLatin1String(nubo::bus::name))) {
-        ::setenv(nubo::programs::grabHereVariable, "1", 1);
-        return -1;
+        return grabHere();
     }
     QStringList arguments;
     for (int i = 2; i < argc; ++i) {
@@ -112,9 +118,7 @@ int askTrayToGrab(int argc, char** argv)
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() != 3) {
         const QString name = reply.errorName();
         if (nubo::bus::meansNobodyToAsk(name.toUtf8().constData())) {
-            // The grab happens in the stills program, which need not ask again.
-            ::setenv(nubo::programs::grabHereVariable, "1", 1);
-            return -1;
+            return grabHere();
         }
         // Any other answer (a time-out above all) may mean the tray is still
         // at work: grabbing here as well could write the file twice.

@@ -8,6 +8,16 @@ _nuboshot_first_fields()
     "$1" "${@:2}" 2>/dev/null | cut -f1
 }
 
+# Options when the word begins with a dash, else files (-f) or folders (-d).
+_nuboshot_options_or()
+{
+    if [[ $cur == -* ]]; then
+        COMPREPLY=($(compgen -W "$2" -- "$cur"))
+    else
+        COMPREPLY=($(compgen "$1" -- "$cur"))
+    fi
+}
+
 _nuboshot()
 {
     local cur prev words cword
@@ -71,11 +81,7 @@ _nuboshot()
                 COMPREPLY=($(compgen -d -- "$cur"))
             fi ;;
         export)
-            if [[ $cur == -* ]]; then
-                COMPREPLY=($(compgen -W "-o --output --quick --format --quality --scale -h --help" -- "$cur"))
-            else
-                COMPREPLY=($(compgen -d -- "$cur"))
-            fi ;;
+            _nuboshot_options_or -d "-o --output --quick --format --quality --scale -h --help" ;;
         record)
             if [[ $cur == --microphone=* ]]; then
                 local sources
@@ -94,25 +100,14 @@ _nuboshot()
         video)
             if [ "$cword" -eq 2 ]; then
                 COMPREPLY=($(compgen -W "export info -h --help" -- "$cur"))
-            elif [[ $cur == -* ]] && [ "$sub" = export ]; then
-                COMPREPLY=($(compgen -W "-o --output --cut --in --out --crop --blur --mute --quality -h --help" -- "$cur"))
+            elif [ "$sub" = export ]; then
+                _nuboshot_options_or -f "-o --output --cut --in --out --crop --blur --mute --quality -h --help"
             else
                 COMPREPLY=($(compgen -f -- "$cur"))
             fi ;;
-        upload)
-            if [[ $cur == -* ]]; then
-                COMPREPLY=($(compgen -W "--destination -h --help" -- "$cur"))
-            else
-                COMPREPLY=($(compgen -f -- "$cur"))
-            fi ;;
-        annotate | open | review | stitch)
-            if [[ $cur == -* ]]; then
-                local options="-h --help"
-                [ "$command" = stitch ] && options="-o --output --verbose -h --help"
-                COMPREPLY=($(compgen -W "$options" -- "$cur"))
-            else
-                COMPREPLY=($(compgen -f -- "$cur"))
-            fi ;;
+        upload) _nuboshot_options_or -f "--destination -h --help" ;;
+        stitch) _nuboshot_options_or -f "-o --output --verbose -h --help" ;;
+        annotate | open | review) _nuboshot_options_or -f "-h --help" ;;
     esac
 }
 complete -F _nuboshot nuboshot

@@ -7,23 +7,29 @@ function __nuboshot_ids
     command nuboshot $argv 2>/dev/null
 end
 
-set -l commands capture annotate open displays windows grab archive export stitch record review video upload
+# Each command and what fish shows beside it.
+set -l described \
+    capture "Capture through the running Nubo Shot" \
+    annotate "Open images in the editor" \
+    open "Open images in the editor" \
+    displays "List the displays" \
+    windows "List the windows" \
+    grab "Capture into an image file" \
+    archive "Store or read a shot archive" \
+    export "Render a shot archive" \
+    stitch "Stitch scrolled frames" \
+    record "Record the screen" \
+    review "Open a recording for review" \
+    video "Export or describe a recording" \
+    upload "Upload a file"
+set -l commands $described[1..-1..2]
+set -l first "not __fish_seen_subcommand_from $commands"
 complete -c nuboshot -f
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -s h -l help -d "Show the help"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -s v -l version -d "Show the version"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a capture -d "Capture through the running Nubo Shot"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a annotate -d "Open images in the editor"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a open -d "Open images in the editor"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a displays -d "List the displays"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a windows -d "List the windows"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a grab -d "Capture into an image file"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a archive -d "Store or read a shot archive"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a export -d "Render a shot archive"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a stitch -d "Stitch scrolled frames"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a record -d "Record the screen"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a review -d "Open a recording for review"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a video -d "Export or describe a recording"
-complete -c nuboshot -n "not __fish_seen_subcommand_from $commands" -a upload -d "Upload a file"
+complete -c nuboshot -n "$first" -s h -l help -d "Show the help"
+complete -c nuboshot -n "$first" -s v -l version -d "Show the version"
+for i in (seq 1 2 (count $described))
+    complete -c nuboshot -n "$first" -a $described[$i] -d $described[(math $i + 1)]
+end
 
 complete -c nuboshot -n "__fish_seen_subcommand_from capture" -a "area window fullscreen scrolling recording"
 complete -c nuboshot -n "__fish_seen_subcommand_from displays windows" -l json -d "As JSON"
