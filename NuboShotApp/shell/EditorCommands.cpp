@@ -41,10 +41,12 @@ int runEditorCommand(int argc, char** argv, const QStringList& arguments)
         if (files.isEmpty()) {
             return usage(QStringLiteral("%1 needs one or more images").arg(arguments.first()));
         }
-        print(QStringLiteral("Usage: nuboshot %1 FILE...\n\nOpens each image (or shot archive) in "
-                             "its own editor "
-                             "window.")
-                  .arg(arguments.first()));
+        print(arguments.first() == QLatin1String("open")
+                  ? QStringLiteral("Usage: nuboshot open [FILE...]\n\nOpens each image (or shot "
+                                   "archive) in its own editor window. With no file, starts Nubo "
+                                   "Shot in the tray (what its menu entry runs).")
+                  : QStringLiteral("Usage: nuboshot annotate FILE...\n\nOpens each image (or "
+                                   "shot archive) in its own editor window."));
         return success;
     }
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&

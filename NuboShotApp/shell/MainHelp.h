@@ -13,7 +13,7 @@ Commands:
   capture area|window|fullscreen|scrolling|recording
                           the running Nubo Shot captures (started if needed)
   annotate FILE...        open images (or shot archives) in the editor
-  open FILE...            the same
+  open [FILE...]          the same; with no file, start the tray
   displays [--json]       list the displays
   windows [--json]        list the windows that can be captured, front-most first
   grab fullscreen|window ID|region X,Y,W,H -o FILE

@@ -13,6 +13,10 @@ int main(int argc, char** argv)
     for (int i = 1; i < argc; ++i) {
         arguments << QString::fromLocal8Bit(argv[i]);
     }
+    // The menu entry runs "open %F": with no file it starts the tray.
+    if (arguments == QStringList{QStringLiteral("open")}) {
+        arguments.clear();
+    }
     if (nubo::cli::isEditorCommand(arguments)) {
         return nubo::cli::runEditorCommand(argc, argv, arguments);
     }

@@ -50,7 +50,7 @@ TEST(CommandLine, AnswersHelpVersionAndBadUsage)
         {{"video", "info"}, 2, "", "video info takes one file"},
         {{"video", "info", "/nonexistent.mp4"}, 1, "", "could not be read"},
         {{"review"}, 2, "", "review needs one recording"},
-        {{"open", "--help"}, 0, "Usage: nuboshot open FILE...", ""},
+        {{"open", "--help"}, 0, "Usage: nuboshot open [FILE...]", ""},
         {{"frobnicate"}, 2, "", "unknown command \u201cfrobnicate\u201d"},
         {{"archive"}, 2, "", "archive needs a command"},
         {{"archive", "new", "only-one"}, 2, "", "needs an image and a folder"},
