@@ -1,5 +1,6 @@
 #include "editor/EmojiCatalog.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QHash>
 
@@ -41,13 +42,13 @@ const EmojiCatalog& EmojiCatalog::installed()
     static const EmojiCatalog catalog = [] {
         QFile file(defaultPath());
         if (!file.open(QIODevice::ReadOnly)) {
-            return fallback(QStringLiteral("Only a few emoji are offered: %1 cannot be read (%2). "
+            return fallback(QCoreApplication::translate("nubo::EmojiCatalog", "Only a few emoji are offered: %1 cannot be read (%2). "
                                            "Install the package unicode-data for all of them.")
                                 .arg(defaultPath(), file.errorString()));
         }
         EmojiCatalog read = parse(file.read(maximumBytes));
         if (read.entries().isEmpty()) {
-            return fallback(QStringLiteral("Only a few emoji are offered: %1 lists none. "
+            return fallback(QCoreApplication::translate("nubo::EmojiCatalog", "Only a few emoji are offered: %1 lists none. "
                                            "Reinstall the package unicode-data.")
                                 .arg(defaultPath()));
         }
@@ -59,7 +60,7 @@ const EmojiCatalog& EmojiCatalog::installed()
 EmojiCatalog EmojiCatalog::fallback(const QString& problem)
 {
     EmojiCatalog catalog;
-    catalog.m_groups << QStringLiteral("Everyday");
+    catalog.m_groups << QCoreApplication::translate("nubo::EmojiCatalog", "Everyday");
     const std::pair<const char*, const char*> everyday[] = {
         {"\U0001F600", "grinning face"}, {"\U0001F44D", "thumbs up"},
         {"\U0001F44E", "thumbs down"},   {"\u2764\uFE0F", "red heart"},

@@ -10,9 +10,9 @@ QString ShotCropBar::aspectTitle(CropAspect aspect)
 {
     switch (aspect) {
     case CropAspect::free:
-        return QStringLiteral("Free");
+        return tr("Free");
     case CropAspect::square:
-        return QStringLiteral("Square");
+        return tr("Square");
     case CropAspect::fourThree:
         return QStringLiteral("4:3");
     case CropAspect::sixteenNine:
@@ -22,7 +22,7 @@ QString ShotCropBar::aspectTitle(CropAspect aspect)
 }
 
 ShotCropBar::ShotCropBar(ShotEditorModel& model, QWidget* parent)
-    : QToolBar(QStringLiteral("Crop"), parent), m_model(model)
+    : QToolBar(tr("Crop"), parent), m_model(model)
 {
     setMovable(false);
     m_aspect = new QComboBox(this);
@@ -39,13 +39,13 @@ ShotCropBar::ShotCropBar(ShotEditorModel& model, QWidget* parent)
         auto* box = new QDoubleSpinBox(this);
         box->setDecimals(0);
         box->setRange(1, 1e6);
-        box->setSuffix(QStringLiteral(" px"));
+        box->setSuffix(tr(" px"));
         box->setKeyboardTracking(false);
         addWidget(box);
         return box;
     };
-    m_width = field(QStringLiteral("Width"));
-    m_height = field(QStringLiteral("Height"));
+    m_width = field(tr("Width"));
+    m_height = field(tr("Height"));
     // The fields are in pixels; the session measures in points.
     const auto sizeTyped = [this] {
         if (m_showing) {
@@ -57,9 +57,8 @@ ShotCropBar::ShotCropBar(ShotEditorModel& model, QWidget* parent)
     connect(m_width, &QDoubleSpinBox::valueChanged, this, sizeTyped);
     connect(m_height, &QDoubleSpinBox::valueChanged, this, sizeTyped);
     addSeparator();
-    connect(addAction(QStringLiteral("Done")), &QAction::triggered, this,
-            [this] { m_model.commitCrop(); });
-    connect(addAction(QStringLiteral("Cancel")), &QAction::triggered, this, [this] {
+    connect(addAction(tr("Done")), &QAction::triggered, this, [this] { m_model.commitCrop(); });
+    connect(addAction(tr("Cancel")), &QAction::triggered, this, [this] {
         m_model.abandonCrop();
         m_model.setActiveTool(ShotToolKind::select);
     });

@@ -399,7 +399,7 @@ QString ShotEditorModel::addImageLayer(const QImage& image, QPointF topLeft)
     assertMainThread();
     endNudging();
     if (image.isNull()) {
-        return QStringLiteral("There is no image to add (it could not be read, or it is larger "
+        return tr("There is no image to add (it could not be read, or it is larger "
                               "than Nubo Shot takes).");
     }
     ShotDocument next = m_document;
@@ -413,7 +413,7 @@ QString ShotEditorModel::addImageLayer(const QImage& image, QPointF topLeft)
     }
     QImage converted = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
     if (converted.isNull()) {
-        return QStringLiteral("There is not enough memory to add an image of %1 \u00d7 %2 pixels.")
+        return tr("There is not enough memory to add an image of %1 × %2 pixels.")
             .arg(image.width())
             .arg(image.height());
     }

@@ -46,7 +46,7 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     setCentralWidget(m_view);
     setAcceptDrops(true);
 
-    QToolBar* toolbar = addToolBar(QStringLiteral("Tools"));
+    QToolBar* toolbar = addToolBar(tr("Tools"));
     toolbar->setObjectName(QStringLiteral("toolBar"));
     toolbar->setMovable(false);
     toolbar->setToolButtonStyle(Qt::ToolButtonIconOnly);
@@ -85,7 +85,7 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     addToolBar(new ShotStyleBar(*m_model, preferences, this));
     addToolBar(Qt::BottomToolBarArea, new ShotCropBar(*m_model, this));
     addToolBarBreak(Qt::BottomToolBarArea);
-    QToolBar* outputBar = addToolBar(QStringLiteral("Output"));
+    QToolBar* outputBar = addToolBar(tr("Output"));
     addToolBar(Qt::BottomToolBarArea, outputBar);
     outputBar->setMovable(false);
     m_output = new ShotOutputActions(*this, preferences, renderer, this);
@@ -114,37 +114,37 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
         addAction(action);
         return action;
     };
-    add(QStringLiteral("Undo"), QKeySequence::Undo, [this] { m_model->undo(); });
-    add(QStringLiteral("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+    add(tr("Undo"), QKeySequence::Undo, [this] { m_model->undo(); });
+    add(tr("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
         [this] { m_model->redo(); })
         ->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
                         QKeySequence(Qt::CTRL | Qt::Key_Y)});
-    add(QStringLiteral("Close"), QKeySequence(Qt::CTRL | Qt::Key_W), [this] { close(); });
-    add(QStringLiteral("Select All"), QKeySequence::SelectAll, [this] { m_model->selectAll(); });
-    add(QStringLiteral("Delete"), QKeySequence::Delete, [this] { m_model->deleteSelection(); });
-    add(QStringLiteral("Copy"), QKeySequence::Copy, [this] { copy(); });
-    add(QStringLiteral("Save"), QKeySequence(Qt::CTRL | Qt::Key_S),
+    add(tr("Close"), QKeySequence(Qt::CTRL | Qt::Key_W), [this] { close(); });
+    add(tr("Select All"), QKeySequence::SelectAll, [this] { m_model->selectAll(); });
+    add(tr("Delete"), QKeySequence::Delete, [this] { m_model->deleteSelection(); });
+    add(tr("Copy"), QKeySequence::Copy, [this] { copy(); });
+    add(tr("Save"), QKeySequence(Qt::CTRL | Qt::Key_S),
         [this] { m_output->quickSave(QGuiApplication::queryKeyboardModifiers()); });
     // Alt with the output keys keeps the editor open, as Alt on the buttons does.
-    add(QStringLiteral("Copy and Keep Open"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_C),
+    add(tr("Copy and Keep Open"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_C),
         [this] { m_output->copy(Qt::AltModifier); });
-    add(QStringLiteral("Save and Keep Open"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_S),
+    add(tr("Save and Keep Open"), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_S),
         [this] { m_output->quickSave(Qt::AltModifier); });
-    add(QStringLiteral("Save As"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+    add(tr("Save As"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
         [this] { m_output->saveAs(); });
-    add(QStringLiteral("Cut"), QKeySequence::Cut, [this] { cut(); });
-    add(QStringLiteral("Paste"), QKeySequence::Paste, [this] { paste(); });
-    add(QStringLiteral("Bring Forward"), QKeySequence(Qt::CTRL | Qt::Key_BracketRight),
+    add(tr("Cut"), QKeySequence::Cut, [this] { cut(); });
+    add(tr("Paste"), QKeySequence::Paste, [this] { paste(); });
+    add(tr("Bring Forward"), QKeySequence(Qt::CTRL | Qt::Key_BracketRight),
         [this] { m_model->bringForward(); });
-    add(QStringLiteral("Send Backward"), QKeySequence(Qt::CTRL | Qt::Key_BracketLeft),
+    add(tr("Send Backward"), QKeySequence(Qt::CTRL | Qt::Key_BracketLeft),
         [this] { m_model->sendBackward(); });
-    add(QStringLiteral("Zoom In"), QKeySequence::ZoomIn, [this] { m_view->zoomIn(); })
+    add(tr("Zoom In"), QKeySequence::ZoomIn, [this] { m_view->zoomIn(); })
         ->setShortcuts({QKeySequence::ZoomIn, QKeySequence(Qt::CTRL | Qt::Key_Equal)});
-    add(QStringLiteral("Zoom Out"), QKeySequence::ZoomOut, [this] { m_view->zoomOut(); });
-    add(QStringLiteral("Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0),
+    add(tr("Zoom Out"), QKeySequence::ZoomOut, [this] { m_view->zoomOut(); });
+    add(tr("Actual Size"), QKeySequence(Qt::CTRL | Qt::Key_0),
         [this] { m_view->zoomTo(1); })
         ->setShortcuts({QKeySequence(Qt::CTRL | Qt::Key_0), QKeySequence(Qt::CTRL | Qt::Key_1)});
-    add(QStringLiteral("Fit in Window"), QKeySequence(Qt::CTRL | Qt::Key_9),
+    add(tr("Fit in Window"), QKeySequence(Qt::CTRL | Qt::Key_9),
         [this] { m_view->fitToView(); });
 
     connect(m_model.get(), &ShotEditorModel::changed, this, [this] {
@@ -173,18 +173,18 @@ bool ShotEditorWindow::resizeTool(int steps)
     QString shown;
     if (controls & lineWidthControl) {
         style.lineWidth = ShotStyle::normalizedLineWidth(std::round(style.lineWidth) + steps);
-        shown = QStringLiteral("Width %1 pt").arg(style.lineWidth);
+        shown = tr("Width %1 pt").arg(style.lineWidth);
     } else if (controls & arrowSizeControl) {
         const int preset = std::clamp(int(nearestArrowSizePreset(style.lineWidth)) + steps, 0,
                                       int(enumCount<ArrowSizePreset>()) - 1);
         style.lineWidth = arrowWidth(ArrowSizePreset(preset));
-        shown = QStringLiteral("Width %1 pt").arg(style.lineWidth);
+        shown = tr("Width %1 pt").arg(style.lineWidth);
     } else if (controls & fontSizeControl) {
         style.fontSize = ShotStyle::normalizedFontSize(std::round(style.fontSize) + 2 * steps);
-        shown = QStringLiteral("Size %1 pt").arg(style.fontSize);
+        shown = tr("Size %1 pt").arg(style.fontSize);
     } else if (controls & strengthControl) {
         style.strength = ShotStyle::normalizedStrength(std::round(style.strength) + steps);
-        shown = QStringLiteral("Strength %1").arg(style.strength);
+        shown = tr("Strength %1").arg(style.strength);
     } else {
         return false;
     }
@@ -249,7 +249,7 @@ void ShotEditorWindow::pickColor(QPointF point)
             m_model->setStyle(tool, toolStyle);
         }
     }
-    showNotice(name + QStringLiteral(" copied"));
+    showNotice(tr("%1 copied").arg(name));
 }
 
 namespace {
@@ -320,8 +320,7 @@ void ShotEditorWindow::startTextEditor(const QUuid& id)
             cut.setPosition(int(TextContent::maximumLength));
             cut.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
             cut.removeSelectedText(); // changes the text again, within the limit
-            showNotice(QStringLiteral("A text holds at most %L1 characters.")
-                           .arg(TextContent::maximumLength));
+            showNotice(tr("A text holds at most %L1 characters.").arg(TextContent::maximumLength));
             return;
         }
         // The box widens with its longest line up to the shot's right edge
@@ -362,8 +361,7 @@ void ShotEditorWindow::finishTextEditor()
 void ShotEditorWindow::addImageFromFile()
 {
     const QString file = QFileDialog::getOpenFileName(
-        this, QStringLiteral("Add Image"), QString(),
-        QStringLiteral("Images (*.png *.jpg *.jpeg *.webp *.bmp *.gif)"));
+        this, tr("Add Image"), QString(), tr("Images (*.png *.jpg *.jpeg *.webp *.bmp *.gif)"));
     if (!file.isEmpty()) {
         addImageFile(file, std::nullopt);
     }
@@ -405,7 +403,7 @@ void ShotEditorWindow::reportAddProblem(const QString& problem)
 {
     if (!problem.isEmpty()) {
         qCWarning(lcApp, "Image not added: %s", qPrintable(problem));
-        QMessageBox::warning(this, QStringLiteral("Could Not Add Image"), problem);
+        QMessageBox::warning(this, tr("Could Not Add Image"), problem);
     }
 }
 
@@ -430,7 +428,7 @@ void ShotEditorWindow::cut()
     const QByteArray data =
         m_model->selectionIsExplicit() ? m_model->copySelection() : QByteArray();
     if (data.isEmpty()) {
-        showNotice(QStringLiteral("Select annotations to cut them"));
+        showNotice(tr("Select annotations to cut them"));
         return;
     }
     auto mime = std::make_unique<QMimeData>();
@@ -552,19 +550,17 @@ QString ShotEditorWindow::keyHelpText()
         tools += row(QString(toolShortcut(tool)), toolTitle(tool));
     }
     const QString commands =
-        row(QStringLiteral("Wheel"), QStringLiteral("Size of the tool")) +
-        row(QStringLiteral("Space+Drag"), QStringLiteral("Move around the shot")) +
-        row(QStringLiteral("Arrows"), QStringLiteral("Move the selection")) +
-        row(QStringLiteral("Ctrl+Z, Ctrl+Shift+Z"), QStringLiteral("Undo, Redo")) +
-        row(QStringLiteral("Ctrl+C"), QStringLiteral("Copy the shot")) +
-        row(QStringLiteral("Ctrl+S"), QStringLiteral("Save the shot")) +
-        row(QStringLiteral("Ctrl+Shift+S"), QStringLiteral("Save As")) +
-        row(QStringLiteral("Ctrl+1, Ctrl+9"), QStringLiteral("Actual size, Fit")) +
-        row(QStringLiteral("Esc"), QStringLiteral("Deselect, then close"));
-    return QStringLiteral("<b>Keys</b><table><tr><td valign='top'><table>%1</table></td>"
-                          "<td width='18'></td><td valign='top'><table>%2</table></td></tr></table>"
-                          "<p style='color:#aaaaaa'>Click here to hide this for good</p>")
-        .arg(tools, commands);
+        row(tr("Wheel"), tr("Size of the tool")) +
+        row(tr("Space+Drag"), tr("Move around the shot")) +
+        row(tr("Arrows"), tr("Move the selection")) +
+        row(tr("Ctrl+Z, Ctrl+Shift+Z"), tr("Undo, Redo")) + row(tr("Ctrl+C"), tr("Copy the shot")) +
+        row(tr("Ctrl+S"), tr("Save the shot")) + row(tr("Ctrl+Shift+S"), tr("Save As")) +
+        row(tr("Ctrl+1, Ctrl+9"), tr("Actual size, Fit")) +
+        row(tr("Esc"), tr("Deselect, then close"));
+    return QStringLiteral("<b>%1</b><table><tr><td valign='top'><table>%2</table></td>"
+                          "<td width='18'></td><td valign='top'><table>%3</table></td></tr></table>"
+                          "<p style='color:#aaaaaa'>%4</p>")
+        .arg(tr("Keys"), tools, commands, tr("Click here to hide this for good"));
 }
 
 void ShotEditorWindow::showNotice(const QString& text)
@@ -583,13 +579,12 @@ void ShotEditorWindow::closeEvent(QCloseEvent* event)
     }
     const bool unsaved = m_model->canUndo() && !m_model->isOutputCurrent();
     if (unsaved && !m_output->closeKeepsEdits()) {
-        QMessageBox box(QMessageBox::Question, QStringLiteral("Discard this screenshot?"),
-                        QStringLiteral("Your changes to this screenshot have not been copied or "
+        QMessageBox box(QMessageBox::Question, tr("Discard this screenshot?"),
+                        tr("Your changes to this screenshot have not been copied or "
                                        "saved."),
                         QMessageBox::NoButton, this);
-        QPushButton* save = box.addButton(QStringLiteral("Save"), QMessageBox::AcceptRole);
-        QPushButton* discard =
-            box.addButton(QStringLiteral("Discard"), QMessageBox::DestructiveRole);
+        QPushButton* save = box.addButton(tr("Save"), QMessageBox::AcceptRole);
+        QPushButton* discard = box.addButton(tr("Discard"), QMessageBox::DestructiveRole);
         box.addButton(QMessageBox::Cancel);
         box.setDefaultButton(QMessageBox::Cancel);
         box.exec();

@@ -57,7 +57,7 @@ ShotEmojiPicker::ShotEmojiPicker(const EmojiCatalog& catalog, ShotPreferences& p
     layout->setSpacing(6);
 
     auto* top = new QHBoxLayout;
-    m_search->setPlaceholderText(QStringLiteral("Search emoji"));
+    m_search->setPlaceholderText(tr("Search emoji"));
     m_search->setClearButtonEnabled(true);
     top->addWidget(m_search, 1);
     // The hand in each tone; the first is the default yellow.
@@ -78,7 +78,8 @@ ShotEmojiPicker::ShotEmojiPicker(const EmojiCatalog& catalog, ShotPreferences& p
 
     auto* groups = new QHBoxLayout;
     groups->setSpacing(2);
-    QToolButton* recentButton = emojiButton(QStringLiteral("\U0001F558"), QStringLiteral("Recently Used"), this);
+    QToolButton* recentButton =
+        emojiButton(QStringLiteral("\U0001F558"), tr("Recently Used"), this);
     m_groups->addButton(recentButton, recentGroup);
     groups->addWidget(recentButton);
     for (int group = 0; group < m_catalog.groups().size(); ++group) {
@@ -174,7 +175,7 @@ void ShotEmojiPicker::refresh()
         }
         m_groups->setExclusive(true);
         fill(m_catalog.search(words));
-        m_name->setText(m_grid->count() == 0 ? QStringLiteral("No emoji is called \u201c%1\u201d.").arg(words)
+        m_name->setText(m_grid->count() == 0 ? tr("No emoji is called “%1”.").arg(words)
                                               : m_grid->item(0)->toolTip());
         if (m_grid->count() > 0) {
             m_grid->setCurrentRow(0);
@@ -186,8 +187,8 @@ void ShotEmojiPicker::refresh()
     }
     if (m_group == recentGroup) {
         fill({}, recent());
-        m_name->setText(m_grid->count() == 0 ? QStringLiteral("Emoji you place show here.")
-                                              : QStringLiteral("Recently Used"));
+        m_name->setText(m_grid->count() == 0 ? tr("Emoji you place show here.")
+                                             : tr("Recently Used"));
     } else {
         QList<qsizetype> entries;
         for (qsizetype i = 0; i < m_catalog.entries().size(); ++i) {

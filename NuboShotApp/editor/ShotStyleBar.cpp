@@ -93,7 +93,7 @@ private:
 } // namespace
 
 ShotStyleBar::ShotStyleBar(ShotEditorModel& model, ShotPreferences& preferences, QWidget* parent)
-    : QToolBar(QStringLiteral("Style"), parent), m_model(model), m_preferences(preferences)
+    : QToolBar(tr("Style"), parent), m_model(model), m_preferences(preferences)
 {
     setMovable(false);
     setObjectName(QStringLiteral("styleBar"));
@@ -107,8 +107,8 @@ ShotStyleBar::ShotStyleBar(ShotEditorModel& model, ShotPreferences& preferences,
     m_controlActions[colorControl] << addWidget(m_swatches);
     m_custom = new QToolButton(this);
     m_custom->setText(QStringLiteral("+"));
-    m_custom->setToolTip(QStringLiteral("Other Colour\u2026"));
-    m_custom->setAccessibleName(QStringLiteral("Other Colour"));
+    m_custom->setToolTip(tr("Other Colour…"));
+    m_custom->setAccessibleName(tr("Other Colour"));
     m_custom->setFixedSize(swatchSide + 6, swatchSide + 6);
     m_custom->setAutoRaise(true);
     m_custom->setFocusPolicy(Qt::NoFocus);
@@ -129,29 +129,29 @@ ShotStyleBar::ShotStyleBar(ShotEditorModel& model, ShotPreferences& preferences,
         box->setSuffix(suffix);
         return box;
     };
-    m_lineWidth = spin(1, 40, QStringLiteral(" pt"));
-    labelled(lineWidthControl, QStringLiteral("&Width"), m_lineWidth);
+    m_lineWidth = spin(1, 40, tr(" pt"));
+    labelled(lineWidthControl, tr("&Width"), m_lineWidth);
     connect(m_lineWidth, &QSpinBox::valueChanged, this,
             [this](int value) { change([&](ShotStyle& s) { s.lineWidth = value; }); });
 
     m_arrowSize = new QComboBox(this);
     for (const ArrowSizePreset preset : allCases<ArrowSizePreset>()) {
         // In points, as every other tool's width.
-        m_arrowSize->addItem(QStringLiteral("%1 pt").arg(arrowWidth(preset)), int(preset));
+        m_arrowSize->addItem(tr("%1 pt").arg(arrowWidth(preset)), int(preset));
     }
     m_arrowSize->setObjectName(QStringLiteral("arrowWidth"));
-    labelled(arrowSizeControl, QStringLiteral("&Width"), m_arrowSize);
+    labelled(arrowSizeControl, tr("&Width"), m_arrowSize);
     connect(m_arrowSize, &QComboBox::activated, this, [this](int index) {
         const auto preset = ArrowSizePreset(m_arrowSize->itemData(index).toInt());
         change([&](ShotStyle& s) { s.lineWidth = arrowWidth(preset); });
     });
 
-    m_fontSize = spin(6, 200, QStringLiteral(" pt"));
-    labelled(fontSizeControl, QStringLiteral("&Size"), m_fontSize);
+    m_fontSize = spin(6, 200, tr(" pt"));
+    labelled(fontSizeControl, tr("&Size"), m_fontSize);
     connect(m_fontSize, &QSpinBox::valueChanged, this,
             [this](int value) { change([&](ShotStyle& s) { s.fontSize = value; }); });
 
-    m_outline = new QCheckBox(QStringLiteral("&Outline"), this);
+    m_outline = new QCheckBox(tr("&Outline"), this);
     m_controlActions[outlineControl] << addWidget(m_outline);
     connect(m_outline, &QCheckBox::toggled, this,
             [this](bool on) { change([&](ShotStyle& s) { s.textOutline = on; }); });
@@ -166,14 +166,14 @@ ShotStyleBar::ShotStyleBar(ShotEditorModel& model, ShotPreferences& preferences,
     m_emoji = new QToolButton(this);
     m_emoji->setObjectName(QStringLiteral("emoji"));
     m_emoji->setFont(ShotEmojiPicker::screenFont(20));
-    m_emoji->setToolTip(QStringLiteral("Choose the emoji"));
+    m_emoji->setToolTip(tr("Choose the emoji"));
     m_emoji->setAutoRaise(true);
     if (const QString last = m_preferences.string(keys::emojiRecent).value_or(QString()).section(u' ', 0, 0);
         !last.isEmpty() && EmojiCatalog::installed().find(last) >= 0) {
         m_model.setSelectedEmoji(last);
     }
     m_emoji->setText(m_model.selectedEmoji());
-    labelled(emojiControl, QStringLiteral("&Emoji"), m_emoji);
+    labelled(emojiControl, tr("&Emoji"), m_emoji);
     connect(m_emoji, &QToolButton::clicked, this, [this] {
         if (!m_emojiPicker) {
             m_emojiPicker = new ShotEmojiPicker(EmojiCatalog::installed(), m_preferences, this);
@@ -264,9 +264,8 @@ void ShotStyleBar::rememberColor(const QColor& color)
 
 void ShotStyleBar::chooseCustomColor()
 {
-    const QColor chosen =
-        QColorDialog::getColor(m_model.shownStyle().color.toQColor(), this,
-                               QStringLiteral("Colour"), QColorDialog::ShowAlphaChannel);
+    const QColor chosen = QColorDialog::getColor(m_model.shownStyle().color.toQColor(), this,
+                                                 tr("Colour"), QColorDialog::ShowAlphaChannel);
     if (!chosen.isValid()) {
         return;
     }
@@ -293,13 +292,13 @@ void ShotStyleBar::showStyle()
     }
     switch (tool) {
     case ShotToolKind::crop:
-        m_hint->setText(QStringLiteral("Drag the frame or its handles; Return crops"));
+        m_hint->setText(tr("Drag the frame or its handles; Return crops"));
         break;
     case ShotToolKind::colorPicker:
-        m_hint->setText(QStringLiteral("Click to copy a colour and use it for drawing"));
+        m_hint->setText(tr("Click to copy a colour and use it for drawing"));
         break;
     default:
-        m_hint->setText(QStringLiteral("Click to select, drag to move; Shift adds to the selection"));
+        m_hint->setText(tr("Click to select, drag to move; Shift adds to the selection"));
         break;
     }
 

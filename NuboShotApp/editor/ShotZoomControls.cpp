@@ -34,13 +34,11 @@ ShotZoomControls::ShotZoomControls(ShotCanvasView& view, QWidget* parent)
         layout->addWidget(b);
         return b;
     };
-    button(QStringLiteral("zoom-out"), QStringLiteral("Zoom Out (Ctrl+-)"),
-           [this] { m_view.zoomOut(); });
-    m_zoom = button({}, QStringLiteral("Actual Size (Ctrl+0)"), [this] { m_view.zoomTo(1); });
+    button(QStringLiteral("zoom-out"), tr("Zoom Out (Ctrl+-)"), [this] { m_view.zoomOut(); });
+    m_zoom = button({}, tr("Actual Size (Ctrl+0)"), [this] { m_view.zoomTo(1); });
     m_zoom->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("1600 %")) + 12);
-    button(QStringLiteral("zoom-in"), QStringLiteral("Zoom In (Ctrl++)"),
-           [this] { m_view.zoomIn(); });
-    m_fit = button(QStringLiteral("zoom-fit-best"), QStringLiteral("Fit in Window (Ctrl+9)"),
+    button(QStringLiteral("zoom-in"), tr("Zoom In (Ctrl++)"), [this] { m_view.zoomIn(); });
+    m_fit = button(QStringLiteral("zoom-fit-best"), tr("Fit in Window (Ctrl+9)"),
                    [this] { m_view.fitToView(); });
     m_fit->setCheckable(true);
     connect(&m_view.canvas(), &ShotCanvas::zoomChanged, this, &ShotZoomControls::update);

@@ -2,6 +2,7 @@
 
 #include "core/Logging.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -263,7 +264,7 @@ QString ShotApplications::launch(const DesktopApplication& application, const QS
 {
     const auto line = command(application, file);
     if (!line) {
-        return QStringLiteral("%1 cannot be started: its desktop entry %2 has an Exec line that "
+        return QCoreApplication::translate("nubo::ShotApplications", "%1 cannot be started: its desktop entry %2 has an Exec line that "
                               "cannot be read.")
             .arg(application.name, application.path);
     }
@@ -274,7 +275,8 @@ QString ShotApplications::launch(const DesktopApplication& application, const QS
     process.setStandardInputFile(QProcess::nullDevice());
     qint64 pid = 0;
     if (!process.startDetached(&pid)) {
-        return QStringLiteral("%1 could not be started: %2.").arg(application.name, process.errorString());
+        return QCoreApplication::translate("nubo::ShotApplications", "%1 could not be started: %2.")
+            .arg(application.name, process.errorString());
     }
     qCInfo(lcApp, "Opened the shot with %s (pid %lld)", qPrintable(application.id), pid);
     return {};

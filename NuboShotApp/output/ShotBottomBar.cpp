@@ -12,10 +12,10 @@
 
 namespace nubo {
 
-ShotDragHandle::ShotDragHandle(QWidget* parent) : QLabel(QStringLiteral("Drag Me"), parent)
+ShotDragHandle::ShotDragHandle(QWidget* parent) : QLabel(tr("Drag Me"), parent)
 {
     // The buttons' font and height, a handle's frame and cursor.
-    setToolTip(QStringLiteral("Drag PNG \u00b7 Hold Alt at drop to keep open"));
+    setToolTip(tr("Drag PNG · Hold Alt at drop to keep open"));
     setCursor(Qt::OpenHandCursor);
     // A dashed outline: something to pick up, not a button to press.
     setObjectName(QStringLiteral("dragHandle"));
@@ -58,22 +58,20 @@ ShotBottomBar::ShotBottomBar(QWidget* parent) : QWidget(parent)
         layout->addWidget(b);
         return b;
     };
-    m_copy =
-        button(QStringLiteral("edit-copy"), QStringLiteral("Copy"), QStringLiteral("Copy (Ctrl+C) \u00b7 Hold Alt to keep open"),
-               &ShotBottomBar::copyRequested);
-    m_save = button(
-        QStringLiteral("document-save"), QStringLiteral("Save"),
-        QStringLiteral("Save to the quick-save folder (Ctrl+S) \u00b7 Hold Alt to keep open"),
-        &ShotBottomBar::quickSaveRequested);
-    m_saveAs = button(QStringLiteral("document-save-as"), QStringLiteral("Save As\u2026"), QStringLiteral("Save As (Ctrl+Shift+S)"),
-                      &ShotBottomBar::saveAsRequested);
+    m_copy = button(QStringLiteral("edit-copy"), tr("Copy"),
+                    tr("Copy (Ctrl+C) · Hold Alt to keep open"), &ShotBottomBar::copyRequested);
+    m_save = button(QStringLiteral("document-save"), tr("Save"),
+                    tr("Save to the quick-save folder (Ctrl+S) · Hold Alt to keep open"),
+                    &ShotBottomBar::quickSaveRequested);
+    m_saveAs = button(QStringLiteral("document-save-as"), tr("Save As…"),
+                      tr("Save As (Ctrl+Shift+S)"), &ShotBottomBar::saveAsRequested);
     m_drag = new ShotDragHandle(this);
     connect(m_drag, &ShotDragHandle::dragStarted, this, &ShotBottomBar::dragRequested);
     m_drag->setMinimumHeight(m_copy->sizeHint().height());
     layout->addWidget(m_drag);
-    m_share = new QPushButton(ShotIcons::icon(QStringLiteral("document-send")),
-                              QStringLiteral("Open With"), this);
-    m_share->setToolTip(QStringLiteral("Open the shot in another application"));
+    m_share =
+        new QPushButton(ShotIcons::icon(QStringLiteral("document-send")), tr("Open With"), this);
+    m_share->setToolTip(tr("Open the shot in another application"));
     m_share->setFocusPolicy(Qt::NoFocus);
     auto* applications = new QMenu(m_share);
     applications->setObjectName(QStringLiteral("openWith"));
@@ -91,16 +89,14 @@ ShotBottomBar::ShotBottomBar(QWidget* parent) : QWidget(parent)
     m_upload->setFocusPolicy(Qt::NoFocus);
     m_upload->setMinimumHeight(m_copy->sizeHint().height());
     auto* destinations = new QMenu(m_upload);
-    m_uploadToBucket = destinations->addAction(QStringLiteral("Upload to R2"), this, [this] {
-        emit uploadToRequested(ShotUploadDestination::r2);
-    });
-    destinations->addAction(QStringLiteral("Upload to Filebin"), this, [this] {
-        emit uploadToRequested(ShotUploadDestination::filebin);
-    });
+    m_uploadToBucket = destinations->addAction(
+        tr("Upload to R2"), this, [this] { emit uploadToRequested(ShotUploadDestination::r2); });
+    destinations->addAction(tr("Upload to Filebin"), this,
+                            [this] { emit uploadToRequested(ShotUploadDestination::filebin); });
     m_upload->setMenu(destinations);
     connect(m_upload, &QToolButton::clicked, this, &ShotBottomBar::uploadRequested);
     layout->addWidget(m_upload);
-    m_cancelUpload = new QPushButton(QStringLiteral("Cancel upload"), this);
+    m_cancelUpload = new QPushButton(tr("Cancel upload"), this);
     m_cancelUpload->setFocusPolicy(Qt::NoFocus);
     m_cancelUpload->setVisible(false);
     connect(m_cancelUpload, &QPushButton::clicked, this, &ShotBottomBar::cancelUploadRequested);
@@ -109,13 +105,13 @@ ShotBottomBar::ShotBottomBar(QWidget* parent) : QWidget(parent)
     layout->addStretch(1);
 
     m_pin = new QToolButton(this);
-    m_pin->setText(QStringLiteral("Pin"));
+    m_pin->setText(tr("Pin"));
     m_pin->setIcon(ShotIcons::icon(QStringLiteral("nuboshot-pin")));
     m_pin->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_pin->setAutoRaise(true);
     m_pin->setCheckable(true);
     m_pin->setFocusPolicy(Qt::NoFocus);
-    m_pin->setToolTip(QStringLiteral("Keep this editor open after copying, saving or dragging"));
+    m_pin->setToolTip(tr("Keep this editor open after copying, saving or dragging"));
     layout->addWidget(m_pin);
 }
 
@@ -137,18 +133,16 @@ void ShotBottomBar::listApplications()
     for (const DesktopApplication& application : found) {
         QAction* item = menu->addAction(
             QIcon::fromTheme(application.icon),
-            application.isDefault ? QStringLiteral("%1 (Default)").arg(application.name)
-                                  : application.name,
+            application.isDefault ? tr("%1 (Default)").arg(application.name) : application.name,
             this, [this, application] { emit openWithRequested(application); });
         item->setData(application.id);
     }
     if (found.isEmpty()) {
-        menu->addAction(QStringLiteral("No application opens PNG images"))->setEnabled(false);
+        menu->addAction(tr("No application opens PNG images"))->setEnabled(false);
     }
     if (m_portalShares) {
         menu->addSeparator();
-        menu->addAction(QStringLiteral("Other Application\u2026"), this,
-                        &ShotBottomBar::shareRequested);
+        menu->addAction(tr("Other Application…"), this, &ShotBottomBar::shareRequested);
     }
 }
 
@@ -161,25 +155,25 @@ void ShotBottomBar::showUpload(const ShotUploadState& state, ShotUploadDestinati
     m_upload->setPopupMode(uploading ? QToolButton::DelayedPopup : QToolButton::MenuButtonPopup);
     m_cancelUpload->setVisible(uploading);
     m_uploadToBucket->setEnabled(bucketReady);
-    m_uploadToBucket->setToolTip(bucketReady ? QString()
-                                             : QStringLiteral("Set up a bucket on the Uploads page of the settings first"));
-    const QString name = destination == ShotUploadDestination::r2 ? QStringLiteral("your bucket")
-                                                                   : QStringLiteral("Filebin");
+    m_uploadToBucket->setToolTip(
+        bucketReady ? QString() : tr("Set up a bucket on the Uploads page of the settings first"));
+    const QString name =
+        destination == ShotUploadDestination::r2 ? tr("your bucket") : tr("Filebin");
     QString help;
     if (const auto* done = std::get_if<ShotUploadState::Done>(&state.value)) {
-        help = done->url.value_or(QString()) + QStringLiteral(" \u00b7 Click to copy the link again");
+        help = tr("%1 · Click to copy the link again").arg(done->url.value_or(QString()));
     } else if (const auto* uploaded = std::get_if<ShotUploadState::Uploaded>(&state.value)) {
-        help = QStringLiteral("Object key %1 \u00b7 Click to copy it again \u00b7 "
+        help = tr("Object key %1 · Click to copy it again · "
                               "Set a public URL in the settings to get links")
                    .arg(uploaded->url.value_or(QString()));
     } else if (const auto* failed = std::get_if<ShotUploadState::Failed>(&state.value)) {
-        help = failed->message + QStringLiteral(" \u00b7 Click to try again");
+        help = tr("%1 · Click to try again").arg(failed->message);
     } else if (const auto* unknown = std::get_if<ShotUploadState::OutcomeUnknown>(&state.value)) {
         help = unknown->message;
     } else if (uploading) {
-        help = QStringLiteral("Sending the shot to %1").arg(name);
+        help = tr("Sending the shot to %1").arg(name);
     } else {
-        help = QStringLiteral("Upload the shot as PNG to %1; the link is copied").arg(name);
+        help = tr("Upload the shot as PNG to %1; the link is copied").arg(name);
     }
     m_upload->setToolTip(help);
 }

@@ -59,8 +59,8 @@ QByteArray ShotClipboard::encodeItem(ShotRenderer& renderer, const ShotDocument&
                                     QStringLiteral("clipboard image"));
     } catch (const Error& error) {
         qCWarning(lcExport, "Clipboard item could not be made: %s", qPrintable(error.message()));
-        throw Error(QStringLiteral("The screenshot could not be put on the clipboard. %1")
-                        .arg(error.message()));
+        throw Error(
+            tr("The screenshot could not be put on the clipboard. %1").arg(error.message()));
     }
 }
 

@@ -34,7 +34,7 @@ ShotNotifications::ShotNotifications()
 
 void ShotNotifications::notifySaved(const QString& file)
 {
-    notifyFile(QStringLiteral("Saved to %1").arg(QDir::toNativeSeparators(file)), file);
+    notifyFile(tr("Saved to %1").arg(QDir::toNativeSeparators(file)), file);
 }
 
 void ShotNotifications::notifyFile(const QString& text, const QString& file)
@@ -45,10 +45,10 @@ void ShotNotifications::notifyFile(const QString& text, const QString& file)
 void ShotNotifications::notifyFile(const QString& summary, const QString& file,
                                    const QString& text)
 {
-    const QStringList actions =
-        file.isEmpty() ? QStringList()
-                       : QStringList{QStringLiteral("default"), QStringLiteral("Open"),
-                                     QStringLiteral("show"), QStringLiteral("Show in Folder")};
+    const QStringList actions = file.isEmpty()
+                                    ? QStringList()
+                                    : QStringList{QStringLiteral("default"), tr("Open"),
+                                                  QStringLiteral("show"), tr("Show in Folder")};
     send(summary, text, actions, [this, file](uint id) { m_saved.insert(id, file); });
 }
 

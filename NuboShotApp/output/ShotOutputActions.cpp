@@ -92,10 +92,10 @@ ShotOutputActions::ShotOutputActions(ShotOutputHost& host, ShotPreferences& pref
     connect(m_bar, &ShotBottomBar::shareRequested, this, &ShotOutputActions::share);
     connect(m_bar, &ShotBottomBar::openWithRequested, this, &ShotOutputActions::openWith);
     confirmUnknownRetry = [this] {
-        QMessageBox box(QMessageBox::Question, QStringLiteral("Upload"),
-                        QStringLiteral("Upload outcome unknown. Retry may create a duplicate upload."),
+        QMessageBox box(QMessageBox::Question, tr("Upload"),
+                        tr("Upload outcome unknown. Retry may create a duplicate upload."),
                         QMessageBox::NoButton, m_host.outputWindow());
-        QPushButton* retry = box.addButton(QStringLiteral("Retry upload"), QMessageBox::AcceptRole);
+        QPushButton* retry = box.addButton(tr("Retry upload"), QMessageBox::AcceptRole);
         box.setDefaultButton(box.addButton(QMessageBox::Cancel));
         box.setWindowModality(Qt::WindowModal);
         box.exec();
@@ -190,7 +190,7 @@ void ShotOutputActions::copy(Qt::KeyboardModifiers modifiers)
         },
         [this, output, scale, modifiers](const Made& made) {
             if (!made.error.isEmpty()) {
-                fail(QStringLiteral("Could Not Copy Screenshot"), made.error);
+                fail(tr("Could Not Copy Screenshot"), made.error);
                 return;
             }
             ShotClipboard::shared().write(ShotClipboard::makeItem(made.bytes));
@@ -210,7 +210,7 @@ void ShotOutputActions::quickSave(Qt::KeyboardModifiers modifiers)
     try {
         folder = ShotQuickSave::folder(m_preferences);
     } catch (const Error& error) {
-        fail(QStringLiteral("Could Not Save Screenshot"), error.message());
+        fail(tr("Could Not Save Screenshot"), error.message());
         return;
     }
     const ShotFormat format = ShotQuickSave::format(m_preferences);
@@ -221,7 +221,7 @@ void ShotOutputActions::quickSave(Qt::KeyboardModifiers modifiers)
         },
         [this, output, scale, format, modifiers](const Made& made) {
             if (!made.error.isEmpty()) {
-                fail(QStringLiteral("Could Not Save Screenshot"), made.error);
+                fail(tr("Could Not Save Screenshot"), made.error);
                 return;
             }
             qCInfo(lcApp, "Editor saved the shot to %s", qPrintable(made.file));
@@ -249,7 +249,7 @@ void ShotOutputActions::saveAs()
             // The dialog opens wherever it likes instead.
         }
     }
-    QFileDialog dialog(m_host.outputWindow(), QStringLiteral("Save As"), folder);
+    QFileDialog dialog(m_host.outputWindow(), tr("Save As"), folder);
     ShotSaveDialog options(dialog, initial);
     dialog.selectFile(ShotFileName::make(QDateTime::currentDateTime(), initial.format,
                                          QTimeZone::systemTimeZone()));
@@ -270,7 +270,7 @@ void ShotOutputActions::saveAs()
         },
         [this, output, chosen, modifiers](const Made& made) {
             if (!made.error.isEmpty()) {
-                fail(QStringLiteral("Could Not Save Screenshot"), made.error);
+                fail(tr("Could Not Save Screenshot"), made.error);
                 return;
             }
             qCInfo(lcApp, "Editor saved the shot as %s", qPrintable(made.file));
@@ -308,7 +308,7 @@ void ShotOutputActions::prepareDrag()
                 const bool wanted = m_drag->wanted;
                 m_drag.reset();
                 if (wanted) {
-                    fail(QStringLiteral("Could Not Drag Screenshot"), made.error);
+                    fail(tr("Could Not Drag Screenshot"), made.error);
                 }
                 return;
             }
@@ -377,7 +377,7 @@ void ShotOutputActions::openWith(const DesktopApplication& application)
             const QString failure = made.error.isEmpty() ? ShotApplications::launch(application, made.file)
                                                          : made.error;
             if (!failure.isEmpty()) {
-                fail(QStringLiteral("Could Not Open Screenshot"), failure);
+                fail(tr("Could Not Open Screenshot"), failure);
                 return;
             }
             emit shotOutput({ShotOutputKind::share, output, scale, ShotFormat::png, made.file});
@@ -394,7 +394,7 @@ void ShotOutputActions::share()
         },
         [this, output, scale](const Made& made) {
             if (!made.error.isEmpty()) {
-                fail(QStringLiteral("Could Not Share Screenshot"), made.error);
+                fail(tr("Could Not Share Screenshot"), made.error);
                 return;
             }
             ShotShare::openWith(made.file, m_host.outputWindow(),
@@ -404,8 +404,7 @@ void ShotOutputActions::share()
                                         return;
                                     }
                                     if (!failure.isEmpty()) {
-                                        fail(QStringLiteral("Could Not Share Screenshot"),
-                                             failure);
+                                        fail(tr("Could Not Share Screenshot"), failure);
                                         return;
                                     }
                                     emit shotOutput({ShotOutputKind::share, output, scale,
@@ -459,7 +458,7 @@ void ShotOutputActions::upload(std::optional<ShotUploadDestination> destination)
         }
         if (handle) {
             QGuiApplication::clipboard()->setText(*handle);
-            m_host.showNotice(QStringLiteral("Copied %1").arg(*handle));
+            m_host.showNotice(tr("Copied %1").arg(*handle));
             return;
         }
     }
@@ -475,7 +474,7 @@ void ShotOutputActions::upload(std::optional<ShotUploadDestination> destination)
         !m_preferences.boolean(keys::filebinPublicToldKey, false)) {
         // Once: a Filebin link is no secret.
         m_preferences.setValue(keys::filebinPublicToldKey, true);
-        m_host.showNotice(QStringLiteral("Filebin is public: anyone with the link can see this shot."));
+        m_host.showNotice(tr("Filebin is public: anyone with the link can see this shot."));
     }
     m_uploaded = output;
     m_upload->prepare();

@@ -2,6 +2,7 @@
 
 #include "core/EnumStrings.h"
 
+#include <QCoreApplication>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QHeaderView>
@@ -64,12 +65,12 @@ ShotSaveDialog::ShotSaveDialog(QFileDialog& dialog, const ShotSaveOptions& initi
     qualityLayout->setContentsMargins(0, 0, 0, 0);
     auto* percent = new QLabel(qualityRow);
     percent->setMinimumWidth(48);
-    percent->setText(QStringLiteral("%1 %").arg(quality->value()));
+    percent->setText(QCoreApplication::translate("nubo::ShotSaveOptions", "%1 %").arg(quality->value()));
     qualityLayout->addWidget(quality, 1);
     qualityLayout->addWidget(percent);
-    auto* qualityLabel = new QLabel(QStringLiteral("&Quality:"), &dialog);
+    auto* qualityLabel = new QLabel(QCoreApplication::translate("nubo::ShotSaveOptions", "&Quality:"), &dialog);
     qualityLabel->setBuddy(quality);
-    auto* scaleLabel = new QLabel(QStringLiteral("S&cale:"), &dialog);
+    auto* scaleLabel = new QLabel(QCoreApplication::translate("nubo::ShotSaveOptions", "S&cale:"), &dialog);
     scaleLabel->setBuddy(scale);
     auto* scaleRow = new QWidget(&dialog);
     auto* scaleLayout = new QHBoxLayout(scaleRow);
@@ -106,7 +107,7 @@ ShotSaveDialog::ShotSaveDialog(QFileDialog& dialog, const ShotSaveOptions& initi
 
     QObject::connect(quality, &QSlider::valueChanged, &dialog, [this, percent](int value) {
         m_options.quality = value / 100.0;
-        percent->setText(QStringLiteral("%1 %").arg(value));
+        percent->setText(QCoreApplication::translate("nubo::ShotSaveOptions", "%1 %").arg(value));
     });
     QObject::connect(scale, &QComboBox::currentIndexChanged, &dialog,
                      [this, scale](int) { m_options.scale = scale->currentData().toDouble(); });

@@ -38,7 +38,8 @@ void ShotShare::openWith(const QString& file, const QWidget* window,
 {
     const int fd = ::open(QFile::encodeName(file).constData(), O_RDONLY | O_CLOEXEC);
     if (fd < 0) {
-        done(QStringLiteral("The shot could not be prepared for sharing."));
+        done(QCoreApplication::translate("nubo::ShotShare",
+                                         "The shot could not be prepared for sharing."));
         return;
     }
     QDBusMessage call = QDBusMessage::createMethodCall(
@@ -58,8 +59,7 @@ void ShotShare::openWith(const QString& file, const QWidget* window,
                          if (watcher->isError()) {
                              qCWarning(lcApp, "Share failed: %s",
                                        qPrintable(watcher->error().message()));
-                             done(QStringLiteral(
-                                 "No application could be offered to open the shot."));
+                             done(QCoreApplication::translate("nubo::ShotShare", "No application could be offered to open the shot."));
                              return;
                          }
                          qCInfo(lcApp, "Share chooser opened");

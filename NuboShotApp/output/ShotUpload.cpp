@@ -22,19 +22,24 @@ QString ShotUploadState::title(ShotUploadDestination destination) const
         [&](const auto& s) -> QString {
             using S = std::decay_t<decltype(s)>;
             if constexpr (std::is_same_v<S, Idle>) {
-                return destination == ShotUploadDestination::r2 ? QStringLiteral("Upload to R2")
-                                                                : QStringLiteral("Upload to Filebin");
+                return destination == ShotUploadDestination::r2
+                           ? QCoreApplication::translate("nubo::ShotUpload", "Upload to R2")
+                           : QCoreApplication::translate("nubo::ShotUpload", "Upload to Filebin");
             } else if constexpr (std::is_same_v<S, Uploading>) {
-                return s.progress ? QStringLiteral("Uploading\u2026 %1%").arg(qRound(*s.progress * 100))
-                                  : QStringLiteral("Uploading\u2026");
+                return s.progress
+                           ? QCoreApplication::translate("nubo::ShotUpload", "Uploading… %1%")
+                                 .arg(qRound(*s.progress * 100))
+                           : QCoreApplication::translate("nubo::ShotUpload", "Uploading…");
             } else if constexpr (std::is_same_v<S, Done>) {
-                return QStringLiteral("Upload complete \u00b7 Link copied");
+                return QCoreApplication::translate("nubo::ShotUpload",
+                                                   "Upload complete · Link copied");
             } else if constexpr (std::is_same_v<S, Uploaded>) {
-                return QStringLiteral("Upload complete \u00b7 Key copied");
+                return QCoreApplication::translate("nubo::ShotUpload",
+                                                   "Upload complete · Key copied");
             } else if constexpr (std::is_same_v<S, Failed>) {
-                return QStringLiteral("Upload failed \u00b7 Retry");
+                return QCoreApplication::translate("nubo::ShotUpload", "Upload failed · Retry");
             } else {
-                return QStringLiteral("Upload uncertain \u00b7 Retry");
+                return QCoreApplication::translate("nubo::ShotUpload", "Upload uncertain · Retry");
             }
         },
         value);
@@ -147,9 +152,9 @@ void ShotUploadStatus::start(const QString& file,
         std::optional<UploadFailure> failure;
         QFile input(file);
         if (!input.open(QIODevice::ReadOnly)) {
-            failure.emplace(ShotUploadError::failed,
-                            QStringLiteral("The shot could not be read for the upload: %1.")
-                                .arg(input.errorString()));
+            failure.emplace(
+                ShotUploadError::failed,
+                tr("The shot could not be read for the upload: %1.").arg(input.errorString()));
         } else {
             uploader->setBytes(input.readAll());
             try {

@@ -6,6 +6,7 @@
 #include "upload/Uploader.h"
 
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QFutureWatcher>
 #include <QGuiApplication>
@@ -32,7 +33,8 @@ QString shortTime(const QDateTime& at)
     const QLocale locale;
     return local.date() == QDate::currentDate()
                ? locale.toString(local.time(), QStringLiteral("HH:mm"))
-               : locale.toString(local, QStringLiteral("d MMM, HH:mm"));
+               : locale.toString(
+                     local, QCoreApplication::translate("nubo::ShotUploadHistory", "d MMM, HH:mm"));
 }
 
 } // namespace
@@ -40,15 +42,14 @@ QString shortTime(const QDateTime& at)
 ShotUploadHistory::ShotUploadHistory(QString storePath, QWidget* parent)
     : QWidget(parent, Qt::Window), m_storePath(std::move(storePath))
 {
-    setWindowTitle(QStringLiteral("Recent Uploads"));
+    setWindowTitle(tr("Recent Uploads"));
     setObjectName(QStringLiteral("uploadHistory"));
     resize(760, 380);
     confirmDelete = [this](const UploadStore::FileUse& use) {
-        QMessageBox box(QMessageBox::Question, QStringLiteral("Delete from Filebin"),
-                        QStringLiteral("Delete \u201c%1\u201d from Filebin?").arg(use.key),
-                        QMessageBox::NoButton, this);
-        box.setInformativeText(QStringLiteral("Its link stops working for everyone."));
-        QPushButton* remove = box.addButton(QStringLiteral("Delete"), QMessageBox::DestructiveRole);
+        QMessageBox box(QMessageBox::Question, tr("Delete from Filebin"),
+                        tr("Delete “%1” from Filebin?").arg(use.key), QMessageBox::NoButton, this);
+        box.setInformativeText(tr("Its link stops working for everyone."));
+        QPushButton* remove = box.addButton(tr("Delete"), QMessageBox::DestructiveRole);
         box.setDefaultButton(box.addButton(QMessageBox::Cancel));
         box.setWindowModality(Qt::WindowModal);
         box.exec();
@@ -60,9 +61,8 @@ ShotUploadHistory::ShotUploadHistory(QString storePath, QWidget* parent)
     m_list->setObjectName(QStringLiteral("uploads"));
     m_list->setRootIsDecorated(false);
     m_list->setUniformRowHeights(true);
-    m_list->setHeaderLabels({QStringLiteral("File"), QStringLiteral("Where"),
-                             QStringLiteral("Uploaded"), QStringLiteral("Kept until"),
-                             QStringLiteral("Link or key")});
+    m_list->setHeaderLabels(
+        {tr("File"), tr("Where"), tr("Uploaded"), tr("Kept until"), tr("Link or key")});
     m_list->header()->setStretchLastSection(true);
     m_list->setColumnWidth(fileColumn, 230);
     m_list->setColumnWidth(whereColumn, 110);
@@ -75,11 +75,11 @@ ShotUploadHistory::ShotUploadHistory(QString storePath, QWidget* parent)
     m_status->setObjectName(QStringLiteral("uploadHistoryStatus"));
     m_status->setWordWrap(true);
     buttons->addWidget(m_status, 1);
-    m_copy = new QPushButton(QStringLiteral("Copy Link"), this);
+    m_copy = new QPushButton(tr("Copy Link"), this);
     m_copy->setObjectName(QStringLiteral("copyUploadLink"));
-    m_open = new QPushButton(QStringLiteral("Open Link"), this);
+    m_open = new QPushButton(tr("Open Link"), this);
     m_open->setObjectName(QStringLiteral("openUploadLink"));
-    m_delete = new QPushButton(QStringLiteral("Delete from Filebin"), this);
+    m_delete = new QPushButton(tr("Delete from Filebin"), this);
     m_delete->setObjectName(QStringLiteral("deleteUpload"));
     buttons->addWidget(m_copy);
     buttons->addWidget(m_open);
@@ -92,7 +92,7 @@ ShotUploadHistory::ShotUploadHistory(QString storePath, QWidget* parent)
         if (const UploadStore::FileUse* use = selected()) {
             const QString handle = use->link.isEmpty() ? use->key : use->link;
             QGuiApplication::clipboard()->setText(handle);
-            m_status->setText(QStringLiteral("Copied %1").arg(handle));
+            m_status->setText(tr("Copied %1").arg(handle));
         }
     });
     connect(m_open, &QPushButton::clicked, this, [this] {
@@ -127,7 +127,7 @@ void ShotUploadHistory::reload()
     m_uses.clear();
     try {
         m_uses = UploadStore(m_storePath).fileUses(100);
-        m_status->setText(m_uses.isEmpty() ? QStringLiteral("Nothing uploaded yet.") : QString());
+        m_status->setText(m_uses.isEmpty() ? tr("Nothing uploaded yet.") : QString());
     } catch (const Error& error) {
         m_status->setText(error.message());
     }
@@ -135,18 +135,18 @@ void ShotUploadHistory::reload()
     for (const UploadStore::FileUse& use : m_uses) {
         QString kept;
         if (use.deletedAt) {
-            kept = QStringLiteral("Deleted");
+            kept = tr("Deleted");
         } else if (use.leaseEnds) {
-            kept = *use.leaseEnds < now ? QStringLiteral("Expired") : shortTime(*use.leaseEnds);
+            kept = *use.leaseEnds < now ? tr("Expired") : shortTime(*use.leaseEnds);
         } else {
-            kept = QStringLiteral("Until deleted");
+            kept = tr("Until deleted");
         }
-        auto* item = new QTreeWidgetItem(
-            m_list, {use.fileName,
-                     use.destination == ShotUploadDestination::r2
-                         ? QStringLiteral("Bucket \u201c%1\u201d").arg(use.location)
-                         : QStringLiteral("Filebin"),
-                     shortTime(use.uploadedAt), kept, use.link.isEmpty() ? use.key : use.link});
+        auto* item = new QTreeWidgetItem(m_list, {use.fileName,
+                                                  use.destination == ShotUploadDestination::r2
+                                                      ? tr("Bucket “%1”").arg(use.location)
+                                                      : tr("Filebin"),
+                                                  shortTime(use.uploadedAt), kept,
+                                                  use.link.isEmpty() ? use.key : use.link});
         item->setData(fileColumn, Qt::UserRole, use.uploadId);
         item->setToolTip(linkColumn, item->text(linkColumn));
         if (use.deletedAt) {
@@ -191,7 +191,7 @@ void ShotUploadHistory::updateButtons()
                            !(use->leaseEnds && *use->leaseEnds < QDateTime::currentDateTimeUtc());
     m_delete->setEnabled(deletable && !m_deleting);
     m_delete->setToolTip(use && use->destination == ShotUploadDestination::r2
-                             ? QStringLiteral("Objects in a bucket are deleted with the bucket's own tools")
+                             ? tr("Objects in a bucket are deleted with the bucket's own tools")
                              : QString());
 }
 
@@ -206,14 +206,14 @@ void ShotUploadHistory::deleteSelected()
     const QString storePath = m_storePath;
     m_deleting = true;
     updateButtons();
-    m_status->setText(QStringLiteral("Deleting %1\u2026").arg(use.key));
+    m_status->setText(tr("Deleting %1…").arg(use.key));
     auto* watcher = new QFutureWatcher<QString>(this);
     connect(watcher, &QFutureWatcher<QString>::finished, this, [this, watcher, use] {
         watcher->deleteLater();
         m_deleting = false;
         const QString failure = watcher->result();
         reload();
-        m_status->setText(failure.isEmpty() ? QStringLiteral("Deleted %1 from Filebin.").arg(use.key)
+        m_status->setText(failure.isEmpty() ? tr("Deleted %1 from Filebin.").arg(use.key)
                                             : failure);
         if (!failure.isEmpty()) {
             qCWarning(lcUpload, "Delete from Filebin failed: %s", qUtf8Printable(failure));

@@ -1,5 +1,6 @@
 #include "overlay/ShotCaptureOverlay.h"
 
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
@@ -80,50 +81,50 @@ void ShotCaptureOverlay::clearSelection()
 
 QString ShotCaptureOverlay::adjustingInstruction(bool recording)
 {
-    return recording ? QStringLiteral("Drag the area or its handles \u00b7 Arrows: Move \u00b7 "
-                                      "Alt+Arrows: Resize \u00b7 Shift: 10 pt \u00b7 Return or "
-                                      "Double-Click: Record \u00b7 Esc: Cancel")
-                     : QStringLiteral("Drag the area or its handles \u00b7 Arrows: Move \u00b7 "
-                                      "Alt+Arrows: Resize \u00b7 Shift: 10 pt \u00b7 Return or "
-                                      "Double-Click: Capture \u00b7 Esc: Cancel");
+    return recording ? tr("Drag the area or its handles · Arrows: Move · "
+                                      "Alt+Arrows: Resize · Shift: 10 pt · Return or "
+                                      "Double-Click: Record · Esc: Cancel")
+                     : tr("Drag the area or its handles · Arrows: Move · "
+                                      "Alt+Arrows: Resize · Shift: 10 pt · Return or "
+                                      "Double-Click: Capture · Esc: Cancel");
 }
 
 QString ShotCaptureOverlay::instruction(Mode mode, bool recording, bool windowPicking,
                                         bool desktopPicks)
 {
     if (windowPicking && desktopPicks && mode != Mode::scrolling) {
-        return recording ? QStringLiteral("Drag an area to record \u00b7 Click or F: Whole Screen "
-                                          "\u00b7 Space: Pick a Window \u00b7 Esc: Cancel")
-                         : QStringLiteral("Drag to capture \u00b7 Space: Pick a Window \u00b7 "
+        return recording ? tr("Drag an area to record · Click or F: Whole Screen "
+                                          "· Space: Pick a Window · Esc: Cancel")
+                         : tr("Drag to capture · Space: Pick a Window · "
                                           "Esc: Cancel");
     }
     if (!windowPicking && mode != Mode::scrolling) {
-        return recording ? QStringLiteral("Drag an area to record \u00b7 Click or F: Whole Screen "
-                                          "\u00b7 Esc: Cancel")
-                         : QStringLiteral("Drag to capture \u00b7 Esc: Cancel");
+        return recording ? tr("Drag an area to record · Click or F: Whole Screen "
+                                          "· Esc: Cancel")
+                         : tr("Drag to capture · Esc: Cancel");
     }
     if (recording && mode == Mode::area) {
-        return QStringLiteral("Drag an area to record \u00b7 Click or F: Whole Screen \u00b7 "
-                              "Space: Window \u00b7 Esc: Cancel");
+        return tr("Drag an area to record · Click or F: Whole Screen · "
+                              "Space: Window · Esc: Cancel");
     }
     if (recording && mode == Mode::window) {
-        return QStringLiteral("Click a window to record \u00b7 Space: Area \u00b7 F: Whole Screen "
-                              "\u00b7 Esc: Cancel");
+        return tr("Click a window to record · Space: Area · F: Whole Screen "
+                              "· Esc: Cancel");
     }
     switch (mode) {
     case Mode::area:
-        return QStringLiteral("Drag to capture \u00b7 Space: Window \u00b7 Esc: Cancel");
+        return tr("Drag to capture · Space: Window · Esc: Cancel");
     case Mode::window:
-        return QStringLiteral("Click a window \u00b7 Space: Area \u00b7 Esc: Cancel");
+        return tr("Click a window · Space: Area · Esc: Cancel");
     case Mode::scrolling:
         break;
     }
     if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
         // No panel follows here (it could not stand aside): how to finish is said now.
-        return QStringLiteral("Drag to select scroll area, scroll it to its end, then choose "
-                              "Capture Scrolling again \u00b7 Esc: Cancel");
+        return tr("Drag to select scroll area, scroll it to its end, then choose "
+                              "Capture Scrolling again · Esc: Cancel");
     }
-    return QStringLiteral("Drag to select scroll area \u00b7 Esc: Cancel");
+    return tr("Drag to select scroll area · Esc: Cancel");
 }
 
 std::optional<ResizeHandle> ShotCaptureOverlay::cornerAt(const QRectF& selection, QPointF point)
@@ -190,24 +191,41 @@ QFont overlayFont(const QFont& base)
 
 QList<KeyLine> keyLines(bool adjusts, bool recording, bool windows)
 {
-    QList<KeyLine> lines{{QStringLiteral("Drag"), recording ? QStringLiteral("Frame the area to record")
-                                                            : QStringLiteral("Frame an area")}};
+    QList<KeyLine> lines{
+        {QCoreApplication::translate("nubo::ShotCaptureOverlay", "Drag"),
+         recording
+             ? QCoreApplication::translate("nubo::ShotCaptureOverlay", "Frame the area to record")
+             : QCoreApplication::translate("nubo::ShotCaptureOverlay", "Frame an area")}};
     if (windows) {
-        lines.append({QStringLiteral("Space"), QStringLiteral("Pick a window instead")});
+        lines.append(
+            {QCoreApplication::translate("nubo::ShotCaptureOverlay", "Space"),
+             QCoreApplication::translate("nubo::ShotCaptureOverlay", "Pick a window instead")});
     }
     if (recording) {
-        lines.append({QStringLiteral("Click or F"), QStringLiteral("Record the whole screen")});
+        lines.append(
+            {QCoreApplication::translate("nubo::ShotCaptureOverlay", "Click or F"),
+             QCoreApplication::translate("nubo::ShotCaptureOverlay", "Record the whole screen")});
     }
-    lines.append({QStringLiteral("Arrows"), QStringLiteral("Move the area (Shift: 10 pt)")});
+    lines.append(
+        {QCoreApplication::translate("nubo::ShotCaptureOverlay", "Arrows"),
+         QCoreApplication::translate("nubo::ShotCaptureOverlay", "Move the area (Shift: 10 pt)")});
     if (adjusts) {
-        lines.append({QStringLiteral("Alt+Arrows"), QStringLiteral("Resize the area")});
-        lines.append({QStringLiteral("Return, Double-Click"),
-                      recording ? QStringLiteral("Record the area") : QStringLiteral("Capture the area")});
+        lines.append({QCoreApplication::translate("nubo::ShotCaptureOverlay", "Alt+Arrows"),
+                      QCoreApplication::translate("nubo::ShotCaptureOverlay", "Resize the area")});
+        lines.append(
+            {QCoreApplication::translate("nubo::ShotCaptureOverlay", "Return, Double-Click"),
+             recording
+                 ? QCoreApplication::translate("nubo::ShotCaptureOverlay", "Record the area")
+                 : QCoreApplication::translate("nubo::ShotCaptureOverlay", "Capture the area")});
     } else {
-        lines.append({QStringLiteral("Release"), recording ? QStringLiteral("Record the area")
-                                                           : QStringLiteral("Capture the area")});
+        lines.append(
+            {QCoreApplication::translate("nubo::ShotCaptureOverlay", "Release"),
+             recording
+                 ? QCoreApplication::translate("nubo::ShotCaptureOverlay", "Record the area")
+                 : QCoreApplication::translate("nubo::ShotCaptureOverlay", "Capture the area")});
     }
-    lines.append({QStringLiteral("Esc"), QStringLiteral("Cancel")});
+    lines.append({QCoreApplication::translate("nubo::ShotCaptureOverlay", "Esc"),
+                  QCoreApplication::translate("nubo::ShotCaptureOverlay", "Cancel")});
     return lines;
 }
 
@@ -220,7 +238,7 @@ QRectF ShotCaptureOverlay::keyHelpArea() const
 {
     const QFontMetricsF metrics(overlayFont(font()));
     const auto lines = keyLines(m_adjusts, isRecording(), m_windowPicking && m_mode != Mode::scrolling);
-    double keys = 0, does = metrics.horizontalAdvance(QStringLiteral("Click here to hide this for good"));
+    double keys = 0, does = metrics.horizontalAdvance(tr("Click here to hide this for good"));
     for (const KeyLine& line : lines) {
         keys = std::max(keys, metrics.horizontalAdvance(line.keys));
         does = std::max(does, metrics.horizontalAdvance(line.does));
@@ -247,7 +265,7 @@ void ShotCaptureOverlay::paintKeyHelp(QPainter& painter)
     QRectF row(card.left() + keyHelpPadding, card.top() + keyHelpPadding,
                card.width() - 2 * keyHelpPadding, keyHelpRow);
     painter.setPen(Qt::white);
-    painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter, QStringLiteral("Keys"));
+    painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter, tr("Keys"));
     for (const KeyLine& line : lines) {
         row.translate(0, keyHelpRow);
         painter.setPen(QColor(140, 190, 255));
@@ -257,8 +275,7 @@ void ShotCaptureOverlay::paintKeyHelp(QPainter& painter)
     }
     row.translate(0, keyHelpRow);
     painter.setPen(QColor(255, 255, 255, 150));
-    painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter,
-                     QStringLiteral("Click here to hide this for good"));
+    painter.drawText(row, Qt::AlignLeft | Qt::AlignVCenter, tr("Click here to hide this for good"));
     painter.restore();
 }
 

@@ -65,7 +65,7 @@ ShotCameraPreview::ShotCameraPreview(std::shared_ptr<ShotCameraFeed> feed)
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setMouseTracking(true);
-    setToolTip(QStringLiteral("Drag to move the camera; scroll or drag its corner to resize it"));
+    setToolTip(tr("Drag to move the camera; scroll or drag its corner to resize it"));
     m_poll.setInterval(15); // a camera's 30 pictures a second, each shown soon after it comes
     connect(&m_poll, &QTimer::timeout, this, &ShotCameraPreview::refresh);
     m_poll.start();
@@ -97,7 +97,7 @@ void ShotCameraPreview::setMessage(const QString& message)
 {
     m_message = message;
     setToolTip(message.isEmpty()
-                   ? QStringLiteral("Drag to move the camera; scroll or drag its corner to resize it")
+                   ? tr("Drag to move the camera; scroll or drag its corner to resize it")
                    : message);
     update();
 }
@@ -142,7 +142,7 @@ void ShotCameraPreview::paintEvent(QPaintEvent*)
         painter.setFont(small);
         painter.drawText(circle.adjusted(width() * 0.15, 0, -width() * 0.15, 0),
                          Qt::AlignCenter | Qt::TextWordWrap,
-                         m_message.isEmpty() ? QStringLiteral("Starting the camera…") : m_message);
+                         m_message.isEmpty() ? tr("Starting the camera…") : m_message);
     }
     painter.setPen(QPen(QColor(255, 255, 255, 150), 2));
     painter.setBrush(Qt::NoBrush);
@@ -246,7 +246,7 @@ void ShotCameraBubble::show(const QRectF& target)
         const std::optional<CameraDevice> device =
             CameraStreamSource::chosen(m_preferences, CameraStreamSource::cameras());
         if (!device) {
-            m_feed->setProblem(QStringLiteral("No camera is available."));
+            m_feed->setProblem(tr("No camera is available."));
         } else {
             // Opening a camera can take a moment: not on the main thread.
             using Opened = std::pair<std::shared_ptr<CameraStreamSource>, QString>;

@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFutureWatcher>
 #include <QPointer>
 #include <QScopedValueRollback>
@@ -34,13 +35,13 @@ QString ShotRecordingProblems::hevc(const RecordingCapabilities& capabilities)
 {
     return capabilities.supportsHEVC
                ? QString()
-               : QStringLiteral("HEVC needs a hardware video encoder (VAAPI or NVENC), and this "
+               : QCoreApplication::translate("nubo::ShotRecordingControls", "HEVC needs a hardware video encoder (VAAPI or NVENC), and this "
                                 "computer has none.");
 }
 
 QString ShotRecordingProblems::camera()
 {
-    return QStringLiteral("No camera is available.");
+    return QCoreApplication::translate("nubo::ShotRecordingControls", "No camera is available.");
 }
 
 namespace {
@@ -62,38 +63,36 @@ ShotRecordingControls::ShotRecordingControls(ShotPreferences& preferences,
     : QObject(parent), m_preferences(preferences), m_capabilities(capabilities), m_look(look),
       m_parent(parent)
 {
-    systemAudio = makeToggle(QStringLiteral("System Audio"), QStringLiteral("audio-volume-high"),
+    systemAudio = makeToggle(tr("System Audio"), QStringLiteral("audio-volume-high"),
                              QStringLiteral("systemAudio"));
-    systemAudio->setToolTip(QStringLiteral("Record what the computer plays"));
-    microphone = makeToggle(QStringLiteral("Microphone"), QStringLiteral("audio-input-microphone"),
+    systemAudio->setToolTip(tr("Record what the computer plays"));
+    microphone = makeToggle(tr("Microphone"), QStringLiteral("audio-input-microphone"),
                             QStringLiteral("microphone"));
     microphoneDevice = new QComboBox(parent);
     microphoneDevice->setObjectName(QStringLiteral("recording.microphoneDevice"));
     microphoneDevice->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    camera = makeToggle(QStringLiteral("Camera"), QStringLiteral("camera-web"),
-                        QStringLiteral("camera"));
-    camera->setToolTip(QStringLiteral("Show your camera as a round bubble in the recording"));
+    camera = makeToggle(tr("Camera"), QStringLiteral("camera-web"), QStringLiteral("camera"));
+    camera->setToolTip(tr("Show your camera as a round bubble in the recording"));
     cameraDevice = new QComboBox(parent);
     cameraDevice->setObjectName(QStringLiteral("recording.cameraDevice"));
     cameraDevice->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    cursor = makeToggle(QStringLiteral("Cursor"), QStringLiteral("input-mouse"),
-                        QStringLiteral("cursor"));
-    cursor->setToolTip(QStringLiteral("Show the pointer in the recording"));
-    clicks = makeToggle(QStringLiteral("Clicks"), QStringLiteral("nuboshot-click-highlight"),
+    cursor = makeToggle(tr("Cursor"), QStringLiteral("input-mouse"), QStringLiteral("cursor"));
+    cursor->setToolTip(tr("Show the pointer in the recording"));
+    clicks = makeToggle(tr("Clicks"), QStringLiteral("nuboshot-click-highlight"),
                         QStringLiteral("clicks"));
-    clicks->setToolTip(QStringLiteral("Ring every click in the recording"));
+    clicks->setToolTip(tr("Ring every click in the recording"));
 
     frameRate = new QComboBox(parent);
     frameRate->setObjectName(QStringLiteral("recording.frameRate"));
-    frameRate->addItem(QStringLiteral("30 fps"), QStringLiteral("fps30"));
-    frameRate->addItem(QStringLiteral("60 fps"), QStringLiteral("fps60"));
+    frameRate->addItem(tr("30 fps"), QStringLiteral("fps30"));
+    frameRate->addItem(tr("60 fps"), QStringLiteral("fps60"));
     resolution = new QComboBox(parent);
     resolution->setObjectName(QStringLiteral("recording.resolution"));
-    resolution->addItem(QStringLiteral("Standard"), QStringLiteral("standard"));
-    resolution->addItem(QStringLiteral("Native"), QStringLiteral("native"));
-    resolution->setItemData(0, QStringLiteral("One pixel a point: smaller files on HiDPI screens"),
+    resolution->addItem(tr("Standard"), QStringLiteral("standard"));
+    resolution->addItem(tr("Native"), QStringLiteral("native"));
+    resolution->setItemData(0, tr("One pixel a point: smaller files on HiDPI screens"),
                             Qt::ToolTipRole);
-    resolution->setItemData(1, QStringLiteral("Every pixel of the screen"), Qt::ToolTipRole);
+    resolution->setItemData(1, tr("Every pixel of the screen"), Qt::ToolTipRole);
     codec = new QComboBox(parent);
     codec->setObjectName(QStringLiteral("recording.codec"));
     codec->addItem(QStringLiteral("H.264"), QStringLiteral("h264"));
@@ -184,7 +183,7 @@ void ShotRecordingControls::setMicrophones(const QList<RecordingAudioDevice>& de
     {
         const QScopedValueRollback<bool> loading(m_loading, true);
         microphoneDevice->clear();
-        microphoneDevice->addItem(QStringLiteral("Default microphone"), QString());
+        microphoneDevice->addItem(tr("Default microphone"), QString());
         for (const RecordingAudioDevice& device : devices) {
             microphoneDevice->addItem(device.description.isEmpty() ? device.name
                                                                     : device.description,
@@ -196,7 +195,7 @@ void ShotRecordingControls::setMicrophones(const QList<RecordingAudioDevice>& de
         // default one is recorded instead, and the log says so.
         const auto stored = RecordingOptions::read(m_preferences).microphoneDeviceID;
         if (stored && microphoneDevice->findData(*stored) < 0) {
-            microphoneDevice->addItem(QStringLiteral("%1 (not connected)").arg(*stored), *stored);
+            microphoneDevice->addItem(tr("%1 (not connected)").arg(*stored), *stored);
         }
         if (!problem.isEmpty()) {
             microphoneDevice->setToolTip(problem);

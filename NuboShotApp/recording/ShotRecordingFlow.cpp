@@ -94,9 +94,8 @@ ShotRecordingFlow::~ShotRecordingFlow()
 
 QString ShotRecordingFlow::cannotRecord() const
 {
-    return m_platform->problem().isEmpty()
-               ? QStringLiteral("This desktop cannot be recorded by Nubo Shot yet.")
-               : m_platform->problem();
+    return m_platform->problem().isEmpty() ? tr("This desktop cannot be recorded by Nubo Shot yet.")
+                                           : m_platform->problem();
 }
 
 bool ShotRecordingFlow::canRecord() const
@@ -180,9 +179,8 @@ void ShotRecordingFlow::fail(const QString& message)
     qCWarning(lcRecording, "Recording failed: %s", qPrintable(message));
     setPhase(Phase::idle);
     // Told after the event at hand is done: the alert waits for the user.
-    QTimer::singleShot(0, this, [this, message] {
-        presentAlert(QStringLiteral("Could Not Record Screen"), message);
-    });
+    QTimer::singleShot(0, this,
+                       [this, message] { presentAlert(tr("Could Not Record Screen"), message); });
 }
 
 void ShotRecordingFlow::grabKeys(const QList<std::pair<QString, QKeySequence>>& keys)
@@ -346,7 +344,7 @@ void ShotRecordingFlow::choose(const RecordingTarget& target, const QRectF& disp
         // camera go by the display.
         m_targetRect = m_displayRect;
     }
-    const QString size = picked ? QStringLiteral("window picked at the start")
+    const QString size = picked ? tr("window picked at the start")
                                 : QStringLiteral("%1 \u00d7 %2")
                                       .arg(qRound(m_targetRect.width() * scale))
                                       .arg(qRound(m_targetRect.height() * scale));
@@ -394,7 +392,7 @@ void ShotRecordingFlow::begin(const RecordingOptions& options)
     m_startPressed.start();
     m_keys.reset(); // Return and Escape are everyone's again
     // Held from here: the countdown is part of the recording to the user.
-    m_inhibitor->hold(QStringLiteral("Recording the screen"));
+    m_inhibitor->hold(tr("Recording the screen"));
     m_options->close();
     const bool countdown = m_preferences.boolean(keys::recordingCountdown, true);
     m_options = nullptr;
@@ -487,7 +485,7 @@ void ShotRecordingFlow::showControls(const RecordingOptions& options)
 {
     m_keys.reset();
     setPhase(Phase::recording);
-    m_inhibitor->hold(QStringLiteral("Recording the screen"));
+    m_inhibitor->hold(tr("Recording the screen"));
     if (QGuiApplication::platformName().startsWith(QLatin1String("wayland")) &&
         !std::holds_alternative<RecordingTarget::Window>(m_target->target)) {
         // Windows cannot stand aside on Wayland, and the screen's cast shows
@@ -544,7 +542,7 @@ void ShotRecordingFlow::recorderChanged(const RecordingState& state)
         m_inhibitor->release();
         setPhase(Phase::idle);
         qCInfo(lcRecording, "Recording saved to %s", qPrintable(finished->file));
-        ShotNotifications::shared().notifyFile(QStringLiteral("Recording saved"), finished->file,
+        ShotNotifications::shared().notifyFile(tr("Recording saved"), finished->file,
                                                QFileInfo(finished->file).fileName());
         openReview(finished->file);
     } else if (const auto* failed = std::get_if<RecordingState::Failed>(&state.state)) {

@@ -35,12 +35,13 @@ QFrame* divider(QWidget* parent)
 // A short bar that shows how loud the microphone is, in steps, with a
 // falling peak so quick sounds stay visible.
 class LevelMeter : public QWidget {
+    Q_OBJECT
 public:
     explicit LevelMeter(QWidget* parent) : QWidget(parent)
     {
         setObjectName(QStringLiteral("recording.microphoneLevel"));
         setFixedSize(46, 14);
-        setToolTip(QStringLiteral("Microphone level"));
+        setToolTip(tr("Microphone level"));
     }
     void setLevel(float level)
     {
@@ -175,8 +176,8 @@ ShotRecordingOptionsBar::ShotRecordingOptionsBar(ShotPreferences& preferences,
     row->setSizeConstraint(QLayout::SetFixedSize);
     row->setContentsMargins(8, 6, 8, 6);
     row->setSpacing(4);
-    auto* cancel = barButton(this, QStringLiteral("window-close"),
-                             QStringLiteral("Cancel (Esc)"), QStringLiteral("recording.cancel"));
+    auto* cancel = barButton(this, QStringLiteral("window-close"), tr("Cancel (Esc)"),
+                             QStringLiteral("recording.cancel"));
     connect(cancel, &QToolButton::clicked, this, &ShotRecordingOptionsBar::cancelled);
     row->addWidget(cancel);
     auto* size = new QLabel(targetSize, this);
@@ -201,17 +202,17 @@ ShotRecordingOptionsBar::ShotRecordingOptionsBar(ShotPreferences& preferences,
     if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
         // No bar stays on the screen while recording here (it would be in
         // the movie): how to stop is said now.
-        auto* stop = new QLabel(QStringLiteral("Stop from the menu"), this);
-        stop->setToolTip(QStringLiteral("Or by the shortcut, or with \u201cnuboshot capture "
-                                        "recording\u201d"));
+        auto* stop = new QLabel(tr("Stop from the menu"), this);
+        stop->setToolTip(tr("Or by the shortcut, or with “nuboshot capture "
+                                        "recording”"));
         stop->setObjectName(QStringLiteral("recording.stopHint"));
         stop->setStyleSheet(QStringLiteral("color: rgba(255,255,255,200); padding: 0 4px;"));
         row->addWidget(stop);
     }
     m_start = new QPushButton(ShotIcons::icon(QStringLiteral("media-record"), QColor(Qt::white)),
-                              QStringLiteral("Start Recording"), this);
+                              tr("Start Recording"), this);
     m_start->setObjectName(QStringLiteral("recording.start"));
-    m_start->setToolTip(QStringLiteral("Start (Return)"));
+    m_start->setToolTip(tr("Start (Return)"));
     m_start->setDefault(true);
     m_start->setStyleSheet(QStringLiteral(
         "QPushButton { color: white; background: rgb(224,53,43); border: none; "
@@ -291,8 +292,7 @@ void ShotRecordingCountdown::paintEvent(QPaintEvent*)
     small.setPixelSize(12);
     painter.setFont(small);
     painter.setPen(QColor(255, 255, 255, 170));
-    painter.drawText(QRectF(0, height() - 46, width(), 20), Qt::AlignCenter,
-                     QStringLiteral("Esc: Cancel"));
+    painter.drawText(QRectF(0, height() - 46, width(), 20), Qt::AlignCenter, tr("Esc: Cancel"));
 }
 
 ShotRecordingControlBar::ShotRecordingControlBar(bool microphone)
@@ -325,11 +325,11 @@ ShotRecordingControlBar::ShotRecordingControlBar(bool microphone)
         row->addWidget(m_meter);
     }
     row->addWidget(divider(this));
-    m_pause = barButton(this, QStringLiteral("media-playback-pause"),
-                        QStringLiteral("Pause Recording"), QStringLiteral("recording.pause"));
-    m_stop = barButton(this, QStringLiteral("media-playback-stop"),
-                       QStringLiteral("Stop Recording"), QStringLiteral("recording.stop"));
-    m_cancel = barButton(this, QStringLiteral("window-close"), QStringLiteral("Cancel Recording"),
+    m_pause = barButton(this, QStringLiteral("media-playback-pause"), tr("Pause Recording"),
+                        QStringLiteral("recording.pause"));
+    m_stop = barButton(this, QStringLiteral("media-playback-stop"), tr("Stop Recording"),
+                       QStringLiteral("recording.stop"));
+    m_cancel = barButton(this, QStringLiteral("window-close"), tr("Cancel Recording"),
                          QStringLiteral("recording.cancelRecording"));
     connect(m_pause, &QToolButton::clicked, this, &ShotRecordingControlBar::pauseToggled);
     connect(m_stop, &QToolButton::clicked, this, &ShotRecordingControlBar::stopRequested);
@@ -368,8 +368,7 @@ void ShotRecordingControlBar::showState(const RecordingState& state)
     m_pause->setIcon(ShotIcons::icon(paused ? QStringLiteral("media-playback-start")
                                             : QStringLiteral("media-playback-pause"),
                                      QColor(Qt::white)));
-    m_pause->setToolTip(paused ? QStringLiteral("Resume Recording")
-                               : QStringLiteral("Pause Recording"));
+    m_pause->setToolTip(paused ? tr("Resume Recording") : tr("Pause Recording"));
     for (QToolButton* b : {m_pause, m_stop, m_cancel}) {
         b->setEnabled(running);
     }
@@ -388,3 +387,5 @@ QString ShotRecordingControlBar::elapsedText() const
 }
 
 } // namespace nubo
+
+#include "ShotRecordingWindows.moc"

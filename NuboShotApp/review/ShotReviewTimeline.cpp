@@ -175,7 +175,7 @@ void ShotReviewTimeline::paintEvent(QPaintEvent*)
         p.drawRoundedRect(bar, 4, 4);
         p.setPen(Qt::white);
         p.drawText(bar.adjusted(6, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
-                   QStringLiteral("Blur %1").arg(region->number));
+                   tr("Blur %1").arg(region->number));
     }
 
     // The playhead.

@@ -68,7 +68,7 @@ ShotReviewWindow::ShotReviewWindow(const QString& recording, ShotPreferences& pr
     m_info = m_player->info();
     m_history = VideoEditHistory(VideoEditList::opened(m_recording, m_info.duration));
     setObjectName(QStringLiteral("reviewWindow"));
-    setWindowTitle(QStringLiteral("%1 \u2014 Review").arg(QFileInfo(m_recording).completeBaseName()));
+    setWindowTitle(tr("%1 — Review").arg(QFileInfo(m_recording).completeBaseName()));
     setAttribute(Qt::WA_DeleteOnClose, false);
     setFocusPolicy(Qt::StrongFocus);
 
@@ -99,23 +99,24 @@ QLayout* ShotReviewWindow::makeTools()
     // Tools over the picture.
     auto* tools = new QHBoxLayout;
     tools->setContentsMargins(10, 6, 10, 0);
-    m_play = toolButton(QStringLiteral("Play"), QStringLiteral("Play or pause (Space)"), this);
+    m_play = toolButton(tr("Play"), tr("Play or pause (Space)"), this);
     m_play->setObjectName(QStringLiteral("reviewPlay"));
-    auto* splitButton = toolButton(QStringLiteral("Split"), QStringLiteral("Split at the playhead (S)"), this);
+    auto* splitButton = toolButton(tr("Split"), tr("Split at the playhead (S)"), this);
     splitButton->setObjectName(QStringLiteral("reviewSplit"));
-    auto* removeButton = toolButton(QStringLiteral("Remove Segment"),
-                                    QStringLiteral("Cut out the segment under the playhead (Delete)"), this);
+    auto* removeButton = toolButton(tr("Remove Segment"),
+                                    tr("Cut out the segment under the playhead (Delete)"), this);
     removeButton->setObjectName(QStringLiteral("reviewRemove"));
-    m_blurMode = toolButton(QStringLiteral("Blur"), QStringLiteral("Drag over the picture to blur a region (B)"), this, true);
+    m_blurMode =
+        toolButton(tr("Blur"), tr("Drag over the picture to blur a region (B)"), this, true);
     m_blurMode->setObjectName(QStringLiteral("reviewBlur"));
-    m_cropMode = toolButton(QStringLiteral("Crop"), QStringLiteral("Crop the picture (C)"), this, true);
+    m_cropMode = toolButton(tr("Crop"), tr("Crop the picture (C)"), this, true);
     m_cropMode->setObjectName(QStringLiteral("reviewCrop"));
-    m_mute = toolButton(QStringLiteral("Mute"), QStringLiteral("Export without sound (M)"), this, true);
+    m_mute = toolButton(tr("Mute"), tr("Export without sound (M)"), this, true);
     m_mute->setObjectName(QStringLiteral("reviewMute"));
     m_mute->setEnabled(m_info.hasAudio);
-    m_undo = toolButton(QStringLiteral("Undo"), QStringLiteral("Undo (Ctrl+Z)"), this);
-    m_redo = toolButton(QStringLiteral("Redo"), QStringLiteral("Redo (Ctrl+Shift+Z)"), this);
-    m_quality = toolButton(QString(), QStringLiteral("Export quality"), this);
+    m_undo = toolButton(tr("Undo"), tr("Undo (Ctrl+Z)"), this);
+    m_redo = toolButton(tr("Redo"), tr("Redo (Ctrl+Shift+Z)"), this);
+    m_quality = toolButton(QString(), tr("Export quality"), this);
     m_quality->setObjectName(QStringLiteral("reviewQuality"));
     m_quality->setPopupMode(QToolButton::InstantPopup);
     auto* qualityMenu = new QMenu(m_quality);
@@ -165,15 +166,15 @@ QLayout* ShotReviewWindow::makeBottomBar()
     m_progress->setRange(0, 100);
     m_progress->setMaximumWidth(160);
     m_progress->hide();
-    m_cancel = new QPushButton(QStringLiteral("Cancel"), this);
+    m_cancel = new QPushButton(tr("Cancel"), this);
     m_cancel->setObjectName(QStringLiteral("reviewCancel"));
     m_cancel->hide();
-    m_showInFolder = new QPushButton(QStringLiteral("Show in Folder"), this);
+    m_showInFolder = new QPushButton(tr("Show in Folder"), this);
     m_showInFolder->setEnabled(false);
-    m_copy = new QPushButton(QStringLiteral("Copy"), this);
+    m_copy = new QPushButton(tr("Copy"), this);
     m_copy->setObjectName(QStringLiteral("reviewCopy"));
-    m_saveAs = new QPushButton(QStringLiteral("Save As\u2026"), this);
-    m_export = new QPushButton(QStringLiteral("Export"), this);
+    m_saveAs = new QPushButton(tr("Save As…"), this);
+    m_export = new QPushButton(tr("Export"), this);
     m_export->setObjectName(QStringLiteral("reviewExport"));
     m_export->setDefault(true);
     for (QPushButton* b : {m_cancel, m_showInFolder, m_copy, m_saveAs, m_export}) {
@@ -225,7 +226,7 @@ void ShotReviewWindow::connectPlayer()
         updateLabels();
     });
     connect(m_player.get(), &VideoPlayer::playingChanged, this,
-            [this](bool playing) { m_play->setText(playing ? QStringLiteral("Pause") : QStringLiteral("Play")); });
+            [this](bool playing) { m_play->setText(playing ? tr("Pause") : tr("Play")); });
     connect(m_canvas, &ShotReviewCanvas::sizeChanged, m_player.get(), &VideoPlayer::setDisplaySize);
     connect(m_timeline, &ShotReviewTimeline::scrubbed, m_player.get(), [this](VideoTime t) {
         m_player->pause();
@@ -376,7 +377,7 @@ void ShotReviewWindow::updateLabels()
     m_time->setText(QStringLiteral("%1 / %2").arg(edited ? clock(*edited) : QStringLiteral("\u2013"),
                                                    clock(list.keptDuration())));
     const QSize size = videoOutputSize(m_info.size, list.cropRect, list.quality);
-    m_estimate->setText(QStringLiteral("%1 \u00d7 %2 \u00b7 about %3")
+    m_estimate->setText(tr("%1 × %2 · about %3")
                             .arg(size.width())
                             .arg(size.height())
                             .arg(QLocale().formattedDataSize(videoSizeEstimate(list, m_info), 1,
@@ -490,8 +491,8 @@ void ShotReviewWindow::keyPressEvent(QKeyEvent* event)
 
 void ShotReviewWindow::saveAs()
 {
-    const QString file = QFileDialog::getSaveFileName(this, QStringLiteral("Save Edited Recording"), exportPath(),
-                                                      QStringLiteral("MPEG-4 movie (*.mp4)"));
+    const QString file = QFileDialog::getSaveFileName(this, tr("Save Edited Recording"),
+                                                      exportPath(), tr("MPEG-4 movie (*.mp4)"));
     if (!file.isEmpty()) {
         exportTo(file.endsWith(QLatin1String(".mp4"), Qt::CaseInsensitive) ? file : file + QStringLiteral(".mp4"));
     }
@@ -510,7 +511,7 @@ void ShotReviewWindow::copy()
         data->setData(QStringLiteral("x-special/gnome-copied-files"),
                       "copy\n" + QUrl::fromLocalFile(file).toEncoded());
         QApplication::clipboard()->setMimeData(data);
-        m_status->setText(QStringLiteral("Copied \u201c%1\u201d").arg(QFileInfo(file).fileName()));
+        m_status->setText(tr("Copied “%1”").arg(QFileInfo(file).fileName()));
         qCInfo(lcVideoEdit, "Copied %s", qPrintable(file));
         return;
     }
@@ -528,7 +529,7 @@ void ShotReviewWindow::exportTo(const QString& file, bool thenCopy)
     m_progress->setValue(0);
     m_progress->show();
     m_cancel->show();
-    m_status->setText(QStringLiteral("Exporting \u201c%1\u201d\u2026").arg(QFileInfo(file).fileName()));
+    m_status->setText(tr("Exporting “%1”…").arg(QFileInfo(file).fileName()));
     applied();
     QPointer<ShotReviewWindow> self(this);
     m_session->start(
@@ -559,21 +560,21 @@ void ShotReviewWindow::exportEnded(const VideoExportOutcome& outcome, bool thenC
     m_cancel->hide();
     applied();
     if (outcome.cancelled) {
-        m_status->setText(QStringLiteral("Export cancelled"));
+        m_status->setText(tr("Export cancelled"));
         m_closeAfterExport = false;
         emit exportFinished(QString(), QStringLiteral("cancelled"));
         return;
     }
     if (outcome.error) {
-        m_status->setText(QStringLiteral("Export failed"));
+        m_status->setText(tr("Export failed"));
         m_closeAfterExport = false;
         emit exportFinished(QString(), outcome.error->message());
-        QMessageBox::warning(this, QStringLiteral("Export Failed"), outcome.error->message());
+        QMessageBox::warning(this, tr("Export Failed"), outcome.error->message());
         return;
     }
     m_exportedFile = outcome.result->file;
     m_showInFolder->setEnabled(true);
-    m_status->setText(QStringLiteral("Exported \u201c%1\u201d").arg(QFileInfo(m_exportedFile).fileName()));
+    m_status->setText(tr("Exported “%1”").arg(QFileInfo(m_exportedFile).fileName()));
     emit exportFinished(m_exportedFile, QString());
     if (thenCopy) {
         copy();
@@ -611,13 +612,13 @@ void ShotReviewWindow::closeEvent(QCloseEvent* event)
         event->accept();
         return;
     }
-    QMessageBox question(QMessageBox::Question, QStringLiteral("Discard Edits?"),
-                         QStringLiteral("Your edits to \u201c%1\u201d have not been exported.")
-                             .arg(QFileInfo(m_recording).fileName()),
-                         QMessageBox::NoButton, this);
-    question.setInformativeText(QStringLiteral("The recording itself stays as it is."));
-    QPushButton* exportButton = question.addButton(QStringLiteral("Export"), QMessageBox::AcceptRole);
-    QPushButton* discard = question.addButton(QStringLiteral("Discard"), QMessageBox::DestructiveRole);
+    QMessageBox question(
+        QMessageBox::Question, tr("Discard Edits?"),
+        tr("Your edits to “%1” have not been exported.").arg(QFileInfo(m_recording).fileName()),
+        QMessageBox::NoButton, this);
+    question.setInformativeText(tr("The recording itself stays as it is."));
+    QPushButton* exportButton = question.addButton(tr("Export"), QMessageBox::AcceptRole);
+    QPushButton* discard = question.addButton(tr("Discard"), QMessageBox::DestructiveRole);
     question.addButton(QMessageBox::Cancel);
     question.setDefaultButton(exportButton);
     question.exec();

@@ -28,7 +28,7 @@ ShotScrollingPanel::ShotScrollingPanel(const QString& autoScrollProblem, QWidget
     layout->setContentsMargins(12, 10, 12, 12);
     layout->setSpacing(8);
 
-    auto* title = new QLabel(QStringLiteral("Scrolling Capture"), this);
+    auto* title = new QLabel(tr("Scrolling Capture"), this);
     QFont bold = title->font();
     bold.setBold(true);
     title->setFont(bold);
@@ -58,7 +58,7 @@ ShotScrollingPanel::ShotScrollingPanel(const QString& autoScrollProblem, QWidget
     m_status->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     layout->addWidget(m_status);
 
-    auto* keys = new QLabel(QStringLiteral("Return: Done \u00b7 Esc: Cancel"), this);
+    auto* keys = new QLabel(tr("Return: Done · Esc: Cancel"), this);
     QPalette quiet = keys->palette();
     quiet.setColor(QPalette::WindowText, palette().color(QPalette::PlaceholderText));
     keys->setPalette(quiet);
@@ -69,15 +69,15 @@ ShotScrollingPanel::ShotScrollingPanel(const QString& autoScrollProblem, QWidget
         b->setFocusPolicy(Qt::NoFocus);
         return b;
     };
-    m_auto = button(QStringLiteral("Auto-scroll"));
+    m_auto = button(tr("Auto-scroll"));
     m_auto->setObjectName(QStringLiteral("scrollingAuto"));
     m_auto->setIcon(ShotIcons::icon(QStringLiteral("nuboshot-capture-scrolling")));
     m_auto->setEnabled(autoScrollProblem.isEmpty());
     m_auto->setToolTip(autoScrollProblem.isEmpty()
-                           ? QStringLiteral("Scroll to the end by itself; any key or click stops")
+                           ? tr("Scroll to the end by itself; any key or click stops")
                            : autoScrollProblem);
-    m_cancel = button(QStringLiteral("Cancel"));
-    m_done = button(QStringLiteral("Done"));
+    m_cancel = button(tr("Cancel"));
+    m_done = button(tr("Done"));
     m_done->setDefault(true);
     auto* autoRow = new QHBoxLayout;
     autoRow->addWidget(m_auto, 1);
@@ -93,7 +93,7 @@ ShotScrollingPanel::ShotScrollingPanel(const QString& autoScrollProblem, QWidget
             [this] { emit autoScrollToggled(!m_autoRunning); });
 
     setHeight(0);
-    setStatus(QStringLiteral("Scroll down to the end, or use Auto-scroll."));
+    setStatus(tr("Scroll down to the end, or use Auto-scroll."));
     adjustSize();
     setFixedSize(sizeHint());
 }
@@ -107,7 +107,7 @@ void ShotScrollingPanel::setPreview(const QImage& preview)
 
 void ShotScrollingPanel::setHeight(qint64 rows)
 {
-    m_height->setText(QStringLiteral("%1 px tall").arg(QLocale().toString(rows)));
+    m_height->setText(tr("%1 px tall").arg(QLocale().toString(rows)));
 }
 
 void ShotScrollingPanel::setStatus(const QString& text, bool warning)
@@ -123,7 +123,7 @@ void ShotScrollingPanel::setStatus(const QString& text, bool warning)
 void ShotScrollingPanel::setAutoScrolling(bool running)
 {
     m_autoRunning = running;
-    m_auto->setText(running ? QStringLiteral("Stop Auto-scroll") : QStringLiteral("Auto-scroll"));
+    m_auto->setText(running ? tr("Stop Auto-scroll") : tr("Auto-scroll"));
 }
 
 } // namespace nubo

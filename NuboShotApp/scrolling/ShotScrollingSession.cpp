@@ -74,7 +74,7 @@ void ShotScrollingSession::start()
     const std::shared_ptr<ScreenRegionStreaming> streaming = m_platform->regionStreaming();
     if (!streaming) {
         throw CaptureError(CaptureError::Code::noContent,
-                           QStringLiteral("this desktop offers no region streams"));
+                           tr("this desktop offers no region streams"));
     }
     if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
         // Windows cannot place themselves on Wayland: a panel or an outline
@@ -126,7 +126,7 @@ void ShotScrollingSession::start()
     m_panel = new ShotScrollingPanel(
         features.autoScroll && m_platform->scrollDriving()
             ? QString()
-            : QStringLiteral("Auto-scroll is not available on this desktop: scroll by hand."));
+            : tr("Auto-scroll is not available on this desktop: scroll by hand."));
     m_panel->setAttribute(Qt::WA_DeleteOnClose);
     QList<QRectF> others;
     for (const ScreenSpace& space : std::as_const(m_displays)) {
@@ -213,11 +213,11 @@ void ShotScrollingSession::progressed(const ScrollingCaptureProgress& progress)
         m_panel->setPreview(progress.preview);
     }
     if (progress.tracking.isLost) {
-        m_panel->setStatus(QStringLiteral("Scroll back up a little"), true);
+        m_panel->setStatus(tr("Scroll back up a little"), true);
     } else if (progress.autoScrolling) {
-        m_panel->setStatus(QStringLiteral("Auto-scrolling\u2026 Any key or click stops it."));
+        m_panel->setStatus(tr("Auto-scrolling… Any key or click stops it."));
     } else if (progress.update == ScrollStitcher::Update::accepted) {
-        m_panel->setStatus(QStringLiteral("Keep scrolling down; Done when you reach the end."));
+        m_panel->setStatus(tr("Keep scrolling down; Done when you reach the end."));
     }
 }
 
@@ -232,13 +232,13 @@ void ShotScrollingSession::stoppedByItself(const ScrollingCaptureEnd& end)
         return;
     }
     if (m_panel) {
-        m_panel->setStatus(QStringLiteral("Reached the size limit."), true);
+        m_panel->setStatus(tr("Reached the size limit."), true);
     }
     m_ended = true;
     QImage image = m_capture->finish();
     qCInfo(lcScrolling, "Scrolling capture stopped at its size limit: %d rows", image.height());
     const QString notice =
-        QStringLiteral("The scrolling capture reached its size limit and stopped at %1 pixels.")
+        tr("The scrolling capture reached its size limit and stopped at %1 pixels.")
             .arg(QLocale().toString(qint64(image.height())));
     tearDown();
     emit finished(image, m_display.scale, notice);
@@ -257,8 +257,8 @@ void ShotScrollingSession::autoScrollEnded(bool byUser)
         return;
     }
     m_panel->setAutoScrolling(false);
-    m_panel->setStatus(byUser ? QStringLiteral("Auto-scroll stopped.")
-                              : QStringLiteral("Auto-scroll reached the end: press Done."));
+    m_panel->setStatus(byUser ? tr("Auto-scroll stopped.")
+                              : tr("Auto-scroll reached the end: press Done."));
 }
 
 void ShotScrollingSession::toggleAutoScroll(bool start)
@@ -274,15 +274,14 @@ void ShotScrollingSession::toggleAutoScroll(bool start)
     try {
         if (!driving) {
             throw CaptureError(CaptureError::Code::noContent,
-                               QStringLiteral("this desktop cannot scroll for us"));
+                               tr("this desktop cannot scroll for us"));
         }
         m_capture->startAutoScroll(driving->drive(m_display.displayID, m_region));
         m_panel->setAutoScrolling(true);
-        m_panel->setStatus(QStringLiteral("Auto-scrolling\u2026 Any key or click stops it."));
+        m_panel->setStatus(tr("Auto-scrolling… Any key or click stops it."));
     } catch (const CaptureError& error) {
         qCWarning(lcScrolling, "Auto-scroll could not start: %s", qPrintable(error.detail()));
-        m_panel->setStatus(QStringLiteral("Auto-scroll could not start: %1.").arg(error.detail()),
-                           true);
+        m_panel->setStatus(tr("Auto-scroll could not start: %1.").arg(error.detail()), true);
     }
 }
 

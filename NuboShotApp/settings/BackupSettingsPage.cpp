@@ -15,24 +15,25 @@ namespace nubo {
 namespace {
 
 class BackupSettingsPage : public ShotSettingsPage {
+    Q_OBJECT
 public:
     BackupSettingsPage(const ShotSettingsContext& context, QWidget* parent)
-        : ShotSettingsPage(context, QStringLiteral("Backup"), QStringLiteral("nuboshot-backup"),
-                           parent)
+        : ShotSettingsPage(context, QT_TRANSLATE_NOOP("nubo::ShotSettingsPage", "Backup"),
+                           QStringLiteral("nuboshot-backup"), parent)
     {
-        QFormLayout* section = addSection(QStringLiteral("Settings file"));
+        QFormLayout* section = addSection(tr("Settings file"));
         auto* buttons = new QWidget(this);
         auto* line = new QHBoxLayout(buttons);
         line->setContentsMargins(0, 0, 0, 0);
-        auto* backUp = new QPushButton(QStringLiteral("Back Up Settings\u2026"), buttons);
+        auto* backUp = new QPushButton(tr("Back Up Settings…"), buttons);
         backUp->setObjectName(QStringLiteral("backUpSettings"));
-        auto* restore = new QPushButton(QStringLiteral("Restore Settings\u2026"), buttons);
+        auto* restore = new QPushButton(tr("Restore Settings…"), buttons);
         restore->setObjectName(QStringLiteral("restoreSettings"));
         line->addWidget(backUp);
         line->addWidget(restore);
         line->addStretch(1);
         section->addRow(buttons);
-        addNote(section, QStringLiteral("Every preference goes into one file you can keep or "
+        addNote(section, tr("Every preference goes into one file you can keep or "
                                         "take to another computer. Passwords and keys never "
                                         "do: they stay in the desktop's keyring."));
         m_status = addNote(section, QString());
@@ -42,17 +43,17 @@ public:
 
         connect(backUp, &QPushButton::clicked, this, [this] {
             const QString path = QFileDialog::getSaveFileName(
-                this, QStringLiteral("Back Up Settings"),
+                this, tr("Back Up Settings"),
                 QDir::home().filePath(QStringLiteral("Nubo Shot Settings.json")),
-                QStringLiteral("Settings backups (*.json)"));
+                tr("Settings backups (*.json)"));
             if (!path.isEmpty()) {
                 backUpTo(path);
             }
         });
         connect(restore, &QPushButton::clicked, this, [this] {
-            const QString path = QFileDialog::getOpenFileName(
-                this, QStringLiteral("Restore Settings"), QDir::homePath(),
-                QStringLiteral("Settings backups (*.json);;All files (*)"));
+            const QString path =
+                QFileDialog::getOpenFileName(this, tr("Restore Settings"), QDir::homePath(),
+                                             tr("Settings backups (*.json);;All files (*)"));
             if (!path.isEmpty()) {
                 restoreFrom(path);
             }
@@ -65,8 +66,7 @@ public:
     {
         try {
             ShotSettingsBackup::write(preferences(), path);
-            say(QStringLiteral("Settings backed up to \u201c%1\u201d.")
-                    .arg(QDir::toNativeSeparators(path)));
+            say(tr("Settings backed up to “%1”.").arg(QDir::toNativeSeparators(path)));
         } catch (const Error& error) {
             say(error.message());
         }
@@ -105,3 +105,5 @@ ShotSettingsPage* makeBackupSettingsPage(const ShotSettingsContext& context, QWi
 }
 
 } // namespace nubo
+
+#include "BackupSettingsPage.moc"

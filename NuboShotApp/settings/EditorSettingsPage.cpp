@@ -20,18 +20,19 @@ namespace nubo {
 namespace {
 
 class EditorSettingsPage : public ShotSettingsPage {
+    Q_OBJECT
 public:
     EditorSettingsPage(const ShotSettingsContext& context, QWidget* parent)
-        : ShotSettingsPage(context, QStringLiteral("Editor"), QStringLiteral("draw-freehand"),
-                           parent)
+        : ShotSettingsPage(context, QT_TRANSLATE_NOOP("nubo::ShotSettingsPage", "Editor"),
+                           QStringLiteral("draw-freehand"), parent)
     {
-        QFormLayout* tools = addSection(QStringLiteral("Tools"));
-        addSwitch(tools, QStringLiteral("Return to Select after drawing"),
-                  QLatin1String(keys::returnToSelect), false);
-        addNote(tools, QStringLiteral("Draw and Number stay active, for one stroke or number "
+        QFormLayout* tools = addSection(tr("Tools"));
+        addSwitch(tools, tr("Return to Select after drawing"), QLatin1String(keys::returnToSelect),
+                  false);
+        addNote(tools, tr("Draw and Number stay active, for one stroke or number "
                                       "after another."));
 
-        QFormLayout* styles = addSection(QStringLiteral("Colour and size of new marks"));
+        QFormLayout* styles = addSection(tr("Colour and size of new marks"));
         for (const ShotToolKind tool : allCases<ShotToolKind>()) {
             const unsigned controls = styleControls(tool);
             if (!createsAnnotations(tool) || controls == strengthControl) {
@@ -46,7 +47,7 @@ public:
                 row.color->setObjectName(QStringLiteral("color.") + toString(tool));
                 row.color->setAutoRaise(true);
                 row.color->setIconSize(QSize(18, 18));
-                row.color->setToolTip(QStringLiteral("Colour\u2026"));
+                row.color->setToolTip(tr("Colour…"));
                 line->addWidget(row.color);
                 connect(row.color, &QToolButton::clicked, this, [this, tool] { chooseColor(tool); });
             }
@@ -67,7 +68,7 @@ public:
                 row.size = new QSpinBox(field);
                 row.size->setObjectName(QStringLiteral("size.") + toString(tool));
                 row.size->setRange(font ? 6 : 1, font ? 200 : 40);
-                row.size->setSuffix(QStringLiteral(" pt"));
+                row.size->setSuffix(tr(" pt"));
                 line->addWidget(row.size);
                 connect(row.size, &QSpinBox::valueChanged, this, [this, tool, font](int value) {
                     change(tool, [&](ShotStyle& s) { (font ? s.fontSize : s.lineWidth) = value; });
@@ -79,12 +80,12 @@ public:
             m_rows.push_back(row);
         }
 
-        QFormLayout* redaction = addSection(QStringLiteral("Blur / Censor"));
+        QFormLayout* redaction = addSection(tr("Blur / Censor"));
         m_strength = new QSpinBox(this);
         m_strength->setObjectName(QStringLiteral("strength.blur"));
         m_strength->setRange(6, 40);
-        redaction->addRow(QStringLiteral("Strength:"), m_strength);
-        addNote(redaction, QStringLiteral("The size of the blocks the hidden area is shown in: "
+        redaction->addRow(tr("Strength:"), m_strength);
+        addNote(redaction, tr("The size of the blocks the hidden area is shown in: "
                                           "larger blocks show less."));
         connect(m_strength, &QSpinBox::valueChanged, this, [this](int value) {
             change(ShotToolKind::blur,
@@ -138,7 +139,7 @@ private:
     {
         const QColor chosen = QColorDialog::getColor(
             storedToolStyle(preferences(), tool).color.toQColor(), this,
-            QStringLiteral("%1 Colour").arg(toolTitle(tool)), QColorDialog::ShowAlphaChannel);
+            tr("%1 Colour").arg(toolTitle(tool)), QColorDialog::ShowAlphaChannel);
         if (chosen.isValid()) {
             change(tool, [&](ShotStyle& s) { s.color = ShotColor::fromQColor(chosen); });
             reload();
@@ -157,3 +158,5 @@ ShotSettingsPage* makeEditorSettingsPage(const ShotSettingsContext& context, QWi
 }
 
 } // namespace nubo
+
+#include "EditorSettingsPage.moc"

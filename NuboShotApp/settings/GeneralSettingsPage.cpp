@@ -13,13 +13,14 @@ namespace nubo {
 namespace {
 
 class GeneralSettingsPage : public ShotSettingsPage {
+    Q_OBJECT
 public:
     GeneralSettingsPage(const ShotSettingsContext& context, QWidget* parent)
-        : ShotSettingsPage(context, QStringLiteral("General"),
+        : ShotSettingsPage(context, QT_TRANSLATE_NOOP("nubo::ShotSettingsPage", "General"),
                            QStringLiteral("preferences-system"), parent)
     {
-        QFormLayout* startup = addSection(QStringLiteral("Start-up"));
-        m_login = new QCheckBox(QStringLiteral("Start Nubo Shot when I log in"), this);
+        QFormLayout* startup = addSection(tr("Start-up"));
+        m_login = new QCheckBox(tr("Start Nubo Shot when I log in"), this);
         m_login->setObjectName(QStringLiteral("startAtLogin"));
         startup->addRow(m_login);
         m_loginProblem = addNote(startup, QString());
@@ -35,28 +36,24 @@ public:
             }
         });
 
-        QFormLayout* shots = addSection(QStringLiteral("Shots"));
-        addSwitch(shots, QStringLiteral("Show Recent in menu"), QLatin1String(keys::recentEnabled),
-                  true);
+        QFormLayout* shots = addSection(tr("Shots"));
+        addSwitch(shots, tr("Show Recent in menu"), QLatin1String(keys::recentEnabled), true);
         if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
-            addNote(shots, QStringLiteral(
-                               "On Wayland a program sees the clipboard only while one of its "
+            addNote(shots, tr("On Wayland a program sees the clipboard only while one of its "
                                "windows has the keyboard: images copied in other applications "
                                "join Recent the next time you use Nubo Shot."));
         }
         if (!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
             // The portals give stills without the pointer's picture.
-            addSwitch(shots, QStringLiteral("Include the pointer"),
-                      QLatin1String(keys::includePointer), false);
+            addSwitch(shots, tr("Include the pointer"), QLatin1String(keys::includePointer), false);
         }
-        addSwitch(shots, QStringLiteral("Adjust the area before capturing"),
-                  QLatin1String(keys::adjustArea), false);
-        addNote(shots, QStringLiteral("A dragged area keeps its handles: move it with the arrow "
+        addSwitch(shots, tr("Adjust the area before capturing"), QLatin1String(keys::adjustArea),
+                  false);
+        addNote(shots, tr("A dragged area keeps its handles: move it with the arrow "
                                       "keys, resize it with Alt and the arrow keys, and press "
                                       "Return or double-click it to capture."));
-        addSwitch(shots, QStringLiteral("Also copy raw shot"),
-                  QLatin1String(keys::copyRawOnCapture), false);
-        addNote(shots, QStringLiteral("Puts every capture on the clipboard at once, before "
+        addSwitch(shots, tr("Also copy raw shot"), QLatin1String(keys::copyRawOnCapture), false);
+        addNote(shots, tr("Puts every capture on the clipboard at once, before "
                                       "anything is drawn on it."));
         reload();
     }
@@ -84,3 +81,5 @@ ShotSettingsPage* makeGeneralSettingsPage(const ShotSettingsContext& context, QW
 }
 
 } // namespace nubo
+
+#include "GeneralSettingsPage.moc"

@@ -19,12 +19,13 @@ namespace nubo {
 namespace {
 
 class OutputSettingsPage : public ShotSettingsPage {
+    Q_OBJECT
 public:
     OutputSettingsPage(const ShotSettingsContext& context, QWidget* parent)
-        : ShotSettingsPage(context, QStringLiteral("Output"), QStringLiteral("document-save"),
-                           parent)
+        : ShotSettingsPage(context, QT_TRANSLATE_NOOP("nubo::ShotSettingsPage", "Output"),
+                           QStringLiteral("document-save"), parent)
     {
-        QFormLayout* save = addSection(QStringLiteral("Quick save"));
+        QFormLayout* save = addSection(tr("Quick save"));
         auto* folderRow = new QWidget(this);
         auto* line = new QHBoxLayout(folderRow);
         line->setContentsMargins(0, 0, 0, 0);
@@ -32,19 +33,18 @@ public:
         m_folder->setObjectName(QStringLiteral("quickSaveFolder"));
         m_folder->setReadOnly(true);
         line->addWidget(m_folder, 1);
-        auto* choose = new QPushButton(QStringLiteral("Choose\u2026"), folderRow);
+        auto* choose = new QPushButton(tr("Choose…"), folderRow);
         choose->setObjectName(QStringLiteral("chooseQuickSaveFolder"));
         line->addWidget(choose);
-        m_useDownloads = new QPushButton(QStringLiteral("Use Downloads"), folderRow);
+        m_useDownloads = new QPushButton(tr("Use Downloads"), folderRow);
         m_useDownloads->setObjectName(QStringLiteral("useDownloads"));
         line->addWidget(m_useDownloads);
-        save->addRow(QStringLiteral("Folder:"), folderRow);
+        save->addRow(tr("Folder:"), folderRow);
         m_folderNote = addNote(save, QString());
         m_folderNote->setObjectName(QStringLiteral("quickSaveFolderNote"));
         connect(choose, &QPushButton::clicked, this, [this] {
             const QString chosen = QFileDialog::getExistingDirectory(
-                this, QStringLiteral("Quick-Save Folder"),
-                ShotQuickSave::folderShown(preferences()));
+                this, tr("Quick-Save Folder"), ShotQuickSave::folderShown(preferences()));
             if (!chosen.isEmpty()) {
                 preferences().setValue(keys::quickSaveFolder, QDir::cleanPath(chosen));
                 reload();
@@ -61,24 +61,23 @@ public:
         for (const ShotFormat format : allCases<ShotFormat>()) {
             m_format->addItem(QLatin1String(titles[int(format)]), toString(format));
         }
-        save->addRow(QStringLiteral("Format:"), m_format);
+        save->addRow(tr("Format:"), m_format);
         connect(m_format, &QComboBox::activated, this, [this](int index) {
             preferences().setValue(keys::quickSaveFormat, m_format->itemData(index).toString());
         });
         auto* pattern = new QLabel(QStringLiteral("Nubo Shot YYYY-MM-DD at HH.mm.ss"), this);
         pattern->setObjectName(QStringLiteral("fileNamePattern"));
         pattern->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        save->addRow(QStringLiteral("File names:"), pattern);
-        addNote(save, QStringLiteral("A second shot in the same second gets \u201c (2)\u201d, "
+        save->addRow(tr("File names:"), pattern);
+        addNote(save, tr("A second shot in the same second gets “ (2)”, "
                                      "and so on: no file is ever replaced."));
 
-        QFormLayout* close = addSection(QStringLiteral("Close the editor after"));
+        QFormLayout* close = addSection(tr("Close the editor after"));
         // Missing or not true/false reads as closing, as the editor reads it.
-        addSwitch(close, QStringLiteral("Copying"), closeAfterKey(ShotOutputAction::copy), true);
-        addSwitch(close, QStringLiteral("Saving"), closeAfterKey(ShotOutputAction::save), true);
-        addSwitch(close, QStringLiteral("Dragging out"), closeAfterKey(ShotOutputAction::drag),
-                  true);
-        addNote(close, QStringLiteral("Hold Alt, or pin the editor, to keep it open once."));
+        addSwitch(close, tr("Copying"), closeAfterKey(ShotOutputAction::copy), true);
+        addSwitch(close, tr("Saving"), closeAfterKey(ShotOutputAction::save), true);
+        addSwitch(close, tr("Dragging out"), closeAfterKey(ShotOutputAction::drag), true);
+        addNote(close, tr("Hold Alt, or pin the editor, to keep it open once."));
         reload();
     }
 
@@ -90,11 +89,11 @@ public:
         m_useDownloads->setEnabled(chosen.has_value());
         if (chosen && !usable) {
             m_folderNote->setText(
-                QStringLiteral("\u201c%1\u201d is missing or cannot be written to: shots go to "
+                tr("“%1” is missing or cannot be written to: shots go to "
                                "Downloads until it is back.")
                     .arg(QDir::toNativeSeparators(*chosen)));
         } else if (!chosen) {
-            m_folderNote->setText(QStringLiteral("No folder chosen: shots go to Downloads."));
+            m_folderNote->setText(tr("No folder chosen: shots go to Downloads."));
         } else {
             m_folderNote->clear();
         }
@@ -119,3 +118,5 @@ ShotSettingsPage* makeOutputSettingsPage(const ShotSettingsContext& context, QWi
 }
 
 } // namespace nubo
+
+#include "OutputSettingsPage.moc"

@@ -36,16 +36,17 @@ bool onSessionBus(const QString& name)
 // grant it: the screen, global keys, the microphone, cameras, notifications
 // and the keyring.
 class PermissionsSettingsPage : public ShotSettingsPage {
+    Q_OBJECT
 public:
     PermissionsSettingsPage(const ShotSettingsContext& context, QWidget* parent)
-        : ShotSettingsPage(context, QStringLiteral("Permissions"),
+        : ShotSettingsPage(context, QT_TRANSLATE_NOOP("nubo::ShotSettingsPage", "Permissions"),
                            QStringLiteral("nuboshot-permissions"), parent)
     {
-        m_section = addSection(QStringLiteral("What Nubo Shot may use"));
-        m_screen = addRow(QStringLiteral("screen"), QStringLiteral("Screen capture"));
-        m_forget = new QPushButton(QStringLiteral("Forget Grant"), this);
+        m_section = addSection(tr("What Nubo Shot may use"));
+        m_screen = addRow(QStringLiteral("screen"), tr("Screen capture"));
+        m_forget = new QPushButton(tr("Forget Grant"), this);
         m_forget->setObjectName(QStringLiteral("forgetScreenGrant"));
-        m_forget->setToolTip(QStringLiteral("The desktop asks again at the next capture"));
+        m_forget->setToolTip(tr("The desktop asks again at the next capture"));
         m_section->addRow(QString(), m_forget);
         connect(m_forget, &QPushButton::clicked, this, [this] {
             m_context.platform.forgetGrant();
@@ -54,12 +55,12 @@ public:
             }
             reload();
         });
-        m_shortcuts = addRow(QStringLiteral("shortcuts"), QStringLiteral("Global shortcuts"));
-        m_microphone = addRow(QStringLiteral("microphone"), QStringLiteral("Microphone"));
-        m_camera = addRow(QStringLiteral("camera"), QStringLiteral("Camera"));
-        m_notifications = addRow(QStringLiteral("notifications"), QStringLiteral("Notifications"));
-        m_keyring = addRow(QStringLiteral("keyring"), QStringLiteral("Keyring"));
-        auto* refresh = new QPushButton(QStringLiteral("Check Again"), this);
+        m_shortcuts = addRow(QStringLiteral("shortcuts"), tr("Global shortcuts"));
+        m_microphone = addRow(QStringLiteral("microphone"), tr("Microphone"));
+        m_camera = addRow(QStringLiteral("camera"), tr("Camera"));
+        m_notifications = addRow(QStringLiteral("notifications"), tr("Notifications"));
+        m_keyring = addRow(QStringLiteral("keyring"), tr("Keyring"));
+        auto* refresh = new QPushButton(tr("Check Again"), this);
         refresh->setObjectName(QStringLiteral("checkPermissions"));
         m_section->addRow(QString(), refresh);
         connect(refresh, &QPushButton::clicked, this, [this] { reload(); });
@@ -72,15 +73,14 @@ public:
         if (!m_context.platform.problem().isEmpty()) {
             set(m_screen, false, m_context.platform.problem());
         } else if (!grants.asked) {
-            set(m_screen, true,
-                QStringLiteral("Allowed: this X11 desktop lets programs read the screen."));
+            set(m_screen, true, tr("Allowed: this X11 desktop lets programs read the screen."));
         } else if (grants.kept > 0) {
             set(m_screen, true,
-                QStringLiteral("Granted through the desktop's screen-sharing dialog; captures "
+                tr("Granted through the desktop's screen-sharing dialog; captures "
                                "do not ask again."));
         } else {
             set(m_screen, false,
-                QStringLiteral("Not yet granted: the desktop shows its screen-sharing dialog at "
+                tr("Not yet granted: the desktop shows its screen-sharing dialog at "
                                "the next capture. Choose every screen and allow it to be "
                                "remembered."));
         }
@@ -89,44 +89,42 @@ public:
 
         const ShotGlobalShortcuts* keys = m_context.shortcuts;
         if (keys && keys->isAvailable() && keys->problems().isEmpty()) {
-            set(m_shortcuts, true, QStringLiteral("Bound: the keys on the Shortcuts page work "
+            set(m_shortcuts, true, tr("Bound: the keys on the Shortcuts page work "
                                                   "wherever the focus is."));
         } else if (keys && keys->isAvailable()) {
             set(m_shortcuts, false, keys->problems().join(u'\n'));
         } else {
             set(m_shortcuts, false,
-                QStringLiteral("This desktop gives programs no global keys: bind the commands "
+                tr("This desktop gives programs no global keys: bind the commands "
                                "of the Shortcuts page in the desktop's keyboard settings."));
         }
 
         const bool microphone =
             m_context.recordingCapabilities && m_context.recordingCapabilities().supportsMicrophone;
         set(m_microphone, microphone,
-            microphone ? QStringLiteral("Available through the sound server.")
+            microphone ? tr("Available through the sound server.")
                        : RecordingAudioServer::whatToInstall());
 
         const QList<CameraDevice> cameras = CameraStreamSource::cameras();
         set(m_camera, !cameras.isEmpty(),
             cameras.isEmpty()
-                ? QStringLiteral("No camera can be opened: connect one, and make sure your "
-                                 "user is in the \u201cvideo\u201d group.")
-            : cameras.size() == 1
-                ? QStringLiteral("Available: %1.").arg(cameras.first().name)
-                : QStringLiteral("Available: %1 and %2 more.")
-                      .arg(cameras.first().name)
-                      .arg(cameras.size() - 1));
+                ? tr("No camera can be opened: connect one, and make sure your "
+                                 "user is in the “video” group.")
+            : cameras.size() == 1 ? tr("Available: %1.").arg(cameras.first().name)
+                                  : tr("Available: %1 and %n more.", nullptr, int(cameras.size() - 1))
+                                        .arg(cameras.first().name));
 
         const bool notifications = onSessionBus(QStringLiteral("org.freedesktop.Notifications"));
         set(m_notifications, notifications,
-            notifications ? QStringLiteral("Shown by the desktop's notification service.")
-                          : QStringLiteral("No notification service: messages appear as the "
+            notifications ? tr("Shown by the desktop's notification service.")
+                          : tr("No notification service: messages appear as the "
                                            "tray icon's bubbles instead."));
 
         const bool keyring = onSessionBus(QStringLiteral("org.freedesktop.secrets"));
         set(m_keyring, keyring,
-            keyring ? QStringLiteral("The desktop's keyring (Secret Service) keeps upload "
+            keyring ? tr("The desktop's keyring (Secret Service) keeps upload "
                                      "secrets.")
-                    : QStringLiteral("No keyring: install gnome-keyring (or a password manager "
+                    : tr("No keyring: install gnome-keyring (or a password manager "
                                      "offering the Secret Service) to store upload secrets."));
     }
 
@@ -170,3 +168,5 @@ ShotSettingsPage* makePermissionsSettingsPage(const ShotSettingsContext& context
 }
 
 } // namespace nubo
+
+#include "PermissionsSettingsPage.moc"

@@ -20,10 +20,11 @@ namespace nubo {
 namespace {
 
 class RecordingSettingsPage : public ShotSettingsPage {
+    Q_OBJECT
 public:
     RecordingSettingsPage(const ShotSettingsContext& context, QWidget* parent)
-        : ShotSettingsPage(context, QStringLiteral("Recording"), QStringLiteral("media-record"),
-                           parent)
+        : ShotSettingsPage(context, QT_TRANSLATE_NOOP("nubo::ShotSettingsPage", "Recording"),
+                           QStringLiteral("media-record"), parent)
     {
         const RecordingCapabilities capabilities = context.recordingCapabilities
                                                        ? context.recordingCapabilities()
@@ -33,47 +34,47 @@ public:
         connect(m_controls, &ShotRecordingControls::changed, this,
                 [this] { told(QLatin1String(keys::recordingCodec)); });
 
-        QFormLayout* video = addSection(QStringLiteral("Video"));
-        video->addRow(QStringLiteral("Format:"), m_controls->codec);
+        QFormLayout* video = addSection(tr("Video"));
+        video->addRow(tr("Format:"), m_controls->codec);
         const QString hevc = ShotRecordingProblems::hevc(capabilities);
         if (!hevc.isEmpty()) {
             addNote(video, hevc)->setObjectName(QStringLiteral("recording.codecProblem"));
         }
-        video->addRow(QStringLiteral("Frame rate:"), m_controls->frameRate);
-        video->addRow(QStringLiteral("Resolution:"), m_controls->resolution);
+        video->addRow(tr("Frame rate:"), m_controls->frameRate);
+        video->addRow(tr("Resolution:"), m_controls->resolution);
 
-        QFormLayout* sound = addSection(QStringLiteral("Sound"));
+        QFormLayout* sound = addSection(tr("Sound"));
         sound->addRow(m_controls->systemAudio);
         sound->addRow(m_controls->microphone);
-        sound->addRow(QStringLiteral("Microphone:"), m_controls->microphoneDevice);
+        sound->addRow(tr("Microphone:"), m_controls->microphoneDevice);
         if (const QString why = ShotRecordingProblems::microphone(capabilities); !why.isEmpty()) {
             addNote(sound, why)->setObjectName(QStringLiteral("recording.microphoneProblem"));
         }
         m_controls->loadMicrophones();
 
-        QFormLayout* shown = addSection(QStringLiteral("In the recording"));
-        m_controls->cursor->setText(QStringLiteral("Show the pointer"));
+        QFormLayout* shown = addSection(tr("In the recording"));
+        m_controls->cursor->setText(tr("Show the pointer"));
         shown->addRow(m_controls->cursor);
-        m_controls->clicks->setText(QStringLiteral("Highlight clicks"));
+        m_controls->clicks->setText(tr("Highlight clicks"));
         shown->addRow(m_controls->clicks);
         if (const QString why = ShotRecordingProblems::clickHighlight(capabilities);
             !why.isEmpty()) {
             addNote(shown, why)->setObjectName(QStringLiteral("recording.clicksProblem"));
         }
-        m_controls->camera->setText(QStringLiteral("Camera bubble"));
+        m_controls->camera->setText(tr("Camera bubble"));
         shown->addRow(m_controls->camera);
         if (m_controls->camera->isEnabled()) {
-            shown->addRow(QStringLiteral("Camera:"), m_controls->cameraDevice);
+            shown->addRow(tr("Camera:"), m_controls->cameraDevice);
         } else {
             m_controls->cameraDevice->hide();
             addNote(shown, ShotRecordingProblems::camera())
                 ->setObjectName(QStringLiteral("recording.cameraProblem"));
         }
-        addSwitch(shown, QStringLiteral("Count down 3 seconds before recording"),
+        addSwitch(shown, tr("Count down 3 seconds before recording"),
                   QLatin1String(keys::recordingCountdown), true)
             ->setObjectName(QStringLiteral("recording.countdown"));
 
-        QFormLayout* saving = addSection(QStringLiteral("Saving"));
+        QFormLayout* saving = addSection(tr("Saving"));
         auto* folderRow = new QWidget(this);
         auto* line = new QHBoxLayout(folderRow);
         line->setContentsMargins(0, 0, 0, 0);
@@ -81,16 +82,16 @@ public:
         m_folder->setObjectName(QStringLiteral("recording.folder"));
         m_folder->setTextInteractionFlags(Qt::TextSelectableByMouse);
         line->addWidget(m_folder, 1);
-        auto* choose = new QPushButton(QStringLiteral("Choose\u2026"), folderRow);
+        auto* choose = new QPushButton(tr("Choose…"), folderRow);
         choose->setObjectName(QStringLiteral("recording.chooseFolder"));
         line->addWidget(choose);
-        auto* standard = new QPushButton(QStringLiteral("Default"), folderRow);
+        auto* standard = new QPushButton(tr("Default"), folderRow);
         standard->setObjectName(QStringLiteral("recording.defaultFolder"));
         line->addWidget(standard);
-        saving->addRow(QStringLiteral("Recordings folder:"), folderRow);
+        saving->addRow(tr("Recordings folder:"), folderRow);
         connect(choose, &QPushButton::clicked, this, [this] {
-            const QString folder = QFileDialog::getExistingDirectory(
-                this, QStringLiteral("Recordings Folder"), shownFolder());
+            const QString folder =
+                QFileDialog::getExistingDirectory(this, tr("Recordings Folder"), shownFolder());
             if (!folder.isEmpty()) {
                 preferences().setValue(keys::recordingFolder, folder);
                 told(QLatin1String(keys::recordingFolder));
@@ -103,12 +104,12 @@ public:
             reload();
         });
 
-        QFormLayout* keys = addSection(QStringLiteral("Shortcut"));
+        QFormLayout* keys = addSection(tr("Shortcut"));
         m_shortcut =
             new ShotShortcutField(context, QLatin1String(ShotGlobalShortcuts::recording), keys, this);
         connect(m_shortcut, &ShotShortcutField::changed, this,
                 &ShotSettingsPage::storedValuesReplaced);
-        addNote(keys, QStringLiteral("Starts a recording, and stops the one under way."));
+        addNote(keys, tr("Starts a recording, and stops the one under way."));
         reload();
     }
 
@@ -119,8 +120,7 @@ public:
         m_shortcut->reload();
         const auto chosen = preferences().string(keys::recordingFolder);
         const QString folder = QDir::toNativeSeparators(shownFolder()) +
-                               (chosen && !chosen->isEmpty() ? QString()
-                                                             : QStringLiteral(" (default)"));
+                               (chosen && !chosen->isEmpty() ? QString() : tr(" (default)"));
         // A long path is shortened in its middle; the whole one is the tip.
         m_folder->setText(m_folder->fontMetrics().elidedText(folder, Qt::ElideMiddle, 220));
         m_folder->setToolTip(folder);
@@ -161,3 +161,5 @@ ShotSettingsPage* makeRecordingSettingsPage(const ShotSettingsContext& context, 
 }
 
 } // namespace nubo
+
+#include "RecordingSettingsPage.moc"

@@ -14,12 +14,13 @@ namespace nubo {
 namespace {
 
 class ShortcutsSettingsPage : public ShotSettingsPage {
+    Q_OBJECT
 public:
     ShortcutsSettingsPage(const ShotSettingsContext& context, QWidget* parent)
-        : ShotSettingsPage(context, QStringLiteral("Shortcuts"),
+        : ShotSettingsPage(context, QT_TRANSLATE_NOOP("nubo::ShotSettingsPage", "Shortcuts"),
                            QStringLiteral("preferences-desktop-keyboard"), parent)
     {
-        QFormLayout* section = addSection(QStringLiteral("Capture and record from anywhere"));
+        QFormLayout* section = addSection(tr("Capture and record from anywhere"));
         for (const QString& action : ShotGlobalShortcuts::actions()) {
             auto* field = new ShotShortcutField(context, action, section, this);
             // The stored keys of one field are what another refuses.
@@ -29,7 +30,7 @@ public:
             });
             m_fields.push_back(field);
         }
-        auto* reset = new QPushButton(QStringLiteral("Reset to Defaults"), this);
+        auto* reset = new QPushButton(tr("Reset to Defaults"), this);
         reset->setObjectName(QStringLiteral("resetShortcuts"));
         section->addRow(QString(), reset);
         connect(reset, &QPushButton::clicked, this, [this] {
@@ -43,7 +44,7 @@ public:
             emit storedValuesReplaced();
         });
         if (!m_context.shortcuts || !m_context.shortcuts->isAvailable()) {
-            addNote(section, QStringLiteral("This desktop offers no global shortcuts: they "
+            addNote(section, tr("This desktop offers no global shortcuts: they "
                                             "are kept for when it does."));
             addDesktopCommands();
         }
@@ -61,7 +62,7 @@ private:
     // run our commands: one row per action with the command to bind.
     void addDesktopCommands()
     {
-        QFormLayout* section = addSection(QStringLiteral("Bind keys in the desktop's settings"));
+        QFormLayout* section = addSection(tr("Bind keys in the desktop's settings"));
         for (const QString& action : ShotGlobalShortcuts::actions()) {
             const QString command = ShotGlobalShortcuts::command(action, m_context.program);
             auto* row = new QWidget(this);
@@ -70,20 +71,20 @@ private:
             auto* text = new QLineEdit(command, row);
             text->setReadOnly(true);
             text->setObjectName(QStringLiteral("command.") + action);
-            auto* copy = new QPushButton(QStringLiteral("Copy"), row);
+            auto* copy = new QPushButton(tr("Copy"), row);
             copy->setObjectName(QStringLiteral("copyCommand.") + action);
-            copy->setToolTip(QStringLiteral("Copy the command"));
+            copy->setToolTip(tr("Copy the command"));
             layout->addWidget(text, 1);
             layout->addWidget(copy);
             connect(copy, &QPushButton::clicked, this, [command, copy] {
                 QGuiApplication::clipboard()->setText(command);
-                copy->setText(QStringLiteral("Copied"));
+                copy->setText(tr("Copied"));
             });
             section->addRow(ShotGlobalShortcuts::title(action) + u':', row);
         }
-        addNote(section, QStringLiteral("Add a custom shortcut in the desktop's keyboard settings "
-                                        "(GNOME: Settings \u2192 Keyboard \u2192 Custom "
-                                        "Shortcuts; KDE: System Settings \u2192 Shortcuts; "
+        addNote(section, tr("Add a custom shortcut in the desktop's keyboard settings "
+                                        "(GNOME: Settings → Keyboard → Custom "
+                                        "Shortcuts; KDE: System Settings → Shortcuts; "
                                         "sway: a bindsym line) that runs the command."));
     }
 
@@ -98,3 +99,5 @@ ShotSettingsPage* makeShortcutsSettingsPage(const ShotSettingsContext& context, 
 }
 
 } // namespace nubo
+
+#include "ShortcutsSettingsPage.moc"

@@ -8,6 +8,7 @@
 #include "export/ShotFormat.h"
 #include "shortcuts/ShotGlobalShortcuts.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -85,54 +86,64 @@ QString refusal(const QString& key, const QJsonValue& value)
 {
     switch (kindOf(key)) {
     case Kind::unknown:
-        return QStringLiteral("not a setting of this version");
+        return QCoreApplication::translate("nubo::ShotSettingsBackup",
+                                           "not a setting of this version");
     case Kind::boolean:
-        return value.isBool() ? QString() : QStringLiteral("not true or false");
+        return value.isBool()
+                   ? QString()
+                   : QCoreApplication::translate("nubo::ShotSettingsBackup", "not true or false");
     case Kind::text:
-        return value.isString() ? QString() : QStringLiteral("not a text");
+        return value.isString()
+                   ? QString()
+                   : QCoreApplication::translate("nubo::ShotSettingsBackup", "not a text");
     case Kind::format:
         return value.isString() && fromString<ShotFormat>(value.toString())
                    ? QString()
-                   : QStringLiteral("not png, jpeg, heic or webp");
+                   : QCoreApplication::translate("nubo::ShotSettingsBackup",
+                                                 "not png, jpeg, heic or webp");
     case Kind::destination: {
         const QString text = value.toString();
         return text == QLatin1String("auto") || text == QLatin1String("r2") ||
                        text == QLatin1String("filebin")
                    ? QString()
-                   : QStringLiteral("not auto, r2 or filebin");
+                   : QCoreApplication::translate("nubo::ShotSettingsBackup",
+                                                 "not auto, r2 or filebin");
     }
     case Kind::shortcut: {
         const auto mode = fromString<CaptureMode>(key.mid(int(qstrlen("shot.shortcut."))));
         if (!mode) {
-            return QStringLiteral("not a capture of this version");
+            return QCoreApplication::translate("nubo::ShotSettingsBackup",
+                                               "not a capture of this version");
         }
         if (!value.isString()) {
-            return QStringLiteral("not a key");
+            return QCoreApplication::translate("nubo::ShotSettingsBackup", "not a key");
         }
         const QKeySequence keys =
             QKeySequence::fromString(value.toString(), QKeySequence::PortableText);
-        return value.toString().isEmpty() || keys.count() == 1 ? QString()
-                                                               : QStringLiteral("not a key");
+        return value.toString().isEmpty() || keys.count() == 1
+                   ? QString()
+                   : QCoreApplication::translate("nubo::ShotSettingsBackup", "not a key");
     }
     case Kind::toolStyle: {
         if (!fromString<ShotToolKind>(key.mid(int(qstrlen(keys::stylePrefix))))) {
-            return QStringLiteral("not a tool of this version");
+            return QCoreApplication::translate("nubo::ShotSettingsBackup",
+                                               "not a tool of this version");
         }
         const QJsonDocument style = QJsonDocument::fromJson(value.toString().toUtf8());
         if (!value.isString() || !style.isObject()) {
-            return QStringLiteral("not a style");
+            return QCoreApplication::translate("nubo::ShotSettingsBackup", "not a style");
         }
         try {
             coding::decodeStyle(style.object());
         } catch (const coding::DecodingFailure&) {
-            return QStringLiteral("not a style");
+            return QCoreApplication::translate("nubo::ShotSettingsBackup", "not a style");
         }
         return {};
     }
     case Kind::anything:
         return value.isBool() || value.isDouble() || value.isString()
                    ? QString()
-                   : QStringLiteral("not a plain value");
+                   : QCoreApplication::translate("nubo::ShotSettingsBackup", "not a plain value");
     }
     return {};
 }
@@ -193,25 +204,30 @@ ShotSettingsBackup::Report ShotSettingsBackup::restore(ShotPreferences& preferen
     QJsonParseError error;
     const QJsonDocument json = QJsonDocument::fromJson(data, &error);
     if (json.isNull() || !json.isObject()) {
-        report.problem = QStringLiteral("The file is not a settings backup, or it is damaged "
-                                        "(%1): nothing was restored.")
-                             .arg(json.isNull() ? error.errorString()
-                                                : QStringLiteral("no settings in it"));
+        report.problem =
+            QCoreApplication::translate("nubo::ShotSettingsBackup", "The file is not a settings backup, or it is damaged "
+                           "(%1): nothing was restored.")
+                .arg(json.isNull() ? error.errorString()
+                                   : QCoreApplication::translate("nubo::ShotSettingsBackup",
+                                                                 "no settings in it"));
         return report;
     }
     const QJsonObject file = json.object();
     if (file.value(QStringLiteral("format")).toString() != QLatin1String(formatName) ||
         !file.value(QStringLiteral("settings")).isObject()) {
-        report.problem =
-            QStringLiteral("The file is not a Nubo Shot settings backup: nothing was restored.");
+        report.problem = QCoreApplication::translate(
+            "nubo::ShotSettingsBackup",
+            "The file is not a Nubo Shot settings backup: nothing was restored.");
         return report;
     }
     report.newerVersion = file.value(QStringLiteral("version")).toInt(version) > version;
     const QJsonObject settings = file.value(QStringLiteral("settings")).toObject();
     for (auto it = settings.begin(); it != settings.end(); ++it) {
         const QString key = it.key();
-        QString why = isSecret(key) ? QStringLiteral("secrets are never restored from a file")
-                                    : refusal(key, it.value());
+        QString why = isSecret(key)
+                          ? QCoreApplication::translate("nubo::ShotSettingsBackup",
+                                                        "secrets are never restored from a file")
+                          : refusal(key, it.value());
         if (!why.isEmpty()) {
             report.skipped << QStringLiteral("%1: %2").arg(key, why);
             continue;
@@ -229,19 +245,22 @@ ShotSettingsBackup::Report ShotSettingsBackup::restoreFile(ShotPreferences& pref
     Report report;
     const QFileInfo info(path);
     if (!info.isFile()) {
-        report.problem = QStringLiteral("\u201c%1\u201d is not a file.").arg(path);
+        report.problem =
+            QCoreApplication::translate("nubo::ShotSettingsBackup", "“%1” is not a file.")
+                .arg(path);
         return report;
     }
     if (info.size() > largestBackup) {
-        report.problem = QStringLiteral("\u201c%1\u201d is larger than any settings backup "
+        report.problem = QCoreApplication::translate("nubo::ShotSettingsBackup", "“%1” is larger than any settings backup "
                                         "(over 1 MiB): nothing was restored.")
                              .arg(info.fileName());
         return report;
     }
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        report.problem = QStringLiteral("\u201c%1\u201d cannot be read: %2.")
-                             .arg(info.fileName(), file.errorString());
+        report.problem =
+            QCoreApplication::translate("nubo::ShotSettingsBackup", "“%1” cannot be read: %2.")
+                .arg(info.fileName(), file.errorString());
         return report;
     }
     return restore(preferences, file.read(largestBackup + 1));
@@ -252,14 +271,15 @@ QString ShotSettingsBackup::Report::summary() const
     if (!problem.isEmpty()) {
         return problem;
     }
-    QString text = restored == 1 ? QStringLiteral("1 setting restored.")
-                                 : QStringLiteral("%1 settings restored.").arg(restored);
+    QString text = QCoreApplication::translate("nubo::ShotSettingsBackup",
+                                               "%n setting(s) restored.", nullptr, restored);
     if (newerVersion) {
-        text += QStringLiteral(" The backup comes from a newer Nubo Shot.");
+        text += QCoreApplication::translate("nubo::ShotSettingsBackup",
+                                            " The backup comes from a newer Nubo Shot.");
     }
     if (!skipped.isEmpty()) {
-        text += QStringLiteral(" Skipped: ") + skipped.join(QStringLiteral("; ")) +
-                QLatin1Char('.');
+        text += QCoreApplication::translate("nubo::ShotSettingsBackup", " Skipped: ") +
+                skipped.join(QStringLiteral("; ")) + QLatin1Char('.');
     }
     return text;
 }

@@ -9,10 +9,10 @@
 
 namespace nubo {
 
-ShotSettingsPage::ShotSettingsPage(const ShotSettingsContext& context, QString title,
+ShotSettingsPage::ShotSettingsPage(const ShotSettingsContext& context, const char* title,
                                    QString icon, QWidget* parent)
-    : QWidget(parent), m_context(context), m_title(std::move(title)), m_icon(std::move(icon)),
-      m_layout(new QVBoxLayout(this))
+    : QWidget(parent), m_context(context), m_key(QString::fromUtf8(title)), m_title(tr(title)),
+      m_icon(std::move(icon)), m_layout(new QVBoxLayout(this))
 {
     m_layout->setContentsMargins(24, 18, 24, 18);
     m_layout->setSpacing(6);

@@ -43,10 +43,14 @@ struct ShotSettingsContext {
 class ShotSettingsPage : public QWidget {
     Q_OBJECT
 public:
-    ShotSettingsPage(const ShotSettingsContext& context, QString title, QString icon,
+    // `title` in English, marked with QT_TRANSLATE_NOOP in this class's
+    // context; the page shows it translated.
+    ShotSettingsPage(const ShotSettingsContext& context, const char* title, QString icon,
                      QWidget* parent);
 
     const QString& title() const { return m_title; }
+    // The English title, the same in every language (ShotSettingsWindow::showPage).
+    const QString& key() const { return m_key; }
     const QString& iconName() const { return m_icon; }
     // Shows the stored values again (after a restore, for one).
     virtual void reload() = 0;
@@ -75,6 +79,7 @@ private:
         QString key;
         bool fallback;
     };
+    QString m_key;
     QString m_title;
     QString m_icon;
     std::vector<Switch> m_switches;

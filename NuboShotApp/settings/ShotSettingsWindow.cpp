@@ -15,7 +15,7 @@ ShotSettingsWindow::ShotSettingsWindow(ShotSettingsContext context, QWidget* par
     : QWidget(parent, Qt::Window), m_context(std::move(context)),
       m_sidebar(new QListWidget(this)), m_pages(new QStackedWidget(this))
 {
-    setWindowTitle(QStringLiteral("Nubo Shot Settings"));
+    setWindowTitle(tr("Nubo Shot Settings"));
     setObjectName(QStringLiteral("settingsWindow"));
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -45,6 +45,7 @@ ShotSettingsWindow::ShotSettingsWindow(ShotSettingsContext context, QWidget* par
         scroller->setWidget(page);
         m_pages->addWidget(scroller);
         auto* item = new QListWidgetItem(ShotIcons::icon(page->iconName()), page->title());
+        item->setData(Qt::UserRole, page->key());
         m_sidebar->addItem(item);
     }
     m_sidebar->setFixedWidth(m_sidebar->sizeHintForColumn(0) + 40);
@@ -69,22 +70,22 @@ void ShotSettingsWindow::present()
     activateWindow();
 }
 
-ShotSettingsPage* ShotSettingsWindow::page(const QString& title) const
+ShotSettingsPage* ShotSettingsWindow::page(const QString& key) const
 {
     for (int i = 0; i < m_pages->count(); ++i) {
         auto* page = qobject_cast<ShotSettingsPage*>(
             static_cast<QScrollArea*>(m_pages->widget(i))->widget());
-        if (page && page->title() == title) {
+        if (page && page->key() == key) {
             return page;
         }
     }
     return nullptr;
 }
 
-void ShotSettingsWindow::showPage(const QString& title)
+void ShotSettingsWindow::showPage(const QString& key)
 {
     for (int i = 0; i < m_sidebar->count(); ++i) {
-        if (m_sidebar->item(i)->text() == title) {
+        if (m_sidebar->item(i)->data(Qt::UserRole).toString() == key) {
             m_sidebar->setCurrentRow(i);
         }
     }

@@ -18,8 +18,9 @@ public:
 
     // Shows the window, or brings it forward when it is open already.
     void present();
-    ShotSettingsPage* page(const QString& title) const;
-    void showPage(const QString& title);
+    ShotSettingsPage* page(const QString& key) const;
+    // Shows the page with this English title (its key).
+    void showPage(const QString& key);
     // Every page shows the stored values again.
     void reload();
 

@@ -20,13 +20,13 @@ ShotShortcutField::ShotShortcutField(const ShotSettingsContext& context, QString
     line->setContentsMargins(0, 0, 0, 0);
     m_edit = new QKeySequenceEdit(this);
     m_edit->setObjectName(QStringLiteral("shortcut.") + m_action);
-    m_edit->setToolTip(QStringLiteral("Click, then press the keys"));
+    m_edit->setToolTip(tr("Click, then press the keys"));
     m_edit->installEventFilter(this);
     line->addWidget(m_edit, 1);
     auto* off = new QToolButton(this);
-    off->setText(QStringLiteral("Off"));
+    off->setText(tr("Off"));
     off->setObjectName(QStringLiteral("shortcutOff.") + m_action);
-    off->setToolTip(QStringLiteral("No shortcut for this"));
+    off->setToolTip(tr("No shortcut for this"));
     line->addWidget(off);
     section->addRow(ShotGlobalShortcuts::title(m_action) + QLatin1Char(':'), this);
     m_problem = new QLabel(page);
@@ -88,9 +88,9 @@ void ShotShortcutField::recorded()
     m_refused.clear();
     const QString holder = ShotGlobalShortcuts::holderOf(m_context.preferences, keys, m_action);
     if (!holder.isEmpty()) {
-        m_refused = QStringLiteral("%1 already does %2.")
-                        .arg(keys.toString(QKeySequence::NativeText),
-                             ShotGlobalShortcuts::title(holder));
+        m_refused =
+            tr("%1 already does %2.")
+                .arg(keys.toString(QKeySequence::NativeText), ShotGlobalShortcuts::title(holder));
         reload(); // the stored keys stay
         return;
     }

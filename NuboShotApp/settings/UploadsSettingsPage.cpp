@@ -45,21 +45,22 @@ QByteArray testPicture()
 // other programs upload to the same places; the keyring is only ever
 // touched on worker threads.
 class UploadsSettingsPage : public ShotSettingsPage {
+    Q_OBJECT
 public:
     UploadsSettingsPage(const ShotSettingsContext& context, QWidget* parent)
-        : ShotSettingsPage(context, QStringLiteral("Uploads"), QStringLiteral("nuboshot-upload"),
-                           parent)
+        : ShotSettingsPage(context, QT_TRANSLATE_NOOP("nubo::ShotSettingsPage", "Uploads"),
+                           QStringLiteral("nuboshot-upload"), parent)
     {
-        QFormLayout* where = addSection(QStringLiteral("Destination"));
+        QFormLayout* where = addSection(tr("Destination"));
         m_destination = new QComboBox(this);
         m_destination->setObjectName(QStringLiteral("uploadDestination"));
-        m_destination->addItem(QStringLiteral("Automatic: the bucket when it is set up, else Filebin"),
+        m_destination->addItem(tr("Automatic: the bucket when it is set up, else Filebin"),
                                toString(ShotUploadDestination::auto_));
-        m_destination->addItem(QStringLiteral("S3-compatible bucket (R2)"),
+        m_destination->addItem(tr("S3-compatible bucket (R2)"),
                                toString(ShotUploadDestination::r2));
-        m_destination->addItem(QStringLiteral("Filebin"), toString(ShotUploadDestination::filebin));
-        where->addRow(QStringLiteral("Upload to:"), m_destination);
-        addNote(where, QStringLiteral("Links are copied after upload. Without a public URL, object "
+        m_destination->addItem(tr("Filebin"), toString(ShotUploadDestination::filebin));
+        where->addRow(tr("Upload to:"), m_destination);
+        addNote(where, tr("Links are copied after upload. Without a public URL, object "
                                       "keys are copied."));
         connect(m_destination, &QComboBox::activated, this, [this] {
             preferences().setValue(QLatin1String(keys::uploadDestination),
@@ -67,32 +68,29 @@ public:
             tellChanged(QLatin1String(keys::uploadDestination));
         });
 
-        QFormLayout* filebin = addSection(QStringLiteral("Filebin"));
-        m_filebinServer = field(filebin, QStringLiteral("filebinServer"), QStringLiteral("Server:"),
+        QFormLayout* filebin = addSection(tr("Filebin"));
+        m_filebinServer = field(filebin, QStringLiteral("filebinServer"), tr("Server:"),
                                 QLatin1String(FilebinSettings::publicServer));
-        m_filebinBin = field(filebin, QStringLiteral("filebinBin"), QStringLiteral("Bin:"),
-                             QStringLiteral("A new bin for every upload"));
-        addNote(filebin, QStringLiteral("Filebin keeps files for about a week; anyone with the "
+        m_filebinBin = field(filebin, QStringLiteral("filebinBin"), tr("Bin:"),
+                             tr("A new bin for every upload"));
+        addNote(filebin, tr("Filebin keeps files for about a week; anyone with the "
                                         "link can see them."));
 
-        QFormLayout* bucket = addSection(QStringLiteral("S3-compatible bucket"));
-        m_endpoint = field(bucket, QStringLiteral("s3Endpoint"), QStringLiteral("Endpoint:"),
+        QFormLayout* bucket = addSection(tr("S3-compatible bucket"));
+        m_endpoint = field(bucket, QStringLiteral("s3Endpoint"), tr("Endpoint:"),
                            QStringLiteral("https://ACCOUNT.r2.cloudflarestorage.com"));
-        m_region = field(bucket, QStringLiteral("s3Region"), QStringLiteral("Region:"),
+        m_region = field(bucket, QStringLiteral("s3Region"), tr("Region:"),
                          QStringLiteral("auto"));
-        m_bucket = field(bucket, QStringLiteral("s3Bucket"), QStringLiteral("Bucket:"), {});
-        m_keyPrefix = field(bucket, QStringLiteral("s3KeyPrefix"), QStringLiteral("Key prefix:"),
-                            QStringLiteral("Optional, such as screenshots/"));
-        m_publicBase = field(bucket, QStringLiteral("s3PublicUrlBase"),
-                             QStringLiteral("Public URL:"),
-                             QStringLiteral("Optional, such as https://shots.example.com"));
-        m_virtualHosted =
-            new QCheckBox(QStringLiteral("Bucket in the host name (virtual-hosted style)"), this);
+        m_bucket = field(bucket, QStringLiteral("s3Bucket"), tr("Bucket:"), {});
+        m_keyPrefix = field(bucket, QStringLiteral("s3KeyPrefix"), tr("Key prefix:"),
+                            tr("Optional, such as screenshots/"));
+        m_publicBase = field(bucket, QStringLiteral("s3PublicUrlBase"), tr("Public URL:"),
+                             tr("Optional, such as https://shots.example.com"));
+        m_virtualHosted = new QCheckBox(tr("Bucket in the host name (virtual-hosted style)"), this);
         m_virtualHosted->setObjectName(QStringLiteral("s3VirtualHosted"));
         bucket->addRow(QString(), m_virtualHosted);
         connect(m_virtualHosted, &QCheckBox::toggled, this, [this] { save(); });
-        m_accessKeyId = field(bucket, QStringLiteral("s3AccessKeyId"),
-                              QStringLiteral("Access key ID:"), {});
+        m_accessKeyId = field(bucket, QStringLiteral("s3AccessKeyId"), tr("Access key ID:"), {});
 
         m_secret = new QLineEdit(this);
         m_secret->setObjectName(QStringLiteral("s3Secret"));
@@ -100,10 +98,10 @@ public:
         m_secret->setClearButtonEnabled(true);
         auto* secretRow = new QHBoxLayout;
         secretRow->addWidget(m_secret, 1);
-        m_forgetSecret = new QPushButton(QStringLiteral("Forget"), this);
+        m_forgetSecret = new QPushButton(tr("Forget"), this);
         m_forgetSecret->setObjectName(QStringLiteral("forgetS3Secret"));
         secretRow->addWidget(m_forgetSecret);
-        bucket->addRow(QStringLiteral("Secret access key:"), secretRow);
+        bucket->addRow(tr("Secret access key:"), secretRow);
         m_secretState = new QLabel(this);
         m_secretState->setObjectName(QStringLiteral("s3SecretState"));
         m_secretState->setWordWrap(true);
@@ -112,10 +110,10 @@ public:
         connect(m_secret, &QLineEdit::editingFinished, this, [this] { storeSecret(); });
         connect(m_forgetSecret, &QPushButton::clicked, this, [this] { forgetSecret(); });
 
-        QFormLayout* test = addSection(QStringLiteral("Try it"));
-        m_test = new QPushButton(QStringLiteral("Test Upload"), this);
+        QFormLayout* test = addSection(tr("Try it"));
+        m_test = new QPushButton(tr("Test Upload"), this);
         m_test->setObjectName(QStringLiteral("testUpload"));
-        m_test->setToolTip(QStringLiteral("Uploads a small picture to the destination above"));
+        m_test->setToolTip(tr("Uploads a small picture to the destination above"));
         test->addRow(QString(), m_test);
         m_testResult = new QLabel(this);
         m_testResult->setObjectName(QStringLiteral("testUploadResult"));
@@ -213,8 +211,7 @@ private:
         try {
             UploadStore(UploadStore::defaultPath()).saveSettings(s3(), filebin());
         } catch (const Error& error) {
-            m_testResult->setText(QStringLiteral("The settings could not be kept: %1")
-                                      .arg(error.message()));
+            m_testResult->setText(tr("The settings could not be kept: %1").arg(error.message()));
             return;
         }
         tellChanged(QStringLiteral("uploads"));
@@ -237,7 +234,7 @@ private:
             try {
                 return work();
             } catch (const Error& error) {
-                return error.message().isEmpty() ? QStringLiteral("Failed.") : error.message();
+                return error.message().isEmpty() ? tr("Failed.") : error.message();
             }
         }));
     }
@@ -249,11 +246,11 @@ private:
         if (keyId.isEmpty()) {
             m_secret->setEnabled(false);
             m_secret->setPlaceholderText(QString());
-            m_secretState->setText(QStringLiteral("Enter the access key ID first."));
+            m_secretState->setText(tr("Enter the access key ID first."));
             return;
         }
         m_secret->setEnabled(true);
-        m_secretState->setText(QStringLiteral("Asking the keyring\u2026"));
+        m_secretState->setText(tr("Asking the keyring…"));
         inBackground(
             [keyId]() -> QString {
                 return uploadSecrets::s3Secret(keyId) ? QStringLiteral("set") : QString();
@@ -266,14 +263,13 @@ private:
                 m_secret->setProperty("stored", set);
                 m_forgetSecret->setEnabled(set);
                 if (set) {
-                    m_secret->setPlaceholderText(QStringLiteral("Set \u00b7 type to replace"));
-                    m_secretState->setText(QStringLiteral("Kept in the desktop's keyring."));
+                    m_secret->setPlaceholderText(tr("Set · type to replace"));
+                    m_secretState->setText(tr("Kept in the desktop's keyring."));
                 } else if (result.isEmpty()) {
-                    m_secret->setPlaceholderText(QStringLiteral("Not set"));
-                    m_secretState->setText(
-                        QStringLiteral("Not set: uploads to the bucket need it."));
+                    m_secret->setPlaceholderText(tr("Not set"));
+                    m_secretState->setText(tr("Not set: uploads to the bucket need it."));
                 } else {
-                    m_secret->setPlaceholderText(QStringLiteral("Not available"));
+                    m_secret->setPlaceholderText(tr("Not available"));
                     m_secretState->setText(result);
                 }
             });
@@ -288,7 +284,7 @@ private:
         }
         // The field never keeps the secret, nor shows it again.
         m_secret->clear();
-        m_secretState->setText(QStringLiteral("Storing in the keyring\u2026"));
+        m_secretState->setText(tr("Storing in the keyring…"));
         inBackground(
             [keyId, secret] {
                 uploadSecrets::storeS3Secret(keyId, secret);
@@ -340,9 +336,8 @@ private:
         }
         const ShotUploadDestination to = request.settings.effective();
         m_test->setEnabled(false);
-        m_testResult->setText(to == ShotUploadDestination::r2
-                                  ? QStringLiteral("Uploading to the bucket\u2026")
-                                  : QStringLiteral("Uploading to Filebin\u2026"));
+        m_testResult->setText(to == ShotUploadDestination::r2 ? tr("Uploading to the bucket…")
+                                                              : tr("Uploading to Filebin…"));
         request.bytes = testPicture();
         auto uploader = std::make_shared<Uploader>(request);
         m_running = uploader;
@@ -351,10 +346,10 @@ private:
                 const UploadReceipt receipt = uploader->run();
                 return QStringLiteral("\u2713 ") +
                        (receipt.link.isEmpty()
-                            ? QStringLiteral("Uploaded as %1 (no public URL, so this is the "
+                            ? tr("Uploaded as %1 (no public URL, so this is the "
                                              "object key).")
                                   .arg(receipt.key)
-                            : QStringLiteral("Uploaded: %1").arg(receipt.link));
+                            : tr("Uploaded: %1").arg(receipt.link));
             },
             [this](const QString& result) {
                 m_running.reset();
@@ -393,3 +388,5 @@ ShotSettingsPage* makeUploadsSettingsPage(const ShotSettingsContext& context, QW
 }
 
 } // namespace nubo
+
+#include "UploadsSettingsPage.moc"

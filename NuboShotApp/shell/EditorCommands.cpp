@@ -9,6 +9,7 @@
 #include "shell/CommandLine.h"
 #include "shell/GrabRequest.h"
 #include "shell/BusNames.h"
+#include "shell/Translations.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -82,6 +83,7 @@ int runEditorCommand(int argc, char** argv, const QStringList& arguments)
         }
     }
     QApplication app(argc, argv);
+    installTranslations();
     QApplication::setApplicationDisplayName(QStringLiteral("Nubo Shot"));
     ShotPreferences preferences;
     std::vector<std::unique_ptr<ShotEditorWindow>> windows;

@@ -3,6 +3,7 @@
 #include "core/Settings.h"
 #include "review/ShotReviewWindow.h"
 #include "shell/CommandLine.h"
+#include "shell/Translations.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -30,6 +31,7 @@ int runReviewCommand(int argc, char** argv, const QStringList& arguments)
         return fail(QStringLiteral("No desktop session found to show the review window in."));
     }
     QApplication app(argc, argv);
+    installTranslations();
     QApplication::setApplicationDisplayName(QStringLiteral("Nubo Shot"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/nuboshot.svg")));
     ShotPreferences preferences;

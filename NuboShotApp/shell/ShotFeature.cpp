@@ -36,7 +36,7 @@ ShotFeature::ShotFeature(std::shared_ptr<CapturePlatform> platform, ShotPreferen
         box.exec();
     };
     ShotRawClipboardTracker::shared().presentFailure = [this](const QString& text) {
-        presentAlert(QStringLiteral("Could Not Copy Screenshot"), text);
+        presentAlert(tr("Could Not Copy Screenshot"), text);
     };
     connect(m_overlay.get(), &ShotOverlayController::shown, this, [this] {
         qCInfo(lcApp, "Capture overlay shown after %lld ms",
@@ -115,7 +115,7 @@ void ShotFeature::capture(CaptureMode mode)
         return;
     }
     if (!isOffered(mode)) {
-        failed(QStringLiteral("%1 is not available yet.").arg(ShotStatusMenu::captureTitle(mode)));
+        failed(tr("%1 is not available yet.").arg(ShotStatusMenu::captureTitle(mode)));
         return;
     }
     if (!m_platform->problem().isEmpty()) {
@@ -334,7 +334,7 @@ void ShotFeature::failed(const QString& message)
 {
     m_capturing = false;
     qCWarning(lcApp, "Capture failed: %s", qPrintable(message));
-    presentAlert(QStringLiteral("Could Not Capture Screen"), message);
+    presentAlert(tr("Could Not Capture Screen"), message);
 }
 
 void ShotFeature::finishCapture(const QImage& image, double scale, const QString& notice)
@@ -380,7 +380,7 @@ void ShotFeature::openRecent(const QUuid& id)
     }
     m_recents->open(id, [this, id](std::optional<ShotDocument> document, const QString& error) {
         if (!document) {
-            presentAlert(QStringLiteral("Could Not Open Recent Image"), error);
+            presentAlert(tr("Could Not Open Recent Image"), error);
             return;
         }
         ShotEditorWindow* editor = openEditor(*document);

@@ -43,14 +43,14 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
         item->setEnabled(!m_actions.isOffered || m_actions.isOffered(mode));
         connect(item, &QAction::triggered, this, [this, mode] { m_actions.capture(mode); });
     }
-    m_recordScreen = m_menu.addAction(ShotIcons::icon(QStringLiteral("media-record")),
-                                      QStringLiteral("Record Screen"));
+    m_recordScreen =
+        m_menu.addAction(ShotIcons::icon(QStringLiteral("media-record")), tr("Record Screen"));
     connect(m_recordScreen, &QAction::triggered, this, [this] {
         if (m_actions.recordScreen) {
             m_actions.recordScreen();
         }
     });
-    m_recordWindow.setTitle(QStringLiteral("Record Window"));
+    m_recordWindow.setTitle(tr("Record Window"));
     m_recordWindow.setObjectName(QStringLiteral("shot.recordWindow"));
     m_recordWindow.setIcon(ShotIcons::icon(QStringLiteral("nuboshot-record-window")));
     m_menu.addMenu(&m_recordWindow);
@@ -67,14 +67,14 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
         }
     });
     m_stop = m_menu.addAction(ShotIcons::icon(QStringLiteral("media-playback-stop")),
-                              QStringLiteral("Stop Recording"));
+                              tr("Stop Recording"));
     connect(m_stop, &QAction::triggered, this, [this] {
         if (m_actions.stopRecording) {
             m_actions.stopRecording();
         }
     });
-    m_cancel = m_menu.addAction(ShotIcons::icon(QStringLiteral("window-close")),
-                                QStringLiteral("Cancel Recording"));
+    m_cancel =
+        m_menu.addAction(ShotIcons::icon(QStringLiteral("window-close")), tr("Cancel Recording"));
     connect(m_cancel, &QAction::triggered, this, [this] {
         if (m_actions.cancelRecording) {
             m_actions.cancelRecording();
@@ -90,10 +90,10 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
     refreshRecording();
     m_menu.addSeparator();
     QAction* open = m_menu.addAction(ShotIcons::icon(QStringLiteral("document-open")),
-                                     QStringLiteral("Open Image in Nubo Shot\u2026"));
+                                     tr("Open Image in Nubo Shot…"));
     open->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_O));
     connect(open, &QAction::triggered, this, [this] { m_actions.openImage(); });
-    m_recent.setTitle(QStringLiteral("Recent"));
+    m_recent.setTitle(tr("Recent"));
     auto* style = new ThumbnailMenuStyle;
     style->setParent(&m_recent);
     m_recent.setStyle(style);
@@ -103,16 +103,16 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
     refreshRecent();
     if (m_actions.uploads) {
         QAction* uploads = m_menu.addAction(ShotIcons::icon(QStringLiteral("nuboshot-upload")),
-                                            QStringLiteral("Recent Uploads\u2026"));
+                                            tr("Recent Uploads…"));
         connect(uploads, &QAction::triggered, this, [this] { m_actions.uploads(); });
     }
     m_menu.addSeparator();
-    QAction* settings = m_menu.addAction(ShotIcons::icon(QStringLiteral("preferences-system")),
-                                         QStringLiteral("Settings\u2026"));
+    QAction* settings =
+        m_menu.addAction(ShotIcons::icon(QStringLiteral("preferences-system")), tr("Settings…"));
     connect(settings, &QAction::triggered, this, [this] { m_actions.settings(); });
     m_menu.addSeparator();
-    QAction* quit = m_menu.addAction(ShotIcons::icon(QStringLiteral("application-exit")),
-                                     QStringLiteral("Quit Nubo Shot"));
+    QAction* quit =
+        m_menu.addAction(ShotIcons::icon(QStringLiteral("application-exit")), tr("Quit Nubo Shot"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     connect(quit, &QAction::triggered, this, [this] { m_actions.quit(); });
 }
@@ -136,13 +136,13 @@ QString ShotStatusMenu::recentLabel(const ShotRecentRecord& record, const QDateT
             what[0] = what[0].toUpper();
         }
     } else {
-        what = record.sourceApp.value_or(QStringLiteral("Copied image"));
+        what = record.sourceApp.value_or(tr("Copied image"));
     }
     const QDateTime local = record.date.toLocalTime();
     const QString when = local.date() == now.toLocalTime().date()
                              ? local.toString(QStringLiteral("HH:mm"))
-                             : local.toString(QStringLiteral("d MMM, HH:mm"));
-    return QStringLiteral("%1 \u00b7 %2").arg(what, when);
+                             : local.toString(tr("d MMM, HH:mm"));
+    return QStringLiteral("%1 · %2").arg(what, when);
 }
 
 void ShotStatusMenu::refreshRecent()
@@ -156,7 +156,7 @@ void ShotStatusMenu::refreshRecent()
     const QList<ShotRecentEntry> entries =
         m_actions.recentItems ? m_actions.recentItems() : QList<ShotRecentEntry>();
     if (entries.isEmpty()) {
-        m_recent.addAction(QStringLiteral("No recent images"))->setEnabled(false);
+        m_recent.addAction(tr("No recent images"))->setEnabled(false);
         return;
     }
     const QDateTime now = QDateTime::currentDateTime();
@@ -171,7 +171,7 @@ void ShotStatusMenu::refreshRecent()
         });
     }
     m_recent.addSeparator();
-    QAction* clear = m_recent.addAction(QStringLiteral("Clear Recent"));
+    QAction* clear = m_recent.addAction(tr("Clear Recent"));
     connect(clear, &QAction::triggered, this, [this] {
         if (m_actions.clearRecent) {
             m_actions.clearRecent();
@@ -185,7 +185,7 @@ QString ShotStatusMenu::windowLabel(const CapturableWindow& window)
         window.title == window.applicationName) {
         return window.title.isEmpty() ? window.applicationName : window.title;
     }
-    return QStringLiteral("%1 \u2014 %2").arg(window.title, window.applicationName);
+    return QStringLiteral("%1 — %2").arg(window.title, window.applicationName);
 }
 
 void ShotStatusMenu::fillRecordWindow()
@@ -194,7 +194,7 @@ void ShotStatusMenu::fillRecordWindow()
     const QList<CapturableWindow> windows =
         m_actions.recordableWindows ? m_actions.recordableWindows() : QList<CapturableWindow>();
     if (windows.isEmpty()) {
-        m_recordWindow.addAction(QStringLiteral("No windows to record"))->setEnabled(false);
+        m_recordWindow.addAction(tr("No windows to record"))->setEnabled(false);
         return;
     }
     for (const CapturableWindow& window : windows) {
@@ -227,13 +227,12 @@ void ShotStatusMenu::refreshRecording()
     m_stop->setVisible(running);
     m_cancel->setVisible(running);
     if (finishing) {
-        m_elapsed->setText(QStringLiteral("Saving the recording\u2026"));
+        m_elapsed->setText(tr("Saving the recording…"));
     } else if (running) {
         m_elapsed->setText(recordingElapsedText(*recordingElapsed(state)));
         m_elapsed->setIcon(ShotIcons::icon(paused ? QStringLiteral("media-playback-pause")
                                                   : QStringLiteral("media-record")));
-        m_pause->setText(paused ? QStringLiteral("Resume Recording")
-                                : QStringLiteral("Pause Recording"));
+        m_pause->setText(paused ? tr("Resume Recording") : tr("Pause Recording"));
         m_pause->setIcon(ShotIcons::icon(paused ? QStringLiteral("media-playback-start")
                                                 : QStringLiteral("media-playback-pause")));
     }

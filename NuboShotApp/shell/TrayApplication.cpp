@@ -59,16 +59,15 @@ TrayApplication::TrayApplication(QObject* parent) : QObject(parent)
 
 void TrayApplication::openImage()
 {
-    const QString file = QFileDialog::getOpenFileName(
-        nullptr, QStringLiteral("Open Image in Nubo Shot"), QString(),
-        QStringLiteral("Images (*.png *.jpg *.jpeg *.webp *.bmp *.gif)"));
+    const QString file =
+        QFileDialog::getOpenFileName(nullptr, tr("Open Image in Nubo Shot"), QString(),
+                                     tr("Images (*.png *.jpg *.jpeg *.webp *.bmp *.gif)"));
     if (file.isEmpty()) {
         return;
     }
     m_feature->openFiles({file}, [this](const QStringList& failures) {
         if (!failures.isEmpty()) {
-            m_feature->presentAlert(QStringLiteral("Could Not Open Image"),
-                                    failures.join(QLatin1Char('\n')));
+            m_feature->presentAlert(tr("Could Not Open Image"), failures.join(QLatin1Char('\n')));
         }
     });
 }
@@ -132,9 +131,9 @@ void TrayApplication::quit()
         // A recording is never lost to a quit: it is asked about, then
         // finished before the program goes.
         QMessageBox box(QMessageBox::Question, QStringLiteral("Nubo Shot"),
-                        QStringLiteral("Stop the recording and quit?"));
-        box.setInformativeText(QStringLiteral("The recording is saved before Nubo Shot quits."));
-        QPushButton* stop = box.addButton(QStringLiteral("Stop and Quit"), QMessageBox::AcceptRole);
+                        tr("Stop the recording and quit?"));
+        box.setInformativeText(tr("The recording is saved before Nubo Shot quits."));
+        QPushButton* stop = box.addButton(tr("Stop and Quit"), QMessageBox::AcceptRole);
         box.addButton(QMessageBox::Cancel);
         box.setDefaultButton(stop);
         box.setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -207,11 +206,9 @@ void TrayApplication::showRecordingState(const RecordingState& state)
     m_tray.setIcon(icon);
     const auto elapsed = recordingElapsed(state);
     m_tray.setToolTip(state.is<RecordingState::Finishing>()
-                          ? QStringLiteral("Nubo Shot — saving the recording")
-                          : QStringLiteral("Nubo Shot — %1 %2")
-                                .arg(paused ? QStringLiteral("paused at")
-                                            : QStringLiteral("recording"),
-                                     recordingElapsedText(elapsed.value_or(RecordingDuration(0)))));
+                          ? tr("Nubo Shot — saving the recording")
+                          : (paused ? tr("Nubo Shot — paused at %1") : tr("Nubo Shot — recording %1"))
+                                .arg(recordingElapsedText(elapsed.value_or(RecordingDuration(0)))));
 }
 
 TrayApplication::Start TrayApplication::start()
@@ -397,9 +394,8 @@ void TrayApplication::bindShortcuts()
     m_preferences->setValue(keys::shortcutProblemsTold, now);
     if (!problems.isEmpty() && !told) {
         ShotNotifications::shared().notifyAction(
-            problems.size() == 1 ? QStringLiteral("A shortcut does not work")
-                                 : QStringLiteral("%1 shortcuts do not work").arg(problems.size()),
-            problems.join(QLatin1Char('\n')), QStringLiteral("Open Shortcuts Settings"), [this] {
+            tr("%n shortcut(s) do not work", nullptr, int(problems.size())),
+            problems.join(QLatin1Char('\n')), tr("Open Shortcuts Settings"), [this] {
                 showSettings();
                 m_settings->showPage(QStringLiteral("Shortcuts"));
             });
@@ -425,13 +421,12 @@ void TrayApplication::recoverRecordings()
         recovery->deleteLater();
         const RecordingRecovery::Recovered recovered = recovery->result();
         for (const QString& movie : recovered.movies) {
-            ShotNotifications::shared().notifyFile(
-                QStringLiteral("Recovered an interrupted recording"), movie);
+            ShotNotifications::shared().notifyFile(tr("Recovered an interrupted recording"), movie);
         }
         for (const QString& movie : recovered.empty) {
             ShotNotifications::shared().notify(
-                QStringLiteral("An interrupted recording could not be kept"),
-                QStringLiteral("%1 stopped before its first picture was saved; nothing of it "
+                tr("An interrupted recording could not be kept"),
+                tr("%1 stopped before its first picture was saved; nothing of it "
                                "could be kept.")
                     .arg(QFileInfo(movie).fileName()));
         }
@@ -448,9 +443,8 @@ void TrayApplication::tellInterruptedUploads()
         const QStringList files = uploads->result();
         if (!files.isEmpty()) {
             m_tray.showMessage(
-                files.size() == 1 ? QStringLiteral("An upload was interrupted")
-                                  : QStringLiteral("%1 uploads were interrupted").arg(files.size()),
-                QStringLiteral("%1 may not have arrived. Upload it again from its editor, or "
+                tr("%n upload(s) were interrupted", nullptr, int(files.size())),
+                tr("%1 may not have arrived. Upload it again from its editor, or "
                                "see Recent Uploads.")
                     .arg(QLocale().createSeparatedList(files)),
                 QSystemTrayIcon::Warning, 8000);

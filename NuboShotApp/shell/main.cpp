@@ -2,6 +2,7 @@
 #include "shell/EditorCommands.h"
 #include "shell/ReviewCommand.h"
 #include "shell/TrayApplication.h"
+#include "shell/Translations.h"
 
 #include <QApplication>
 
@@ -37,6 +38,7 @@ int main(int argc, char** argv)
             "Start Nubo Shot from your desktop, or see \u201cnuboshot --help\u201d."));
     }
     QApplication app(argc, argv);
+    nubo::installTranslations();
     QApplication::setApplicationDisplayName(QStringLiteral("Nubo Shot"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/nuboshot.svg")));

@@ -3,6 +3,8 @@
 #include "capture/GlobalShortcuts.h"
 #include "core/Settings.h"
 
+#include <QCoreApplication>
+
 namespace nubo {
 
 QStringList ShotGlobalShortcuts::actions()
@@ -18,17 +20,17 @@ QString ShotGlobalShortcuts::title(const QString& action)
 {
     const auto mode = fromString<CaptureMode>(action);
     if (!mode) {
-        return QStringLiteral("Record Screen");
+        return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Record Screen");
     }
     switch (*mode) {
     case CaptureMode::area:
-        return QStringLiteral("Capture Area");
+        return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Capture Area");
     case CaptureMode::window:
-        return QStringLiteral("Capture Window");
+        return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Capture Window");
     case CaptureMode::fullscreen:
-        return QStringLiteral("Capture Fullscreen");
+        return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Capture Fullscreen");
     case CaptureMode::scrolling:
-        return QStringLiteral("Capture Scrolling");
+        return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Capture Scrolling");
     }
     return {};
 }
@@ -98,7 +100,8 @@ ShotGlobalShortcuts::ShotGlobalShortcuts(std::unique_ptr<GlobalShortcuts> shortc
     : m_shortcuts(std::move(shortcuts)), m_preferences(preferences)
 {
     if (!m_shortcuts) {
-        m_problems << QStringLiteral("Global shortcuts are not available on this desktop.");
+        m_problems << QCoreApplication::translate(
+            "nubo::ShotGlobalShortcuts", "Global shortcuts are not available on this desktop.");
         return;
     }
     m_shortcuts->activated = std::move(activate);

@@ -1,0 +1,32 @@
+#include "shell/Translations.h"
+
+#include "core/Logging.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+namespace nubo {
+
+void installTranslations()
+{
+    // Installed last is asked first: the language's own catalogue, then the
+    // English plural forms for anything it lacks.
+    static QTranslator english, ours, qt;
+    if (english.load(QStringLiteral(":/i18n/nuboshot_en.qm"))) {
+        QCoreApplication::installTranslator(&english);
+    }
+    const QLocale locale;
+    if (ours.load(locale, QStringLiteral("nuboshot"), QStringLiteral("_"), QStringLiteral(":/i18n")) &&
+        ours.language() != QLatin1String("en")) {
+        QCoreApplication::installTranslator(&ours);
+        qCDebug(lcApp) << "Translations:" << ours.language();
+    }
+    if (qt.load(locale, QStringLiteral("qtbase"), QStringLiteral("_"),
+                QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(&qt);
+    }
+}
+
+} // namespace nubo
