@@ -14,14 +14,16 @@ foreach(language IN LISTS NUBOSHOT_LANGUAGES)
     list(APPEND catalogues ${PROJECT_SOURCE_DIR}/translations/nuboshot_${language}.ts)
 endforeach()
 set(english ${PROJECT_SOURCE_DIR}/translations/nuboshot_en.ts)
+# The engine's messages that reach the windows are translated too.
+set(translated_folders ${PROJECT_SOURCE_DIR}/NuboShot ${PROJECT_SOURCE_DIR}/NuboShotApp)
 file(GLOB_RECURSE translated_sources CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/NuboShot/*.cpp ${PROJECT_SOURCE_DIR}/NuboShot/*.h
     ${PROJECT_SOURCE_DIR}/NuboShotApp/*.cpp ${PROJECT_SOURCE_DIR}/NuboShotApp/*.h)
 set(stamp ${CMAKE_BINARY_DIR}/translations/catalogues-updated)
 add_custom_command(OUTPUT ${stamp}
-    COMMAND ${LUPDATE} -silent -locations none -no-obsolete ${PROJECT_SOURCE_DIR}/NuboShotApp
-            -ts ${catalogues}
+    COMMAND ${LUPDATE} -silent -locations none -no-obsolete ${translated_folders} -ts ${catalogues}
     COMMAND ${LUPDATE} -silent -locations none -no-obsolete -pluralonly
-            ${PROJECT_SOURCE_DIR}/NuboShotApp -ts ${english}
+            ${translated_folders} -ts ${english}
     COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
     DEPENDS ${translated_sources}
     COMMENT "Updating the translation catalogues")

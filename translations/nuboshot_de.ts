@@ -41,6 +41,71 @@
     </message>
 </context>
 <context>
+    <name>nubo::CameraStreamSource</name>
+    <message>
+        <source>The camera “%1” is not connected.</source>
+        <translation>Die Kamera „%1“ ist nicht angeschlossen.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” cannot be opened: %2.</source>
+        <translation>Die Kamera „%1“ lässt sich nicht öffnen: %2.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” gives no pictures: %2.</source>
+        <translation>Die Kamera „%1“ liefert keine Bilder: %2.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” gives no pictures that can be read.</source>
+        <translation>Die Kamera „%1“ liefert keine lesbaren Bilder.</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s pictures (%1) cannot be decoded: %2.</source>
+        <translation>Die Bilder der Kamera (%1) lassen sich nicht dekodieren: %2.</translation>
+    </message>
+    <message>
+        <source>The camera stopped: %1.</source>
+        <translation>Die Kamera hat angehalten: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::CapturePlatformLoader</name>
+    <message>
+        <source>No X display to capture: DISPLAY is not set.</source>
+        <translation>Keine X-Anzeige zum Aufnehmen: DISPLAY ist nicht gesetzt.</translation>
+    </message>
+    <message>
+        <source>The X display “%1” (DISPLAY) cannot be reached.</source>
+        <translation>Die X-Anzeige „%1“ (DISPLAY) ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop has no screen-cast portal to capture through: install the desktop&apos;s portal backend (xdg-desktop-portal-gnome, -kde or -wlr) and log in again.</source>
+        <translation>Diese Wayland-Arbeitsumgebung hat kein Bildschirmübertragungs-Portal für Aufnahmen: Installieren Sie das Portal-Backend der Arbeitsumgebung (xdg-desktop-portal-gnome, -kde oder -wlr) und melden Sie sich neu an.</translation>
+    </message>
+    <message>
+        <source>There is no capture backend “%1” (%2); this build has: %3.</source>
+        <translation>Es gibt kein Aufnahme-Backend „%1“ (%2); dieser Build hat: %3.</translation>
+    </message>
+    <message>
+        <source>No display to capture: neither DISPLAY nor WAYLAND_DISPLAY is set.</source>
+        <translation>Keine Anzeige zum Aufnehmen: Weder DISPLAY noch WAYLAND_DISPLAY ist gesetzt.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::CaptureTypes</name>
+    <message>
+        <source>Screen Recording permission is required.</source>
+        <translation>Die Berechtigung für Bildschirmaufnahmen ist erforderlich.</translation>
+    </message>
+    <message>
+        <source>Capture was cancelled.</source>
+        <translation>Die Aufnahme wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>No screen content is available.</source>
+        <translation>Kein Bildschirminhalt verfügbar.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::EditorSettingsPage</name>
     <message>
         <source>Tools</source>
@@ -139,6 +204,13 @@
     <message>
         <source>Puts every capture on the clipboard at once, before anything is drawn on it.</source>
         <translation>Legt jede Aufnahme sofort in die Zwischenablage, bevor etwas darauf gezeichnet wird.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ImageWriter</name>
+    <message>
+        <source>Could not write “%1”: %2.</source>
+        <translation>„%1“ konnte nicht geschrieben werden: %2.</translation>
     </message>
 </context>
 <context>
@@ -310,6 +382,78 @@
     </message>
 </context>
 <context>
+    <name>nubo::PortalRequest</name>
+    <message>
+        <source>There is no session bus to reach the desktop portal.</source>
+        <translation>Es gibt keinen Sitzungsbus, um das Desktop-Portal zu erreichen.</translation>
+    </message>
+    <message>
+        <source>The desktop portal did not answer %1 within %2 s.</source>
+        <translation>Das Desktop-Portal hat %1 nicht innerhalb von %2 s beantwortet.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::PortalScreenCast</name>
+    <message>
+        <source>The desktop portal offers no screen casting (org.freedesktop.portal.ScreenCast).</source>
+        <translation>Das Desktop-Portal bietet keine Bildschirmübertragung (org.freedesktop.portal.ScreenCast).</translation>
+    </message>
+    <message>
+        <source>The desktop portal made no screen-cast session.</source>
+        <translation>Das Desktop-Portal hat keine Übertragungssitzung angelegt.</translation>
+    </message>
+    <message>
+        <source>The desktop portal gave no PipeWire connection.</source>
+        <translation>Das Desktop-Portal hat keine PipeWire-Verbindung geliefert.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::PulseAudioCapture</name>
+    <message>
+        <source>The audio server cannot be reached: no event loop.</source>
+        <translation>Der Audioserver ist nicht erreichbar: keine Ereignisschleife.</translation>
+    </message>
+    <message>
+        <source>No audio server answers.</source>
+        <translation>Kein Audioserver antwortet.</translation>
+    </message>
+    <message>
+        <source>No audio server answers: %1.</source>
+        <translation>Kein Audioserver antwortet: %1.</translation>
+    </message>
+    <message>
+        <source>No audio server answers: it did not reply in time.</source>
+        <translation>Kein Audioserver antwortet: Er hat nicht rechtzeitig reagiert.</translation>
+    </message>
+    <message>
+        <source>The audio server did not answer: %1.</source>
+        <translation>Der Audioserver hat nicht geantwortet: %1.</translation>
+    </message>
+    <message>
+        <source>No sound server answers: install PipeWire (pipewire-pulse) or PulseAudio and log in again.</source>
+        <translation>Kein Soundserver antwortet: Installieren Sie PipeWire (pipewire-pulse) oder PulseAudio und melden Sie sich neu an.</translation>
+    </message>
+    <message>
+        <source>The audio source “%1” cannot be recorded: %2.</source>
+        <translation>Die Audioquelle „%1“ kann nicht aufgezeichnet werden: %2.</translation>
+    </message>
+    <message>
+        <source>The audio server has no sound output to record.</source>
+        <translation>Der Audioserver hat keine Tonausgabe zum Aufzeichnen.</translation>
+    </message>
+    <message>
+        <source>The audio server has no microphone to record.</source>
+        <translation>Der Audioserver hat kein Mikrofon zum Aufzeichnen.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::RecordingSession</name>
+    <message>
+        <source>The folder “%1” cannot be created.</source>
+        <translation>Der Ordner „%1“ kann nicht angelegt werden.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::RecordingSettingsPage</name>
     <message>
         <source>Video</source>
@@ -390,6 +534,48 @@
     <message>
         <source>Camera:</source>
         <translation>Kamera:</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::RecordingTypes</name>
+    <message>
+        <source>The media encoder could not accept recording data.</source>
+        <translation>Der Medienencoder konnte die Aufnahmedaten nicht annehmen.</translation>
+    </message>
+    <message>
+        <source>The recording could not be saved. </source>
+        <translation>Die Aufzeichnung konnte nicht gespeichert werden. </translation>
+    </message>
+    <message>
+        <source>Microphone recording requires a running audio server.</source>
+        <translation>Zum Aufzeichnen des Mikrofons muss ein Audioserver laufen.</translation>
+    </message>
+    <message>
+        <source>Click highlighting requires the X Input extension.</source>
+        <translation>Das Hervorheben von Klicks erfordert die X-Input-Erweiterung.</translation>
+    </message>
+    <message>
+        <source>The selected recording codec is unavailable.</source>
+        <translation>Der gewählte Aufnahme-Codec ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>The recording cannot perform this action right now.</source>
+        <translation>Die Aufzeichnung kann das gerade nicht tun.</translation>
+    </message>
+    <message>
+        <source>No video frames were recorded.</source>
+        <translation>Es wurden keine Videobilder aufgezeichnet.</translation>
+    </message>
+    <message>
+        <source>Recording audio could not be processed.</source>
+        <translation>Der Ton der Aufzeichnung konnte nicht verarbeitet werden.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::S3Signing</name>
+    <message>
+        <source>The S3 endpoint “%1” is not an http or https address.</source>
+        <translation>Der S3-Endpunkt „%1“ ist keine http- oder https-Adresse.</translation>
     </message>
 </context>
 <context>
@@ -725,6 +911,29 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotDocument</name>
+    <message>
+        <source>There is not enough memory for an image of %1 × %2 pixels.</source>
+        <translation>Es ist nicht genug Speicher für ein Bild mit %1 × %2 Pixeln frei.</translation>
+    </message>
+    <message>
+        <source>An image of the shot is missing (there may not have been enough memory for it).</source>
+        <translation>Ein Bild der Aufnahme fehlt (möglicherweise war nicht genug Speicher frei).</translation>
+    </message>
+    <message>
+        <source>An image of %1 × %2 pixels is too large: Nubo Shot takes images of up to %L3 pixels, none wider or taller than %L4.</source>
+        <translation>Ein Bild mit %1 × %2 Pixeln ist zu groß: Nubo Shot nimmt Bilder bis %L3 Pixel an, keines breiter oder höher als %L4.</translation>
+    </message>
+    <message>
+        <source>The images of this shot would hold %L1 pixels together; a shot holds at most %L2.</source>
+        <translation>Die Bilder dieser Aufnahme hätten zusammen %L1 Pixel; eine Aufnahme fasst höchstens %L2.</translation>
+    </message>
+    <message>
+        <source>The shot would be %L1 × %L2 points; it may be at most %L3 points wide and tall.</source>
+        <translation>Die Aufnahme wäre %L1 × %L2 Punkte groß; sie darf höchstens %L3 Punkte breit und hoch sein.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotDragHandle</name>
     <message>
         <source>Drag Me</source>
@@ -1016,6 +1225,13 @@
     <message>
         <source>Global shortcuts are not available on this desktop.</source>
         <translation>Globale Tastenkürzel sind in dieser Arbeitsumgebung nicht verfügbar.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotImageFile</name>
+    <message>
+        <source>Could not read “%1”: %2.</source>
+        <translation>„%1“ konnte nicht gelesen werden: %2.</translation>
     </message>
 </context>
 <context>
@@ -2008,6 +2224,37 @@
     </message>
 </context>
 <context>
+    <name>nubo::Uploader</name>
+    <message>
+        <source>The S3 destination is not set up: give its endpoint, region, bucket and access key id in the Uploads settings.</source>
+        <translation>Das S3-Ziel ist nicht eingerichtet: Geben Sie Endpunkt, Region, Bucket und Zugriffsschlüssel-ID in den Upload-Einstellungen an.</translation>
+    </message>
+    <message>
+        <source>The keyring holds no S3 secret for the access key id “%1”: enter it in the Uploads settings.</source>
+        <translation>Der Schlüsselbund enthält kein S3-Geheimnis für die Zugriffsschlüssel-ID „%1“: Geben Sie es in den Upload-Einstellungen ein.</translation>
+    </message>
+    <message>
+        <source>The Filebin server “%1” is not an http or https address.</source>
+        <translation>Der Filebin-Server „%1“ ist keine http- oder https-Adresse.</translation>
+    </message>
+    <message>
+        <source>The upload was cancelled.</source>
+        <translation>Das Hochladen wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>The upload to %1 failed: %2.</source>
+        <translation>Das Hochladen zu %1 ist fehlgeschlagen: %2.</translation>
+    </message>
+    <message>
+        <source>Only Filebin uploads can be deleted from here.</source>
+        <translation>Nur Filebin-Uploads können hier gelöscht werden.</translation>
+    </message>
+    <message>
+        <source>Filebin could not be reached: %1.</source>
+        <translation>Filebin ist nicht erreichbar: %1.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::UploadsSettingsPage</name>
     <message>
         <source>Destination</source>
@@ -2164,6 +2411,36 @@
     <message>
         <source>Failed.</source>
         <translation>Fehlgeschlagen.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::XcbConnection</name>
+    <message>
+        <source>The X display stores pixels at a depth of %1 bits (%2 bits a pixel), which Nubo Shot cannot read; it reads depths 15, 16, 24, 30 and 32.</source>
+        <translation>Die X-Anzeige speichert Pixel mit einer Tiefe von %1 Bit (%2 Bit pro Pixel), die Nubo Shot nicht lesen kann; es liest die Tiefen 15, 16, 24, 30 und 32.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to read the screen.</source>
+        <translation>Es ist nicht genug Speicher frei, um den Bildschirm zu lesen.</translation>
+    </message>
+    <message>
+        <source>The X server sent %1 bytes of pixels where %2 were asked for.</source>
+        <translation>Der X-Server hat %1 Byte Pixeldaten gesendet, angefordert waren %2.</translation>
+    </message>
+    <message>
+        <source>The screen could not be read: %1.</source>
+        <translation>Der Bildschirm konnte nicht gelesen werden: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::XcbGlobalShortcuts</name>
+    <message>
+        <source>The shortcut %1 is not on this keyboard.</source>
+        <translation>Das Tastenkürzel %1 gibt es auf dieser Tastatur nicht.</translation>
+    </message>
+    <message>
+        <source>The shortcut %1 is used by another program.</source>
+        <translation>Das Tastenkürzel %1 wird von einem anderen Programm verwendet.</translation>
     </message>
 </context>
 </TS>

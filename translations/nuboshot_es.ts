@@ -41,6 +41,71 @@
     </message>
 </context>
 <context>
+    <name>nubo::CameraStreamSource</name>
+    <message>
+        <source>The camera “%1” is not connected.</source>
+        <translation>La cámara «%1» no está conectada.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” cannot be opened: %2.</source>
+        <translation>No se puede abrir la cámara «%1»: %2.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” gives no pictures: %2.</source>
+        <translation>La cámara «%1» no da imágenes: %2.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” gives no pictures that can be read.</source>
+        <translation>La cámara «%1» no da imágenes legibles.</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s pictures (%1) cannot be decoded: %2.</source>
+        <translation>No se pueden descodificar las imágenes de la cámara (%1): %2.</translation>
+    </message>
+    <message>
+        <source>The camera stopped: %1.</source>
+        <translation>La cámara se detuvo: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::CapturePlatformLoader</name>
+    <message>
+        <source>No X display to capture: DISPLAY is not set.</source>
+        <translation>No hay ninguna pantalla X que capturar: DISPLAY no está definida.</translation>
+    </message>
+    <message>
+        <source>The X display “%1” (DISPLAY) cannot be reached.</source>
+        <translation>No se puede acceder a la pantalla X «%1» (DISPLAY).</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop has no screen-cast portal to capture through: install the desktop&apos;s portal backend (xdg-desktop-portal-gnome, -kde or -wlr) and log in again.</source>
+        <translation>Este escritorio Wayland no tiene un portal de transmisión de pantalla con el que capturar: instale el motor de portal del escritorio (xdg-desktop-portal-gnome, -kde o -wlr) y vuelva a iniciar sesión.</translation>
+    </message>
+    <message>
+        <source>There is no capture backend “%1” (%2); this build has: %3.</source>
+        <translation>No existe el motor de captura «%1» (%2); esta compilación tiene: %3.</translation>
+    </message>
+    <message>
+        <source>No display to capture: neither DISPLAY nor WAYLAND_DISPLAY is set.</source>
+        <translation>No hay ninguna pantalla que capturar: no están definidas ni DISPLAY ni WAYLAND_DISPLAY.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::CaptureTypes</name>
+    <message>
+        <source>Screen Recording permission is required.</source>
+        <translation>Se necesita el permiso de grabación de pantalla.</translation>
+    </message>
+    <message>
+        <source>Capture was cancelled.</source>
+        <translation>Se canceló la captura.</translation>
+    </message>
+    <message>
+        <source>No screen content is available.</source>
+        <translation>No hay contenido de pantalla disponible.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::EditorSettingsPage</name>
     <message>
         <source>Tools</source>
@@ -139,6 +204,13 @@
     <message>
         <source>Puts every capture on the clipboard at once, before anything is drawn on it.</source>
         <translation>Pone cada captura en el portapapeles de inmediato, antes de dibujar nada en ella.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ImageWriter</name>
+    <message>
+        <source>Could not write “%1”: %2.</source>
+        <translation>No se pudo escribir «%1»: %2.</translation>
     </message>
 </context>
 <context>
@@ -310,6 +382,78 @@
     </message>
 </context>
 <context>
+    <name>nubo::PortalRequest</name>
+    <message>
+        <source>There is no session bus to reach the desktop portal.</source>
+        <translation>No hay bus de sesión para acceder al portal del escritorio.</translation>
+    </message>
+    <message>
+        <source>The desktop portal did not answer %1 within %2 s.</source>
+        <translation>El portal del escritorio no respondió a %1 en %2 s.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::PortalScreenCast</name>
+    <message>
+        <source>The desktop portal offers no screen casting (org.freedesktop.portal.ScreenCast).</source>
+        <translation>El portal del escritorio no ofrece transmisión de pantalla (org.freedesktop.portal.ScreenCast).</translation>
+    </message>
+    <message>
+        <source>The desktop portal made no screen-cast session.</source>
+        <translation>El portal del escritorio no creó ninguna sesión de transmisión.</translation>
+    </message>
+    <message>
+        <source>The desktop portal gave no PipeWire connection.</source>
+        <translation>El portal del escritorio no dio ninguna conexión PipeWire.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::PulseAudioCapture</name>
+    <message>
+        <source>The audio server cannot be reached: no event loop.</source>
+        <translation>No se puede acceder al servidor de audio: no hay bucle de eventos.</translation>
+    </message>
+    <message>
+        <source>No audio server answers.</source>
+        <translation>Ningún servidor de audio responde.</translation>
+    </message>
+    <message>
+        <source>No audio server answers: %1.</source>
+        <translation>Ningún servidor de audio responde: %1.</translation>
+    </message>
+    <message>
+        <source>No audio server answers: it did not reply in time.</source>
+        <translation>Ningún servidor de audio responde: no contestó a tiempo.</translation>
+    </message>
+    <message>
+        <source>The audio server did not answer: %1.</source>
+        <translation>El servidor de audio no respondió: %1.</translation>
+    </message>
+    <message>
+        <source>No sound server answers: install PipeWire (pipewire-pulse) or PulseAudio and log in again.</source>
+        <translation>Ningún servidor de sonido responde: instale PipeWire (pipewire-pulse) o PulseAudio y vuelva a iniciar sesión.</translation>
+    </message>
+    <message>
+        <source>The audio source “%1” cannot be recorded: %2.</source>
+        <translation>No se puede grabar la fuente de audio «%1»: %2.</translation>
+    </message>
+    <message>
+        <source>The audio server has no sound output to record.</source>
+        <translation>El servidor de audio no tiene ninguna salida de sonido que grabar.</translation>
+    </message>
+    <message>
+        <source>The audio server has no microphone to record.</source>
+        <translation>El servidor de audio no tiene ningún micrófono que grabar.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::RecordingSession</name>
+    <message>
+        <source>The folder “%1” cannot be created.</source>
+        <translation>No se puede crear la carpeta «%1».</translation>
+    </message>
+</context>
+<context>
     <name>nubo::RecordingSettingsPage</name>
     <message>
         <source>Video</source>
@@ -390,6 +534,48 @@
     <message>
         <source>Camera:</source>
         <translation>Cámara:</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::RecordingTypes</name>
+    <message>
+        <source>The media encoder could not accept recording data.</source>
+        <translation>El codificador no pudo aceptar los datos de la grabación.</translation>
+    </message>
+    <message>
+        <source>The recording could not be saved. </source>
+        <translation>No se pudo guardar la grabación. </translation>
+    </message>
+    <message>
+        <source>Microphone recording requires a running audio server.</source>
+        <translation>Para grabar el micrófono hace falta un servidor de audio en marcha.</translation>
+    </message>
+    <message>
+        <source>Click highlighting requires the X Input extension.</source>
+        <translation>Resaltar los clics requiere la extensión X Input.</translation>
+    </message>
+    <message>
+        <source>The selected recording codec is unavailable.</source>
+        <translation>El códec de grabación elegido no está disponible.</translation>
+    </message>
+    <message>
+        <source>The recording cannot perform this action right now.</source>
+        <translation>La grabación no puede hacer esto ahora mismo.</translation>
+    </message>
+    <message>
+        <source>No video frames were recorded.</source>
+        <translation>No se grabó ningún fotograma de vídeo.</translation>
+    </message>
+    <message>
+        <source>Recording audio could not be processed.</source>
+        <translation>No se pudo procesar el audio de la grabación.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::S3Signing</name>
+    <message>
+        <source>The S3 endpoint “%1” is not an http or https address.</source>
+        <translation>El punto de conexión S3 «%1» no es una dirección http ni https.</translation>
     </message>
 </context>
 <context>
@@ -725,6 +911,29 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotDocument</name>
+    <message>
+        <source>There is not enough memory for an image of %1 × %2 pixels.</source>
+        <translation>No hay memoria suficiente para una imagen de %1 × %2 píxeles.</translation>
+    </message>
+    <message>
+        <source>An image of the shot is missing (there may not have been enough memory for it).</source>
+        <translation>Falta una imagen de la captura (puede que no hubiera memoria suficiente).</translation>
+    </message>
+    <message>
+        <source>An image of %1 × %2 pixels is too large: Nubo Shot takes images of up to %L3 pixels, none wider or taller than %L4.</source>
+        <translation>Una imagen de %1 × %2 píxeles es demasiado grande: Nubo Shot admite imágenes de hasta %L3 píxeles, ninguna más ancha ni más alta de %L4.</translation>
+    </message>
+    <message>
+        <source>The images of this shot would hold %L1 pixels together; a shot holds at most %L2.</source>
+        <translation>Las imágenes de esta captura sumarían %L1 píxeles; una captura admite como máximo %L2.</translation>
+    </message>
+    <message>
+        <source>The shot would be %L1 × %L2 points; it may be at most %L3 points wide and tall.</source>
+        <translation>La captura mediría %L1 × %L2 puntos; puede tener como máximo %L3 puntos de ancho y de alto.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotDragHandle</name>
     <message>
         <source>Drag Me</source>
@@ -1016,6 +1225,13 @@
     <message>
         <source>Global shortcuts are not available on this desktop.</source>
         <translation>Los atajos globales no están disponibles en este escritorio.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotImageFile</name>
+    <message>
+        <source>Could not read “%1”: %2.</source>
+        <translation>No se pudo leer «%1»: %2.</translation>
     </message>
 </context>
 <context>
@@ -2008,6 +2224,37 @@
     </message>
 </context>
 <context>
+    <name>nubo::Uploader</name>
+    <message>
+        <source>The S3 destination is not set up: give its endpoint, region, bucket and access key id in the Uploads settings.</source>
+        <translation>El destino S3 no está configurado: indique su punto de conexión, región, bucket e ID de clave de acceso en los ajustes de Subidas.</translation>
+    </message>
+    <message>
+        <source>The keyring holds no S3 secret for the access key id “%1”: enter it in the Uploads settings.</source>
+        <translation>El llavero no guarda ningún secreto S3 para el ID de clave de acceso «%1»: escríbalo en los ajustes de Subidas.</translation>
+    </message>
+    <message>
+        <source>The Filebin server “%1” is not an http or https address.</source>
+        <translation>El servidor de Filebin «%1» no es una dirección http ni https.</translation>
+    </message>
+    <message>
+        <source>The upload was cancelled.</source>
+        <translation>Se canceló la subida.</translation>
+    </message>
+    <message>
+        <source>The upload to %1 failed: %2.</source>
+        <translation>Falló la subida a %1: %2.</translation>
+    </message>
+    <message>
+        <source>Only Filebin uploads can be deleted from here.</source>
+        <translation>Solo las subidas a Filebin se pueden eliminar desde aquí.</translation>
+    </message>
+    <message>
+        <source>Filebin could not be reached: %1.</source>
+        <translation>No se pudo acceder a Filebin: %1.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::UploadsSettingsPage</name>
     <message>
         <source>Destination</source>
@@ -2164,6 +2411,36 @@
     <message>
         <source>Failed.</source>
         <translation>Falló.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::XcbConnection</name>
+    <message>
+        <source>The X display stores pixels at a depth of %1 bits (%2 bits a pixel), which Nubo Shot cannot read; it reads depths 15, 16, 24, 30 and 32.</source>
+        <translation>La pantalla X guarda los píxeles con una profundidad de %1 bits (%2 bits por píxel), que Nubo Shot no puede leer; lee las profundidades 15, 16, 24, 30 y 32.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to read the screen.</source>
+        <translation>No hay memoria suficiente para leer la pantalla.</translation>
+    </message>
+    <message>
+        <source>The X server sent %1 bytes of pixels where %2 were asked for.</source>
+        <translation>El servidor X envió %1 bytes de píxeles en lugar de los %2 pedidos.</translation>
+    </message>
+    <message>
+        <source>The screen could not be read: %1.</source>
+        <translation>No se pudo leer la pantalla: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::XcbGlobalShortcuts</name>
+    <message>
+        <source>The shortcut %1 is not on this keyboard.</source>
+        <translation>El atajo %1 no existe en este teclado.</translation>
+    </message>
+    <message>
+        <source>The shortcut %1 is used by another program.</source>
+        <translation>Otro programa usa el atajo %1.</translation>
     </message>
 </context>
 </TS>

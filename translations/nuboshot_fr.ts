@@ -41,6 +41,71 @@
     </message>
 </context>
 <context>
+    <name>nubo::CameraStreamSource</name>
+    <message>
+        <source>The camera “%1” is not connected.</source>
+        <translation>La caméra «&#xa0;%1&#xa0;» n&apos;est pas branchée.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” cannot be opened: %2.</source>
+        <translation>Impossible d&apos;ouvrir la caméra «&#xa0;%1&#xa0;»&#xa0;:&#xa0;%2.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” gives no pictures: %2.</source>
+        <translation>La caméra «&#xa0;%1&#xa0;» ne donne aucune image&#xa0;:&#xa0;%2.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” gives no pictures that can be read.</source>
+        <translation>La caméra «&#xa0;%1&#xa0;» ne donne aucune image lisible.</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s pictures (%1) cannot be decoded: %2.</source>
+        <translation>Les images de la caméra (%1) ne peuvent pas être décodées&#xa0;:&#xa0;%2.</translation>
+    </message>
+    <message>
+        <source>The camera stopped: %1.</source>
+        <translation>La caméra s&apos;est arrêtée&#xa0;:&#xa0;%1.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::CapturePlatformLoader</name>
+    <message>
+        <source>No X display to capture: DISPLAY is not set.</source>
+        <translation>Aucun affichage X à capturer&#xa0;: DISPLAY n&apos;est pas défini.</translation>
+    </message>
+    <message>
+        <source>The X display “%1” (DISPLAY) cannot be reached.</source>
+        <translation>L&apos;affichage X «&#xa0;%1&#xa0;» (DISPLAY) est injoignable.</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop has no screen-cast portal to capture through: install the desktop&apos;s portal backend (xdg-desktop-portal-gnome, -kde or -wlr) and log in again.</source>
+        <translation>Ce bureau Wayland n&apos;a pas de portail de diffusion d&apos;écran pour capturer&#xa0;: installez le moteur de portail du bureau (xdg-desktop-portal-gnome, -kde ou -wlr) et rouvrez votre session.</translation>
+    </message>
+    <message>
+        <source>There is no capture backend “%1” (%2); this build has: %3.</source>
+        <translation>Il n&apos;y a pas de moteur de capture «&#xa0;%1&#xa0;» (%2)&#xa0;; cette version a&#xa0;:&#xa0;%3.</translation>
+    </message>
+    <message>
+        <source>No display to capture: neither DISPLAY nor WAYLAND_DISPLAY is set.</source>
+        <translation>Aucun affichage à capturer&#xa0;: ni DISPLAY ni WAYLAND_DISPLAY n&apos;est défini.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::CaptureTypes</name>
+    <message>
+        <source>Screen Recording permission is required.</source>
+        <translation>L&apos;autorisation d&apos;enregistrer l&apos;écran est requise.</translation>
+    </message>
+    <message>
+        <source>Capture was cancelled.</source>
+        <translation>La capture a été annulée.</translation>
+    </message>
+    <message>
+        <source>No screen content is available.</source>
+        <translation>Aucun contenu d&apos;écran n&apos;est disponible.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::EditorSettingsPage</name>
     <message>
         <source>Tools</source>
@@ -139,6 +204,13 @@
     <message>
         <source>Puts every capture on the clipboard at once, before anything is drawn on it.</source>
         <translation>Place chaque capture dans le presse-papiers aussitôt, avant toute annotation.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ImageWriter</name>
+    <message>
+        <source>Could not write “%1”: %2.</source>
+        <translation>Impossible d&apos;écrire «&#xa0;%1&#xa0;»&#xa0;:&#xa0;%2.</translation>
     </message>
 </context>
 <context>
@@ -310,6 +382,78 @@
     </message>
 </context>
 <context>
+    <name>nubo::PortalRequest</name>
+    <message>
+        <source>There is no session bus to reach the desktop portal.</source>
+        <translation>Il n&apos;y a pas de bus de session pour joindre le portail du bureau.</translation>
+    </message>
+    <message>
+        <source>The desktop portal did not answer %1 within %2 s.</source>
+        <translation>Le portail du bureau n&apos;a pas répondu à&#xa0;%1 en&#xa0;%2 s.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::PortalScreenCast</name>
+    <message>
+        <source>The desktop portal offers no screen casting (org.freedesktop.portal.ScreenCast).</source>
+        <translation>Le portail du bureau n&apos;offre pas de diffusion d&apos;écran (org.freedesktop.portal.ScreenCast).</translation>
+    </message>
+    <message>
+        <source>The desktop portal made no screen-cast session.</source>
+        <translation>Le portail du bureau n&apos;a pas créé de session de diffusion.</translation>
+    </message>
+    <message>
+        <source>The desktop portal gave no PipeWire connection.</source>
+        <translation>Le portail du bureau n&apos;a pas fourni de connexion PipeWire.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::PulseAudioCapture</name>
+    <message>
+        <source>The audio server cannot be reached: no event loop.</source>
+        <translation>Le serveur audio est injoignable&#xa0;: pas de boucle d&apos;événements.</translation>
+    </message>
+    <message>
+        <source>No audio server answers.</source>
+        <translation>Aucun serveur audio ne répond.</translation>
+    </message>
+    <message>
+        <source>No audio server answers: %1.</source>
+        <translation>Aucun serveur audio ne répond&#xa0;:&#xa0;%1.</translation>
+    </message>
+    <message>
+        <source>No audio server answers: it did not reply in time.</source>
+        <translation>Aucun serveur audio ne répond&#xa0;: il n&apos;a pas répondu à temps.</translation>
+    </message>
+    <message>
+        <source>The audio server did not answer: %1.</source>
+        <translation>Le serveur audio n&apos;a pas répondu&#xa0;:&#xa0;%1.</translation>
+    </message>
+    <message>
+        <source>No sound server answers: install PipeWire (pipewire-pulse) or PulseAudio and log in again.</source>
+        <translation>Aucun serveur de son ne répond&#xa0;: installez PipeWire (pipewire-pulse) ou PulseAudio et rouvrez votre session.</translation>
+    </message>
+    <message>
+        <source>The audio source “%1” cannot be recorded: %2.</source>
+        <translation>La source audio «&#xa0;%1&#xa0;» ne peut pas être enregistrée&#xa0;:&#xa0;%2.</translation>
+    </message>
+    <message>
+        <source>The audio server has no sound output to record.</source>
+        <translation>Le serveur audio n&apos;a aucune sortie son à enregistrer.</translation>
+    </message>
+    <message>
+        <source>The audio server has no microphone to record.</source>
+        <translation>Le serveur audio n&apos;a aucun micro à enregistrer.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::RecordingSession</name>
+    <message>
+        <source>The folder “%1” cannot be created.</source>
+        <translation>Impossible de créer le dossier «&#xa0;%1&#xa0;».</translation>
+    </message>
+</context>
+<context>
     <name>nubo::RecordingSettingsPage</name>
     <message>
         <source>Video</source>
@@ -390,6 +534,48 @@
     <message>
         <source>Camera:</source>
         <translation>Caméra&#xa0;:</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::RecordingTypes</name>
+    <message>
+        <source>The media encoder could not accept recording data.</source>
+        <translation>L&apos;encodeur n&apos;a pas pu accepter les données de l&apos;enregistrement.</translation>
+    </message>
+    <message>
+        <source>The recording could not be saved. </source>
+        <translation>L&apos;enregistrement n&apos;a pas pu être sauvegardé. </translation>
+    </message>
+    <message>
+        <source>Microphone recording requires a running audio server.</source>
+        <translation>L&apos;enregistrement du micro demande un serveur audio en marche.</translation>
+    </message>
+    <message>
+        <source>Click highlighting requires the X Input extension.</source>
+        <translation>La mise en évidence des clics demande l&apos;extension X Input.</translation>
+    </message>
+    <message>
+        <source>The selected recording codec is unavailable.</source>
+        <translation>Le codec d&apos;enregistrement choisi n&apos;est pas disponible.</translation>
+    </message>
+    <message>
+        <source>The recording cannot perform this action right now.</source>
+        <translation>L&apos;enregistrement ne peut pas effectuer cette action pour l&apos;instant.</translation>
+    </message>
+    <message>
+        <source>No video frames were recorded.</source>
+        <translation>Aucune image vidéo n&apos;a été enregistrée.</translation>
+    </message>
+    <message>
+        <source>Recording audio could not be processed.</source>
+        <translation>Le son de l&apos;enregistrement n&apos;a pas pu être traité.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::S3Signing</name>
+    <message>
+        <source>The S3 endpoint “%1” is not an http or https address.</source>
+        <translation>Le point de terminaison S3 «&#xa0;%1&#xa0;» n&apos;est pas une adresse http ou https.</translation>
     </message>
 </context>
 <context>
@@ -725,6 +911,29 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotDocument</name>
+    <message>
+        <source>There is not enough memory for an image of %1 × %2 pixels.</source>
+        <translation>Mémoire insuffisante pour une image de&#xa0;%1 ×&#xa0;%2 pixels.</translation>
+    </message>
+    <message>
+        <source>An image of the shot is missing (there may not have been enough memory for it).</source>
+        <translation>Une image de la capture manque (la mémoire a peut-être manqué).</translation>
+    </message>
+    <message>
+        <source>An image of %1 × %2 pixels is too large: Nubo Shot takes images of up to %L3 pixels, none wider or taller than %L4.</source>
+        <translation>Une image de&#xa0;%1 ×&#xa0;%2 pixels est trop grande&#xa0;: Nubo Shot accepte des images jusqu&apos;à&#xa0;%L3 pixels, aucune plus large ou plus haute que&#xa0;%L4.</translation>
+    </message>
+    <message>
+        <source>The images of this shot would hold %L1 pixels together; a shot holds at most %L2.</source>
+        <translation>Les images de cette capture totaliseraient&#xa0;%L1 pixels&#xa0;; une capture en contient au plus&#xa0;%L2.</translation>
+    </message>
+    <message>
+        <source>The shot would be %L1 × %L2 points; it may be at most %L3 points wide and tall.</source>
+        <translation>La capture ferait&#xa0;%L1 ×&#xa0;%L2 points&#xa0;; elle peut mesurer au plus&#xa0;%L3 points de large et de haut.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotDragHandle</name>
     <message>
         <source>Drag Me</source>
@@ -1016,6 +1225,13 @@
     <message>
         <source>Global shortcuts are not available on this desktop.</source>
         <translation>Les raccourcis globaux ne sont pas disponibles sur ce bureau.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotImageFile</name>
+    <message>
+        <source>Could not read “%1”: %2.</source>
+        <translation>Impossible de lire «&#xa0;%1&#xa0;»&#xa0;:&#xa0;%2.</translation>
     </message>
 </context>
 <context>
@@ -2008,6 +2224,37 @@
     </message>
 </context>
 <context>
+    <name>nubo::Uploader</name>
+    <message>
+        <source>The S3 destination is not set up: give its endpoint, region, bucket and access key id in the Uploads settings.</source>
+        <translation>La destination S3 n&apos;est pas configurée&#xa0;: indiquez son point de terminaison, sa région, son bucket et l&apos;ID de clé d&apos;accès dans les réglages des envois.</translation>
+    </message>
+    <message>
+        <source>The keyring holds no S3 secret for the access key id “%1”: enter it in the Uploads settings.</source>
+        <translation>Le trousseau ne contient aucun secret S3 pour l&apos;ID de clé d&apos;accès «&#xa0;%1&#xa0;»&#xa0;: saisissez-le dans les réglages des envois.</translation>
+    </message>
+    <message>
+        <source>The Filebin server “%1” is not an http or https address.</source>
+        <translation>Le serveur Filebin «&#xa0;%1&#xa0;» n&apos;est pas une adresse http ou https.</translation>
+    </message>
+    <message>
+        <source>The upload was cancelled.</source>
+        <translation>L&apos;envoi a été annulé.</translation>
+    </message>
+    <message>
+        <source>The upload to %1 failed: %2.</source>
+        <translation>L&apos;envoi vers&#xa0;%1 a échoué&#xa0;:&#xa0;%2.</translation>
+    </message>
+    <message>
+        <source>Only Filebin uploads can be deleted from here.</source>
+        <translation>Seuls les envois vers Filebin peuvent être supprimés d&apos;ici.</translation>
+    </message>
+    <message>
+        <source>Filebin could not be reached: %1.</source>
+        <translation>Filebin est injoignable&#xa0;:&#xa0;%1.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::UploadsSettingsPage</name>
     <message>
         <source>Destination</source>
@@ -2164,6 +2411,36 @@
     <message>
         <source>Failed.</source>
         <translation>Échec.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::XcbConnection</name>
+    <message>
+        <source>The X display stores pixels at a depth of %1 bits (%2 bits a pixel), which Nubo Shot cannot read; it reads depths 15, 16, 24, 30 and 32.</source>
+        <translation>L&apos;affichage X stocke les pixels avec une profondeur de&#xa0;%1 bits (%2 bits par pixel), que Nubo Shot ne sait pas lire&#xa0;; il lit les profondeurs 15, 16, 24, 30 et 32.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to read the screen.</source>
+        <translation>Mémoire insuffisante pour lire l&apos;écran.</translation>
+    </message>
+    <message>
+        <source>The X server sent %1 bytes of pixels where %2 were asked for.</source>
+        <translation>Le serveur X a envoyé&#xa0;%1 octets de pixels au lieu des&#xa0;%2 demandés.</translation>
+    </message>
+    <message>
+        <source>The screen could not be read: %1.</source>
+        <translation>Impossible de lire l&apos;écran&#xa0;:&#xa0;%1.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::XcbGlobalShortcuts</name>
+    <message>
+        <source>The shortcut %1 is not on this keyboard.</source>
+        <translation>Le raccourci&#xa0;%1 n&apos;existe pas sur ce clavier.</translation>
+    </message>
+    <message>
+        <source>The shortcut %1 is used by another program.</source>
+        <translation>Le raccourci&#xa0;%1 est utilisé par un autre programme.</translation>
     </message>
 </context>
 </TS>

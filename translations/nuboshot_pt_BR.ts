@@ -41,6 +41,71 @@
     </message>
 </context>
 <context>
+    <name>nubo::CameraStreamSource</name>
+    <message>
+        <source>The camera “%1” is not connected.</source>
+        <translation>A câmera “%1” não está conectada.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” cannot be opened: %2.</source>
+        <translation>Não é possível abrir a câmera “%1”: %2.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” gives no pictures: %2.</source>
+        <translation>A câmera “%1” não fornece imagens: %2.</translation>
+    </message>
+    <message>
+        <source>The camera “%1” gives no pictures that can be read.</source>
+        <translation>A câmera “%1” não fornece imagens legíveis.</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s pictures (%1) cannot be decoded: %2.</source>
+        <translation>Não é possível decodificar as imagens da câmera (%1): %2.</translation>
+    </message>
+    <message>
+        <source>The camera stopped: %1.</source>
+        <translation>A câmera parou: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::CapturePlatformLoader</name>
+    <message>
+        <source>No X display to capture: DISPLAY is not set.</source>
+        <translation>Nenhuma tela X para capturar: DISPLAY não está definida.</translation>
+    </message>
+    <message>
+        <source>The X display “%1” (DISPLAY) cannot be reached.</source>
+        <translation>Não é possível acessar a tela X “%1” (DISPLAY).</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop has no screen-cast portal to capture through: install the desktop&apos;s portal backend (xdg-desktop-portal-gnome, -kde or -wlr) and log in again.</source>
+        <translation>Esta área de trabalho Wayland não tem um portal de transmissão de tela para capturar: instale o backend de portal da área de trabalho (xdg-desktop-portal-gnome, -kde ou -wlr) e entre na sessão de novo.</translation>
+    </message>
+    <message>
+        <source>There is no capture backend “%1” (%2); this build has: %3.</source>
+        <translation>Não existe o backend de captura “%1” (%2); esta compilação tem: %3.</translation>
+    </message>
+    <message>
+        <source>No display to capture: neither DISPLAY nor WAYLAND_DISPLAY is set.</source>
+        <translation>Nenhuma tela para capturar: nem DISPLAY nem WAYLAND_DISPLAY estão definidas.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::CaptureTypes</name>
+    <message>
+        <source>Screen Recording permission is required.</source>
+        <translation>É necessária a permissão de gravação de tela.</translation>
+    </message>
+    <message>
+        <source>Capture was cancelled.</source>
+        <translation>A captura foi cancelada.</translation>
+    </message>
+    <message>
+        <source>No screen content is available.</source>
+        <translation>Nenhum conteúdo de tela disponível.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::EditorSettingsPage</name>
     <message>
         <source>Tools</source>
@@ -139,6 +204,13 @@
     <message>
         <source>Puts every capture on the clipboard at once, before anything is drawn on it.</source>
         <translation>Coloca cada captura na área de transferência na hora, antes de qualquer desenho.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ImageWriter</name>
+    <message>
+        <source>Could not write “%1”: %2.</source>
+        <translation>Não foi possível gravar “%1”: %2.</translation>
     </message>
 </context>
 <context>
@@ -310,6 +382,78 @@
     </message>
 </context>
 <context>
+    <name>nubo::PortalRequest</name>
+    <message>
+        <source>There is no session bus to reach the desktop portal.</source>
+        <translation>Não há barramento de sessão para acessar o portal da área de trabalho.</translation>
+    </message>
+    <message>
+        <source>The desktop portal did not answer %1 within %2 s.</source>
+        <translation>O portal da área de trabalho não respondeu a %1 em %2 s.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::PortalScreenCast</name>
+    <message>
+        <source>The desktop portal offers no screen casting (org.freedesktop.portal.ScreenCast).</source>
+        <translation>O portal da área de trabalho não oferece transmissão de tela (org.freedesktop.portal.ScreenCast).</translation>
+    </message>
+    <message>
+        <source>The desktop portal made no screen-cast session.</source>
+        <translation>O portal da área de trabalho não criou sessão de transmissão.</translation>
+    </message>
+    <message>
+        <source>The desktop portal gave no PipeWire connection.</source>
+        <translation>O portal da área de trabalho não forneceu conexão PipeWire.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::PulseAudioCapture</name>
+    <message>
+        <source>The audio server cannot be reached: no event loop.</source>
+        <translation>Não é possível acessar o servidor de áudio: sem laço de eventos.</translation>
+    </message>
+    <message>
+        <source>No audio server answers.</source>
+        <translation>Nenhum servidor de áudio responde.</translation>
+    </message>
+    <message>
+        <source>No audio server answers: %1.</source>
+        <translation>Nenhum servidor de áudio responde: %1.</translation>
+    </message>
+    <message>
+        <source>No audio server answers: it did not reply in time.</source>
+        <translation>Nenhum servidor de áudio responde: ele não respondeu a tempo.</translation>
+    </message>
+    <message>
+        <source>The audio server did not answer: %1.</source>
+        <translation>O servidor de áudio não respondeu: %1.</translation>
+    </message>
+    <message>
+        <source>No sound server answers: install PipeWire (pipewire-pulse) or PulseAudio and log in again.</source>
+        <translation>Nenhum servidor de som responde: instale o PipeWire (pipewire-pulse) ou o PulseAudio e entre na sessão de novo.</translation>
+    </message>
+    <message>
+        <source>The audio source “%1” cannot be recorded: %2.</source>
+        <translation>Não é possível gravar a fonte de áudio “%1”: %2.</translation>
+    </message>
+    <message>
+        <source>The audio server has no sound output to record.</source>
+        <translation>O servidor de áudio não tem saída de som para gravar.</translation>
+    </message>
+    <message>
+        <source>The audio server has no microphone to record.</source>
+        <translation>O servidor de áudio não tem microfone para gravar.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::RecordingSession</name>
+    <message>
+        <source>The folder “%1” cannot be created.</source>
+        <translation>Não é possível criar a pasta “%1”.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::RecordingSettingsPage</name>
     <message>
         <source>Video</source>
@@ -390,6 +534,48 @@
     <message>
         <source>Camera:</source>
         <translation>Câmera:</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::RecordingTypes</name>
+    <message>
+        <source>The media encoder could not accept recording data.</source>
+        <translation>O codificador não pôde aceitar os dados da gravação.</translation>
+    </message>
+    <message>
+        <source>The recording could not be saved. </source>
+        <translation>Não foi possível salvar a gravação. </translation>
+    </message>
+    <message>
+        <source>Microphone recording requires a running audio server.</source>
+        <translation>Gravar o microfone requer um servidor de áudio em execução.</translation>
+    </message>
+    <message>
+        <source>Click highlighting requires the X Input extension.</source>
+        <translation>Destacar cliques requer a extensão X Input.</translation>
+    </message>
+    <message>
+        <source>The selected recording codec is unavailable.</source>
+        <translation>O codec de gravação escolhido não está disponível.</translation>
+    </message>
+    <message>
+        <source>The recording cannot perform this action right now.</source>
+        <translation>A gravação não pode fazer isso agora.</translation>
+    </message>
+    <message>
+        <source>No video frames were recorded.</source>
+        <translation>Nenhum quadro de vídeo foi gravado.</translation>
+    </message>
+    <message>
+        <source>Recording audio could not be processed.</source>
+        <translation>Não foi possível processar o áudio da gravação.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::S3Signing</name>
+    <message>
+        <source>The S3 endpoint “%1” is not an http or https address.</source>
+        <translation>O endpoint S3 “%1” não é um endereço http ou https.</translation>
     </message>
 </context>
 <context>
@@ -725,6 +911,29 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotDocument</name>
+    <message>
+        <source>There is not enough memory for an image of %1 × %2 pixels.</source>
+        <translation>Não há memória suficiente para uma imagem de %1 × %2 pixels.</translation>
+    </message>
+    <message>
+        <source>An image of the shot is missing (there may not have been enough memory for it).</source>
+        <translation>Falta uma imagem da captura (pode não ter havido memória suficiente).</translation>
+    </message>
+    <message>
+        <source>An image of %1 × %2 pixels is too large: Nubo Shot takes images of up to %L3 pixels, none wider or taller than %L4.</source>
+        <translation>Uma imagem de %1 × %2 pixels é grande demais: o Nubo Shot aceita imagens de até %L3 pixels, nenhuma mais larga ou mais alta que %L4.</translation>
+    </message>
+    <message>
+        <source>The images of this shot would hold %L1 pixels together; a shot holds at most %L2.</source>
+        <translation>As imagens desta captura somariam %L1 pixels; uma captura comporta no máximo %L2.</translation>
+    </message>
+    <message>
+        <source>The shot would be %L1 × %L2 points; it may be at most %L3 points wide and tall.</source>
+        <translation>A captura teria %L1 × %L2 pontos; ela pode ter no máximo %L3 pontos de largura e de altura.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotDragHandle</name>
     <message>
         <source>Drag Me</source>
@@ -1016,6 +1225,13 @@
     <message>
         <source>Global shortcuts are not available on this desktop.</source>
         <translation>Atalhos globais não estão disponíveis nesta área de trabalho.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotImageFile</name>
+    <message>
+        <source>Could not read “%1”: %2.</source>
+        <translation>Não foi possível ler “%1”: %2.</translation>
     </message>
 </context>
 <context>
@@ -2008,6 +2224,37 @@
     </message>
 </context>
 <context>
+    <name>nubo::Uploader</name>
+    <message>
+        <source>The S3 destination is not set up: give its endpoint, region, bucket and access key id in the Uploads settings.</source>
+        <translation>O destino S3 não está configurado: informe o endpoint, a região, o bucket e o ID da chave de acesso nas configurações de Envios.</translation>
+    </message>
+    <message>
+        <source>The keyring holds no S3 secret for the access key id “%1”: enter it in the Uploads settings.</source>
+        <translation>O chaveiro não tem segredo S3 para o ID da chave de acesso “%1”: digite-o nas configurações de Envios.</translation>
+    </message>
+    <message>
+        <source>The Filebin server “%1” is not an http or https address.</source>
+        <translation>O servidor Filebin “%1” não é um endereço http ou https.</translation>
+    </message>
+    <message>
+        <source>The upload was cancelled.</source>
+        <translation>O envio foi cancelado.</translation>
+    </message>
+    <message>
+        <source>The upload to %1 failed: %2.</source>
+        <translation>O envio para %1 falhou: %2.</translation>
+    </message>
+    <message>
+        <source>Only Filebin uploads can be deleted from here.</source>
+        <translation>Só envios para o Filebin podem ser excluídos daqui.</translation>
+    </message>
+    <message>
+        <source>Filebin could not be reached: %1.</source>
+        <translation>Não foi possível acessar o Filebin: %1.</translation>
+    </message>
+</context>
+<context>
     <name>nubo::UploadsSettingsPage</name>
     <message>
         <source>Destination</source>
@@ -2164,6 +2411,36 @@
     <message>
         <source>Failed.</source>
         <translation>Falhou.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::XcbConnection</name>
+    <message>
+        <source>The X display stores pixels at a depth of %1 bits (%2 bits a pixel), which Nubo Shot cannot read; it reads depths 15, 16, 24, 30 and 32.</source>
+        <translation>A tela X armazena pixels com profundidade de %1 bits (%2 bits por pixel), que o Nubo Shot não consegue ler; ele lê as profundidades 15, 16, 24, 30 e 32.</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to read the screen.</source>
+        <translation>Não há memória suficiente para ler a tela.</translation>
+    </message>
+    <message>
+        <source>The X server sent %1 bytes of pixels where %2 were asked for.</source>
+        <translation>O servidor X enviou %1 bytes de pixels em vez dos %2 pedidos.</translation>
+    </message>
+    <message>
+        <source>The screen could not be read: %1.</source>
+        <translation>Não foi possível ler a tela: %1.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::XcbGlobalShortcuts</name>
+    <message>
+        <source>The shortcut %1 is not on this keyboard.</source>
+        <translation>O atalho %1 não existe neste teclado.</translation>
+    </message>
+    <message>
+        <source>The shortcut %1 is used by another program.</source>
+        <translation>O atalho %1 é usado por outro programa.</translation>
     </message>
 </context>
 </TS>

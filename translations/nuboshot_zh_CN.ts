@@ -41,6 +41,71 @@
     </message>
 </context>
 <context>
+    <name>nubo::CameraStreamSource</name>
+    <message>
+        <source>The camera “%1” is not connected.</source>
+        <translation>摄像头“%1”未连接。</translation>
+    </message>
+    <message>
+        <source>The camera “%1” cannot be opened: %2.</source>
+        <translation>无法打开摄像头“%1”：%2。</translation>
+    </message>
+    <message>
+        <source>The camera “%1” gives no pictures: %2.</source>
+        <translation>摄像头“%1”没有画面：%2。</translation>
+    </message>
+    <message>
+        <source>The camera “%1” gives no pictures that can be read.</source>
+        <translation>摄像头“%1”没有可读取的画面。</translation>
+    </message>
+    <message>
+        <source>The camera&apos;s pictures (%1) cannot be decoded: %2.</source>
+        <translation>无法解码摄像头的画面（%1）：%2。</translation>
+    </message>
+    <message>
+        <source>The camera stopped: %1.</source>
+        <translation>摄像头已停止：%1。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::CapturePlatformLoader</name>
+    <message>
+        <source>No X display to capture: DISPLAY is not set.</source>
+        <translation>没有可截取的 X 显示：未设置 DISPLAY。</translation>
+    </message>
+    <message>
+        <source>The X display “%1” (DISPLAY) cannot be reached.</source>
+        <translation>无法连接 X 显示“%1”（DISPLAY）。</translation>
+    </message>
+    <message>
+        <source>This Wayland desktop has no screen-cast portal to capture through: install the desktop&apos;s portal backend (xdg-desktop-portal-gnome, -kde or -wlr) and log in again.</source>
+        <translation>此 Wayland 桌面没有可用于截取的屏幕投射门户：请安装桌面的门户后端（xdg-desktop-portal-gnome、-kde 或 -wlr）并重新登录。</translation>
+    </message>
+    <message>
+        <source>There is no capture backend “%1” (%2); this build has: %3.</source>
+        <translation>没有截取后端“%1”（%2）；此版本包含：%3。</translation>
+    </message>
+    <message>
+        <source>No display to capture: neither DISPLAY nor WAYLAND_DISPLAY is set.</source>
+        <translation>没有可截取的显示：DISPLAY 和 WAYLAND_DISPLAY 均未设置。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::CaptureTypes</name>
+    <message>
+        <source>Screen Recording permission is required.</source>
+        <translation>需要屏幕录制权限。</translation>
+    </message>
+    <message>
+        <source>Capture was cancelled.</source>
+        <translation>截图已取消。</translation>
+    </message>
+    <message>
+        <source>No screen content is available.</source>
+        <translation>没有可用的屏幕内容。</translation>
+    </message>
+</context>
+<context>
     <name>nubo::EditorSettingsPage</name>
     <message>
         <source>Tools</source>
@@ -139,6 +204,13 @@
     <message>
         <source>Puts every capture on the clipboard at once, before anything is drawn on it.</source>
         <translation>每次截图后立即复制到剪贴板，在任何标注之前。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ImageWriter</name>
+    <message>
+        <source>Could not write “%1”: %2.</source>
+        <translation>无法写入“%1”：%2。</translation>
     </message>
 </context>
 <context>
@@ -309,6 +381,78 @@
     </message>
 </context>
 <context>
+    <name>nubo::PortalRequest</name>
+    <message>
+        <source>There is no session bus to reach the desktop portal.</source>
+        <translation>没有可连接桌面门户的会话总线。</translation>
+    </message>
+    <message>
+        <source>The desktop portal did not answer %1 within %2 s.</source>
+        <translation>桌面门户未在 %2 秒内响应 %1。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::PortalScreenCast</name>
+    <message>
+        <source>The desktop portal offers no screen casting (org.freedesktop.portal.ScreenCast).</source>
+        <translation>桌面门户不提供屏幕投射（org.freedesktop.portal.ScreenCast）。</translation>
+    </message>
+    <message>
+        <source>The desktop portal made no screen-cast session.</source>
+        <translation>桌面门户未创建屏幕投射会话。</translation>
+    </message>
+    <message>
+        <source>The desktop portal gave no PipeWire connection.</source>
+        <translation>桌面门户未提供 PipeWire 连接。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::PulseAudioCapture</name>
+    <message>
+        <source>The audio server cannot be reached: no event loop.</source>
+        <translation>无法连接音频服务器：没有事件循环。</translation>
+    </message>
+    <message>
+        <source>No audio server answers.</source>
+        <translation>没有音频服务器响应。</translation>
+    </message>
+    <message>
+        <source>No audio server answers: %1.</source>
+        <translation>没有音频服务器响应：%1。</translation>
+    </message>
+    <message>
+        <source>No audio server answers: it did not reply in time.</source>
+        <translation>没有音频服务器响应：未及时回复。</translation>
+    </message>
+    <message>
+        <source>The audio server did not answer: %1.</source>
+        <translation>音频服务器未响应：%1。</translation>
+    </message>
+    <message>
+        <source>No sound server answers: install PipeWire (pipewire-pulse) or PulseAudio and log in again.</source>
+        <translation>没有声音服务器响应：请安装 PipeWire（pipewire-pulse）或 PulseAudio 并重新登录。</translation>
+    </message>
+    <message>
+        <source>The audio source “%1” cannot be recorded: %2.</source>
+        <translation>无法录制音频源“%1”：%2。</translation>
+    </message>
+    <message>
+        <source>The audio server has no sound output to record.</source>
+        <translation>音频服务器没有可录制的声音输出。</translation>
+    </message>
+    <message>
+        <source>The audio server has no microphone to record.</source>
+        <translation>音频服务器没有可录制的麦克风。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::RecordingSession</name>
+    <message>
+        <source>The folder “%1” cannot be created.</source>
+        <translation>无法创建文件夹“%1”。</translation>
+    </message>
+</context>
+<context>
     <name>nubo::RecordingSettingsPage</name>
     <message>
         <source>Video</source>
@@ -389,6 +533,48 @@
     <message>
         <source>Camera:</source>
         <translation>摄像头：</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::RecordingTypes</name>
+    <message>
+        <source>The media encoder could not accept recording data.</source>
+        <translation>媒体编码器无法接收录制数据。</translation>
+    </message>
+    <message>
+        <source>The recording could not be saved. </source>
+        <translation>无法保存录制。</translation>
+    </message>
+    <message>
+        <source>Microphone recording requires a running audio server.</source>
+        <translation>录制麦克风需要正在运行的音频服务器。</translation>
+    </message>
+    <message>
+        <source>Click highlighting requires the X Input extension.</source>
+        <translation>突出显示点击需要 X Input 扩展。</translation>
+    </message>
+    <message>
+        <source>The selected recording codec is unavailable.</source>
+        <translation>所选的录制编码器不可用。</translation>
+    </message>
+    <message>
+        <source>The recording cannot perform this action right now.</source>
+        <translation>录制目前无法执行此操作。</translation>
+    </message>
+    <message>
+        <source>No video frames were recorded.</source>
+        <translation>没有录到任何视频帧。</translation>
+    </message>
+    <message>
+        <source>Recording audio could not be processed.</source>
+        <translation>无法处理录制的音频。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::S3Signing</name>
+    <message>
+        <source>The S3 endpoint “%1” is not an http or https address.</source>
+        <translation>S3 端点“%1”不是 http 或 https 地址。</translation>
     </message>
 </context>
 <context>
@@ -724,6 +910,29 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotDocument</name>
+    <message>
+        <source>There is not enough memory for an image of %1 × %2 pixels.</source>
+        <translation>内存不足，无法容纳 %1 × %2 像素的图片。</translation>
+    </message>
+    <message>
+        <source>An image of the shot is missing (there may not have been enough memory for it).</source>
+        <translation>截图中缺少一张图片（可能是内存不足）。</translation>
+    </message>
+    <message>
+        <source>An image of %1 × %2 pixels is too large: Nubo Shot takes images of up to %L3 pixels, none wider or taller than %L4.</source>
+        <translation>%1 × %2 像素的图片太大：Nubo Shot 支持最多 %L3 像素的图片，宽和高均不超过 %L4。</translation>
+    </message>
+    <message>
+        <source>The images of this shot would hold %L1 pixels together; a shot holds at most %L2.</source>
+        <translation>此截图的图片合计将有 %L1 像素；一张截图最多 %L2 像素。</translation>
+    </message>
+    <message>
+        <source>The shot would be %L1 × %L2 points; it may be at most %L3 points wide and tall.</source>
+        <translation>截图将为 %L1 × %L2 点；宽和高最多 %L3 点。</translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotDragHandle</name>
     <message>
         <source>Drag Me</source>
@@ -1015,6 +1224,13 @@
     <message>
         <source>Global shortcuts are not available on this desktop.</source>
         <translation>此桌面不支持全局快捷键。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotImageFile</name>
+    <message>
+        <source>Could not read “%1”: %2.</source>
+        <translation>无法读取“%1”：%2。</translation>
     </message>
 </context>
 <context>
@@ -2004,6 +2220,37 @@
     </message>
 </context>
 <context>
+    <name>nubo::Uploader</name>
+    <message>
+        <source>The S3 destination is not set up: give its endpoint, region, bucket and access key id in the Uploads settings.</source>
+        <translation>S3 目标尚未配置：请在“上传”设置中填写端点、区域、存储桶和访问密钥 ID。</translation>
+    </message>
+    <message>
+        <source>The keyring holds no S3 secret for the access key id “%1”: enter it in the Uploads settings.</source>
+        <translation>密钥环中没有访问密钥 ID“%1”的 S3 密钥：请在“上传”设置中输入。</translation>
+    </message>
+    <message>
+        <source>The Filebin server “%1” is not an http or https address.</source>
+        <translation>Filebin 服务器“%1”不是 http 或 https 地址。</translation>
+    </message>
+    <message>
+        <source>The upload was cancelled.</source>
+        <translation>上传已取消。</translation>
+    </message>
+    <message>
+        <source>The upload to %1 failed: %2.</source>
+        <translation>上传到 %1 失败：%2。</translation>
+    </message>
+    <message>
+        <source>Only Filebin uploads can be deleted from here.</source>
+        <translation>只有 Filebin 上传可以在这里删除。</translation>
+    </message>
+    <message>
+        <source>Filebin could not be reached: %1.</source>
+        <translation>无法连接 Filebin：%1。</translation>
+    </message>
+</context>
+<context>
     <name>nubo::UploadsSettingsPage</name>
     <message>
         <source>Destination</source>
@@ -2160,6 +2407,36 @@
     <message>
         <source>Failed.</source>
         <translation>失败。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::XcbConnection</name>
+    <message>
+        <source>The X display stores pixels at a depth of %1 bits (%2 bits a pixel), which Nubo Shot cannot read; it reads depths 15, 16, 24, 30 and 32.</source>
+        <translation>X 显示以 %1 位的色深存储像素（每像素 %2 位），Nubo Shot 无法读取；支持的色深为 15、16、24、30 和 32。</translation>
+    </message>
+    <message>
+        <source>There is not enough memory to read the screen.</source>
+        <translation>内存不足，无法读取屏幕。</translation>
+    </message>
+    <message>
+        <source>The X server sent %1 bytes of pixels where %2 were asked for.</source>
+        <translation>X 服务器发送了 %1 字节像素数据，而请求的是 %2 字节。</translation>
+    </message>
+    <message>
+        <source>The screen could not be read: %1.</source>
+        <translation>无法读取屏幕：%1。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::XcbGlobalShortcuts</name>
+    <message>
+        <source>The shortcut %1 is not on this keyboard.</source>
+        <translation>此键盘上没有快捷键 %1。</translation>
+    </message>
+    <message>
+        <source>The shortcut %1 is used by another program.</source>
+        <translation>快捷键 %1 已被其他程序占用。</translation>
     </message>
 </context>
 </TS>

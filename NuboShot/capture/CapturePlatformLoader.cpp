@@ -4,6 +4,8 @@
 #include "capture/xcb/XcbCapturePlatform.h"
 #include "core/Logging.h"
 
+#include <QCoreApplication>
+
 namespace nubo {
 
 CapturePlatformEnvironment CapturePlatformEnvironment::fromProcess()
@@ -28,8 +30,10 @@ std::unique_ptr<CapturePlatform> loadX11(const QString& display,
     } catch (const CaptureError& error) {
         throw CapturePlatformError(
             display.isEmpty()
-                ? QStringLiteral("No X display to capture: DISPLAY is not set.")
-                : QStringLiteral("The X display \u201c%1\u201d (DISPLAY) cannot be reached.")
+                ? QCoreApplication::translate("nubo::CapturePlatformLoader",
+                                              "No X display to capture: DISPLAY is not set.")
+                : QCoreApplication::translate("nubo::CapturePlatformLoader",
+                                              "The X display “%1” (DISPLAY) cannot be reached.")
                       .arg(display));
     }
 }
@@ -37,7 +41,8 @@ std::unique_ptr<CapturePlatform> loadX11(const QString& display,
 std::unique_ptr<CapturePlatform> loadPortal(const CapturePlatformLoader::ScreenLookup& screens)
 {
     if (!PortalCapturePlatform::available()) {
-        throw CapturePlatformError(QStringLiteral(
+        throw CapturePlatformError(QCoreApplication::translate(
+            "nubo::CapturePlatformLoader",
             "This Wayland desktop has no screen-cast portal to capture through: install the "
             "desktop's portal backend (xdg-desktop-portal-gnome, -kde or -wlr) and log in again."));
     }
@@ -56,10 +61,11 @@ std::unique_ptr<CapturePlatform> CapturePlatformLoader::load(const CapturePlatfo
         if (env.override == QLatin1String("portal")) {
             return loadPortal(screens);
         }
-        throw CapturePlatformError(
-            QStringLiteral("There is no capture backend \u201c%1\u201d (%2); this build has: %3.")
-                .arg(env.override, QLatin1String(overrideVariable),
-                     backends().join(QStringLiteral(", "))));
+        throw CapturePlatformError(QCoreApplication::translate(
+                                       "nubo::CapturePlatformLoader",
+                                       "There is no capture backend “%1” (%2); this build has: %3.")
+                                       .arg(env.override, QLatin1String(overrideVariable),
+                                            backends().join(QStringLiteral(", "))));
     }
     // Through XWayland an X client sees only the other X clients' windows:
     // in a Wayland session the desktop portal captures.
@@ -67,8 +73,9 @@ std::unique_ptr<CapturePlatform> CapturePlatformLoader::load(const CapturePlatfo
         return loadPortal(screens);
     }
     if (env.x11Display.isEmpty()) {
-        throw CapturePlatformError(
-            QStringLiteral("No display to capture: neither DISPLAY nor WAYLAND_DISPLAY is set."));
+        throw CapturePlatformError(QCoreApplication::translate(
+            "nubo::CapturePlatformLoader",
+            "No display to capture: neither DISPLAY nor WAYLAND_DISPLAY is set."));
     }
     return loadX11(env.x11Display, scale);
 }

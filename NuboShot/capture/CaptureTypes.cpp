@@ -2,6 +2,8 @@
 
 #include "core/Geometry.h"
 
+#include <QCoreApplication>
+
 #include <cmath>
 
 namespace nubo {
@@ -14,11 +16,12 @@ QString CaptureError::messageFor(Code code)
 {
     switch (code) {
     case Code::permissionDenied:
-        return QStringLiteral("Screen Recording permission is required.");
+        return QCoreApplication::translate("nubo::CaptureTypes",
+                                           "Screen Recording permission is required.");
     case Code::cancelled:
-        return QStringLiteral("Capture was cancelled.");
+        return QCoreApplication::translate("nubo::CaptureTypes", "Capture was cancelled.");
     case Code::noContent:
-        return QStringLiteral("No screen content is available.");
+        return QCoreApplication::translate("nubo::CaptureTypes", "No screen content is available.");
     }
     return {};
 }

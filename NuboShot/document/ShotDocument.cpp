@@ -3,6 +3,8 @@
 #include "core/Error.h"
 #include "core/Geometry.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <cmath>
 
@@ -25,10 +27,12 @@ ShotDocument ShotDocument::fromImage(const QImage& image, double pixelsPerPoint)
     if (image.format() != QImage::Format_RGBA8888_Premultiplied) {
         QImage converted = image.convertToFormat(QImage::Format_RGBA8888_Premultiplied);
         if (converted.isNull()) {
-            throw Error(QStringLiteral("There is not enough memory for an image of %1 \u00d7 %2 "
-                                       "pixels.")
-                            .arg(image.width())
-                            .arg(image.height()));
+            throw Error(
+                QCoreApplication::translate("nubo::ShotDocument",
+                                            "There is not enough memory for an image of %1 × %2 "
+                                            "pixels.")
+                    .arg(image.width())
+                    .arg(image.height()));
         }
         document.layers.first().image = std::move(converted);
     }
@@ -42,14 +46,17 @@ QString ShotDocument::limitProblem() const
     for (const ImageLayer& layer : layers) {
         const QSize size = layer.image.size();
         if (layer.image.isNull()) {
-            return QStringLiteral("An image of the shot is missing (there may not have been "
-                                  "enough memory for it).");
+            return QCoreApplication::translate(
+                "nubo::ShotDocument", "An image of the shot is missing (there may not have been "
+                                      "enough memory for it).");
         }
         const qint64 pixels = qint64(size.width()) * size.height();
         if (size.width() > maximumImageSide || size.height() > maximumImageSide ||
             pixels > maximumImagePixels) {
-            return QStringLiteral("An image of %1 \u00d7 %2 pixels is too large: Nubo Shot takes "
-                                  "images of up to %L3 pixels, none wider or taller than %L4.")
+            return QCoreApplication::translate(
+                       "nubo::ShotDocument",
+                       "An image of %1 × %2 pixels is too large: Nubo Shot takes "
+                       "images of up to %L3 pixels, none wider or taller than %L4.")
                 .arg(size.width())
                 .arg(size.height())
                 .arg(maximumImagePixels)
@@ -58,15 +65,19 @@ QString ShotDocument::limitProblem() const
         total += pixels;
     }
     if (total > maximumTotalPixels) {
-        return QStringLiteral("The images of this shot would hold %L1 pixels together; a shot "
-                              "holds at most %L2.")
+        return QCoreApplication::translate(
+                   "nubo::ShotDocument",
+                   "The images of this shot would hold %L1 pixels together; a shot "
+                   "holds at most %L2.")
             .arg(total)
             .arg(maximumTotalPixels);
     }
     const QRectF canvas = canvasBounds.normalized();
     if (canvas.width() > maximumCanvasSide || canvas.height() > maximumCanvasSide) {
-        return QStringLiteral("The shot would be %L1 \u00d7 %L2 points; it may be at most %L3 "
-                              "points wide and tall.")
+        return QCoreApplication::translate(
+                   "nubo::ShotDocument",
+                   "The shot would be %L1 × %L2 points; it may be at most %L3 "
+                   "points wide and tall.")
             .arg(std::ceil(canvas.width()))
             .arg(std::ceil(canvas.height()))
             .arg(maximumCanvasSide);

@@ -1,24 +1,24 @@
 #include "document/ShotImageFile.h"
 
-#include "core/Error.h"
 #include "codec/HeifLibrary.h"
+#include "core/Error.h"
 #include "document/ShotDocumentArchive.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QImageReader>
 
-#include <webp/decode.h>
-#include <webp/demux.h>
-
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <cstring>
+#include <fcntl.h>
 #include <memory>
 #include <optional>
-#include <algorithm>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <webp/decode.h>
+#include <webp/demux.h>
 
 namespace nubo::ShotImageFile {
 
@@ -84,7 +84,8 @@ void checkSize(const QString& path, QSize size)
 
 [[noreturn]] void unreadable(const QString& path, const QString& reason)
 {
-    throw Error(QStringLiteral("Could not read \u201c%1\u201d: %2.").arg(path, reason));
+    throw Error(QCoreApplication::translate("nubo::ShotImageFile", "Could not read “%1”: %2.")
+                    .arg(path, reason));
 }
 
 // The XResolution of an Exif block (dots per inch, or per centimetre when

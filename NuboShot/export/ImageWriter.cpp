@@ -1,10 +1,10 @@
 #include "export/ImageWriter.h"
 
-#include "core/FileWriting.h"
-
 #include "codec/HeifLibrary.h"
 #include "codec/PngEncoder.h"
+#include "core/FileWriting.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QPainter>
 #include <QSaveFile>
@@ -20,7 +20,8 @@
 namespace nubo {
 
 ImageWriterError::ImageWriterError(const QString& fileName, const QString& reason)
-    : Error(QStringLiteral("Could not write \u201c%1\u201d: %2.").arg(fileName, reason)),
+    : Error(QCoreApplication::translate("nubo::ImageWriter", "Could not write “%1”: %2.")
+                .arg(fileName, reason)),
       m_fileName(fileName)
 {}
 

@@ -1,16 +1,16 @@
 #include "recording/CameraStreamSource.h"
 
 #include "core/Logging.h"
+#include "core/Settings.h"
 #include "media/MediaError.h"
 #include "media/MediaOwners.h"
-#include "core/Settings.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <chrono>
-
 #include <fcntl.h>
 #include <linux/videodev2.h>
 #include <pthread.h>
@@ -114,7 +114,9 @@ CameraStreamSource::CameraStreamSource(const QString& id) : m_id(id), m_stream(s
     const bool device = isCharacterDevice(id);
     s.file = !device;
     if (!device && !QFileInfo(id).isFile()) {
-        throw Error(QStringLiteral("The camera “%1” is not connected.").arg(id));
+        throw Error(QCoreApplication::translate("nubo::CameraStreamSource",
+                                                "The camera “%1” is not connected.")
+                        .arg(id));
     }
     // A camera: MJPEG at about 640 × 360 first (cheap to move and decode),
     // then MJPEG at any size, then whatever it gives.
@@ -152,15 +154,22 @@ CameraStreamSource::CameraStreamSource(const QString& id) : m_id(id), m_stream(s
         }
     }
     if (status < 0) {
-        throw Error(QStringLiteral("The camera “%1” cannot be opened: %2.").arg(id, mediaErrorText(status)));
+        throw Error(QCoreApplication::translate("nubo::CameraStreamSource",
+                                                "The camera “%1” cannot be opened: %2.")
+                        .arg(id, mediaErrorText(status)));
     }
     if ((status = avformat_find_stream_info(s.format.get(), nullptr)) < 0) {
-        throw Error(QStringLiteral("The camera “%1” gives no pictures: %2.").arg(id, mediaErrorText(status)));
+        throw Error(QCoreApplication::translate("nubo::CameraStreamSource",
+                                                "The camera “%1” gives no pictures: %2.")
+                        .arg(id, mediaErrorText(status)));
     }
     const AVCodec* codec = nullptr;
     s.index = av_find_best_stream(s.format.get(), AVMEDIA_TYPE_VIDEO, -1, -1, &codec, 0);
     if (s.index < 0 || !codec) {
-        throw Error(QStringLiteral("The camera “%1” gives no pictures that can be read.").arg(id));
+        throw Error(
+            QCoreApplication::translate("nubo::CameraStreamSource",
+                                        "The camera “%1” gives no pictures that can be read.")
+                .arg(id));
     }
     AVStream* stream = s.format->streams[s.index];
     s.timeBase = stream->time_base;
@@ -168,7 +177,8 @@ CameraStreamSource::CameraStreamSource(const QString& id) : m_id(id), m_stream(s
     avcodec_parameters_to_context(s.decoder.get(), stream->codecpar);
     s.decoder->thread_count = 1; // one picture at a time, without delay
     if ((status = avcodec_open2(s.decoder.get(), codec, nullptr)) < 0) {
-        throw Error(QStringLiteral("The camera's pictures (%1) cannot be decoded: %2.")
+        throw Error(QCoreApplication::translate("nubo::CameraStreamSource",
+                                                "The camera's pictures (%1) cannot be decoded: %2.")
                         .arg(QString::fromLatin1(codec->name), mediaErrorText(status)));
     }
     s.packet = media::packet();
@@ -277,7 +287,9 @@ void CameraStreamSource::run()
             continue;
         }
         if (status < 0) {
-            failure = QStringLiteral("The camera stopped: %1.").arg(mediaErrorText(status));
+            failure =
+                QCoreApplication::translate("nubo::CameraStreamSource", "The camera stopped: %1.")
+                    .arg(mediaErrorText(status));
             break;
         }
         if (s.packet->stream_index != s.index) {

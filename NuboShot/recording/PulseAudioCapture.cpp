@@ -9,10 +9,13 @@
 #include <mutex>
 #include <vector>
 
+#include <QCoreApplication>
+
 #include <pulse/pulseaudio.h>
 #include <pulse/rtclock.h>
 
 extern "C" {
+
 #include <libavutil/samplefmt.h>
 }
 
@@ -112,7 +115,8 @@ public:
     {
         loop = pa_threaded_mainloop_new();
         if (!loop || pa_threaded_mainloop_start(loop) < 0) {
-            throw Error(QStringLiteral("The audio server cannot be reached: no event loop."));
+            throw Error(QCoreApplication::translate(
+                "nubo::PulseAudioCapture", "The audio server cannot be reached: no event loop."));
         }
         pa_threaded_mainloop_set_name(loop, "recording-pulse");
     }
@@ -138,11 +142,14 @@ public:
     {
         context = pa_context_new(pa_threaded_mainloop_get_api(loop), "Nubo Shot");
         if (!context) {
-            throw Error(QStringLiteral("No audio server answers."));
+            throw Error(
+                QCoreApplication::translate("nubo::PulseAudioCapture", "No audio server answers."));
         }
         pa_context_set_state_callback(context, &Connection::stateChanged, this);
         if (pa_context_connect(context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0) {
-            throw Error(QStringLiteral("No audio server answers: %1.").arg(reason()));
+            throw Error(QCoreApplication::translate("nubo::PulseAudioCapture",
+                                                    "No audio server answers: %1.")
+                            .arg(reason()));
         }
         bool timedOut = false;
         pa_time_event* timer = pa_context_rttime_new(
@@ -158,10 +165,14 @@ public:
             }
             if (!PA_CONTEXT_IS_GOOD(state)) {
                 pa_threaded_mainloop_get_api(loop)->time_free(timer);
-                throw Error(QStringLiteral("No audio server answers: %1.").arg(reason()));
+                throw Error(QCoreApplication::translate("nubo::PulseAudioCapture",
+                                                        "No audio server answers: %1.")
+                                .arg(reason()));
             }
             if (timedOut) {
-                throw Error(QStringLiteral("No audio server answers: it did not reply in time."));
+                throw Error(QCoreApplication::translate(
+                    "nubo::PulseAudioCapture",
+                    "No audio server answers: it did not reply in time."));
             }
             pa_threaded_mainloop_wait(loop);
         }
@@ -257,7 +268,9 @@ ServerDefaults serverDefaults(Connection& c)
         },
         &answer));
     if (!done || !answer.found) {
-        throw Error(QStringLiteral("The audio server did not answer: %1.").arg(c.reason()));
+        throw Error(QCoreApplication::translate("nubo::PulseAudioCapture",
+                                                "The audio server did not answer: %1.")
+                        .arg(c.reason()));
     }
     return answer.value;
 }
@@ -281,7 +294,9 @@ std::vector<SourceDetails> sources(Connection& c)
 {
     Answer<std::vector<SourceDetails>> answer{&c, {}};
     if (!c.finish(pa_context_get_source_info_list(c.context, collectSource, &answer))) {
-        throw Error(QStringLiteral("The audio server did not answer: %1.").arg(c.reason()));
+        throw Error(QCoreApplication::translate("nubo::PulseAudioCapture",
+                                                "The audio server did not answer: %1.")
+                        .arg(c.reason()));
     }
     return answer.value;
 }
@@ -318,8 +333,9 @@ QString monitorOf(Connection& c, const QString& sink)
 
 QString RecordingAudioServer::whatToInstall()
 {
-    return QStringLiteral("No sound server answers: install PipeWire (pipewire-pulse) or "
-                          "PulseAudio and log in again.");
+    return QCoreApplication::translate(
+        "nubo::PulseAudioCapture", "No sound server answers: install PipeWire (pipewire-pulse) or "
+                                   "PulseAudio and log in again.");
 }
 
 std::optional<QString> RecordingAudioServer::unavailable()
@@ -388,7 +404,8 @@ void PulseAudioCapture::Impl::open(Source source, const SourceDetails& from)
     const char* what = source == Source::system ? "Nubo Shot system audio" : "Nubo Shot microphone";
     s->stream = pa_stream_new(connection->context, what, &s->format, &from.map);
     const auto refuse = [&] {
-        return Error(QStringLiteral("The audio source “%1” cannot be recorded: %2.")
+        return Error(QCoreApplication::translate("nubo::PulseAudioCapture",
+                                                 "The audio source “%1” cannot be recorded: %2.")
                          .arg(from.description, connection->reason()));
     };
     if (!s->stream) {
@@ -537,7 +554,8 @@ void PulseAudioCapture::start(bool system, bool microphone,
             const std::optional<SourceDetails> from =
                 monitor.isEmpty() ? std::nullopt : source(*d->connection, monitor);
             if (!from) {
-                throw Error(QStringLiteral("The audio server has no sound output to record."));
+                throw Error(QCoreApplication::translate(
+                    "nubo::PulseAudioCapture", "The audio server has no sound output to record."));
             }
             d->open(Source::system, *from);
         }
@@ -556,7 +574,8 @@ void PulseAudioCapture::start(bool system, bool microphone,
                                                  : source(*d->connection, defaults.source);
             }
             if (!from) {
-                throw Error(QStringLiteral("The audio server has no microphone to record."));
+                throw Error(QCoreApplication::translate(
+                    "nubo::PulseAudioCapture", "The audio server has no microphone to record."));
             }
             d->open(Source::microphone, *from);
         }

@@ -6,6 +6,7 @@
 #include "recording/RecordingEncoder.h"
 #include "recording/RecordingWriter.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QPainter>
 
@@ -133,7 +134,9 @@ void RecordingSession::start(const RecordingTarget& target, const RecordingOptio
             options.resolution == RecordingResolution::native ? geometry.scale : 1);
         if (!QDir().mkpath(folder)) {
             throw RecordingError(RecordingError::Code::writerFailed,
-                                 QStringLiteral("The folder “%1” cannot be created.").arg(folder));
+                                 QCoreApplication::translate("nubo::RecordingSession",
+                                                             "The folder “%1” cannot be created.")
+                                     .arg(folder));
         }
         const QString file = recordingFileName(folder, QDateTime::currentDateTime());
         if (options.camera && !m_camera) {

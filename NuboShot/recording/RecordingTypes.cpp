@@ -2,6 +2,7 @@
 
 #include "core/Settings.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonValue>
@@ -166,27 +167,37 @@ RecordingError::RecordingError(Code code, QString detail)
 
 QString RecordingError::encoderRefused()
 {
-    return QStringLiteral("The media encoder could not accept recording data.");
+    return QCoreApplication::translate("nubo::RecordingTypes",
+                                       "The media encoder could not accept recording data.");
 }
 
 QString RecordingError::describe(Code code, const QString& detail)
 {
     switch (code) {
     case Code::writerFailed:
-        return QStringLiteral("The recording could not be saved. ") + detail;
+        return QCoreApplication::translate("nubo::RecordingTypes",
+                                           "The recording could not be saved. ") +
+               detail;
     case Code::microphoneUnsupported:
-        return QStringLiteral("Microphone recording requires a running audio server.");
+        return QCoreApplication::translate("nubo::RecordingTypes",
+                                           "Microphone recording requires a running audio server.");
     case Code::clickHighlightUnsupported:
-        return detail.isEmpty() ? QStringLiteral("Click highlighting requires the X Input extension.")
+        return detail.isEmpty() ? QCoreApplication::translate(
+                                      "nubo::RecordingTypes",
+                                      "Click highlighting requires the X Input extension.")
                                 : detail;
     case Code::codecUnsupported:
-        return QStringLiteral("The selected recording codec is unavailable.");
+        return QCoreApplication::translate("nubo::RecordingTypes",
+                                           "The selected recording codec is unavailable.");
     case Code::invalidState:
-        return QStringLiteral("The recording cannot perform this action right now.");
+        return QCoreApplication::translate("nubo::RecordingTypes",
+                                           "The recording cannot perform this action right now.");
     case Code::noVideo:
-        return QStringLiteral("No video frames were recorded.");
+        return QCoreApplication::translate("nubo::RecordingTypes",
+                                           "No video frames were recorded.");
     case Code::invalidAudio:
-        return QStringLiteral("Recording audio could not be processed.");
+        return QCoreApplication::translate("nubo::RecordingTypes",
+                                           "Recording audio could not be processed.");
     }
     return {};
 }

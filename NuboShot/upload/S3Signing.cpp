@@ -2,11 +2,12 @@
 
 #include "core/Error.h"
 
+#include <QCoreApplication>
+
+#include <algorithm>
 #include <openssl/evp.h>
 #include <openssl/hmac.h>
 #include <openssl/sha.h>
-
-#include <algorithm>
 
 namespace nubo::s3 {
 
@@ -81,7 +82,8 @@ SignedRequest sign(const S3Settings& settings, const QByteArray& method, const Q
     QUrl endpoint(settings.endpoint.trimmed(), QUrl::StrictMode);
     if (!endpoint.isValid() || endpoint.host().isEmpty() ||
         (endpoint.scheme() != QLatin1String("http") && endpoint.scheme() != QLatin1String("https"))) {
-        throw Error(QStringLiteral("The S3 endpoint \u201c%1\u201d is not an http or https address.")
+        throw Error(QCoreApplication::translate(
+                        "nubo::S3Signing", "The S3 endpoint “%1” is not an http or https address.")
                         .arg(settings.endpoint));
     }
     // The key is encoded once, here; the URL carries exactly these bytes.

@@ -4,6 +4,7 @@
 #include "upload/S3Signing.h"
 #include "upload/UploadSecrets.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QJsonDocument>
@@ -169,8 +170,10 @@ UploadReceipt Uploader::run()
         const S3Settings& s3 = m_request.settings.s3;
         if (!s3.isComplete()) {
             throw fail(ShotUploadError::failed,
-                       QStringLiteral("The S3 destination is not set up: give its endpoint, "
-                                      "region, bucket and access key id in the Uploads settings."));
+                       QCoreApplication::translate(
+                           "nubo::Uploader",
+                           "The S3 destination is not set up: give its endpoint, "
+                           "region, bucket and access key id in the Uploads settings."));
         }
         QString secret = m_request.s3Secret;
         if (secret.isEmpty()) {
@@ -181,8 +184,10 @@ UploadReceipt Uploader::run()
             }
             if (secret.isEmpty()) {
                 throw fail(ShotUploadError::failed,
-                           QStringLiteral("The keyring holds no S3 secret for the access key id "
-                                          "\u201c%1\u201d: enter it in the Uploads settings.")
+                           QCoreApplication::translate(
+                               "nubo::Uploader",
+                               "The keyring holds no S3 secret for the access key id "
+                               "“%1”: enter it in the Uploads settings.")
                                .arg(s3.accessKeyId));
             }
         }
@@ -210,8 +215,9 @@ UploadReceipt Uploader::run()
         request.setUrl(QUrl::fromEncoded(url, QUrl::StrictMode));
         if (!request.url().isValid() || request.url().host().isEmpty()) {
             throw fail(ShotUploadError::failed,
-                       QStringLiteral("The Filebin server \u201c%1\u201d is not an http or https "
-                                      "address.")
+                       QCoreApplication::translate(
+                           "nubo::Uploader", "The Filebin server “%1” is not an http or https "
+                                             "address.")
                            .arg(filebin.server));
         }
         request.setHeader(QNetworkRequest::ContentTypeHeader, m_request.contentType);
@@ -220,7 +226,9 @@ UploadReceipt Uploader::run()
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
     request.setTransferTimeout(answerTimeoutMs);
     if (m_cancelled) {
-        throw fail(ShotUploadError::failed, QStringLiteral("The upload was cancelled."), true);
+        throw fail(ShotUploadError::failed,
+                   QCoreApplication::translate("nubo::Uploader", "The upload was cancelled."),
+                   true);
     }
 
     QNetworkAccessManager network;
@@ -261,16 +269,18 @@ UploadReceipt Uploader::run()
 
     if (m_cancelled) {
         throw fail(bodySent ? ShotUploadError::outcomeUnknown : ShotUploadError::failed,
-                   QStringLiteral("The upload was cancelled."), true);
+                   QCoreApplication::translate("nubo::Uploader", "The upload was cancelled."),
+                   true);
     }
     if (status == 0) {
         // No answer at all: once the whole file was out, the service may
         // have stored it before the line went quiet.
-        throw fail(bodySent ? ShotUploadError::outcomeUnknown : ShotUploadError::failed,
-                   bodySent ? QStringLiteral("%1 did not answer after the file was sent (%2).")
-                                  .arg(destinationName, errorText)
-                            : QStringLiteral("The upload to %1 failed: %2.")
-                                  .arg(destinationName, errorText));
+        throw fail(
+            bodySent ? ShotUploadError::outcomeUnknown : ShotUploadError::failed,
+            bodySent ? QStringLiteral("%1 did not answer after the file was sent (%2).")
+                           .arg(destinationName, errorText)
+                     : QCoreApplication::translate("nubo::Uploader", "The upload to %1 failed: %2.")
+                           .arg(destinationName, errorText));
     }
     const bool stored = destination == ShotUploadDestination::r2 ? (status >= 200 && status < 300)
                                                                   : (status == 200 || status == 201);
@@ -309,7 +319,8 @@ void Uploader::deleteFromFilebin(const UploadStore::FileUse& use, const QString&
                                  const QString& storePath)
 {
     if (use.destination != ShotUploadDestination::filebin) {
-        throw Error(QStringLiteral("Only Filebin uploads can be deleted from here."));
+        throw Error(QCoreApplication::translate("nubo::Uploader",
+                                                "Only Filebin uploads can be deleted from here."));
     }
     QNetworkAccessManager network;
     QNetworkRequest request(QUrl::fromEncoded(trimmedServer(server).toUtf8() + '/' +
@@ -326,7 +337,9 @@ void Uploader::deleteFromFilebin(const UploadStore::FileUse& use, const QString&
     const QString errorText = reply->errorString();
     delete reply;
     if (status == 0) {
-        throw Error(QStringLiteral("Filebin could not be reached: %1.").arg(errorText));
+        throw Error(
+            QCoreApplication::translate("nubo::Uploader", "Filebin could not be reached: %1.")
+                .arg(errorText));
     }
     // Gone already is as good as deleted.
     if (status != 200 && status != 204 && status != 404) {

@@ -12,8 +12,12 @@ namespace nubo {
 void installTranslations()
 {
     // Installed last is asked first: the language's own catalogue, then the
-    // English plural forms for anything it lacks.
+    // English plural forms for anything it lacks. Called again (the default
+    // locale changed), it replaces what it installed before.
     static QTranslator english, ours, qt;
+    for (QTranslator* installed : {&english, &ours, &qt}) {
+        QCoreApplication::removeTranslator(installed);
+    }
     if (english.load(QStringLiteral(":/i18n/nuboshot_en.qm"))) {
         QCoreApplication::installTranslator(&english);
     }

@@ -4,6 +4,7 @@
 #include "capture/portal/PortalResponse_p.h"
 #include "core/Logging.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -72,7 +73,8 @@ QVariantMap request(const QString& interface, const QString& method, QVariantLis
 {
     QDBusConnection connection = bus();
     if (!connection.isConnected()) {
-        throw Error(QStringLiteral("There is no session bus to reach the desktop portal."));
+        throw Error(QCoreApplication::translate(
+            "nubo::PortalRequest", "There is no session bus to reach the desktop portal."));
     }
     // The answer comes on a Request object whose path follows from our bus
     // name and the token: listen there before asking, so that a fast answer
@@ -115,7 +117,8 @@ QVariantMap request(const QString& interface, const QString& method, QVariantLis
         connection.call(QDBusMessage::createMethodCall(QLatin1String(service), path,
                                                        requestInterface, QStringLiteral("Close")),
                         QDBus::NoBlock);
-        throw Error(QStringLiteral("The desktop portal did not answer %1 within %2 s.")
+        throw Error(QCoreApplication::translate("nubo::PortalRequest",
+                                                "The desktop portal did not answer %1 within %2 s.")
                         .arg(method)
                         .arg(timeout.count() / 1000.0));
     }

@@ -5,6 +5,7 @@
 #include "core/Error.h"
 #include "core/Logging.h"
 
+#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusObjectPath>
 #include <QDBusUnixFileDescriptor>
@@ -73,15 +74,17 @@ PortalScreenCast::PortalScreenCast(const Options& options)
 {
     const uint version = portal::interfaceVersion(screenCast);
     if (version == 0) {
-        throw Error(QStringLiteral("The desktop portal offers no screen casting "
-                                   "(org.freedesktop.portal.ScreenCast)."));
+        throw Error(QCoreApplication::translate("nubo::PortalScreenCast",
+                                                "The desktop portal offers no screen casting "
+                                                "(org.freedesktop.portal.ScreenCast)."));
     }
     const QVariantMap created = portal::request(
         screenCast, QStringLiteral("CreateSession"), {},
         {{QStringLiteral("session_handle_token"), portal::newToken()}}, stepTimeout);
     m_session = created.value(QStringLiteral("session_handle")).toString();
     if (m_session.isEmpty()) {
-        throw Error(QStringLiteral("The desktop portal made no screen-cast session."));
+        throw Error(QCoreApplication::translate("nubo::PortalScreenCast",
+                                                "The desktop portal made no screen-cast session."));
     }
     QVariantMap select{{QStringLiteral("types"), uint(options.source)},
                        {QStringLiteral("multiple"), options.multiple}};
@@ -142,7 +145,8 @@ int PortalScreenCast::openPipeWireRemote()
                                      {QVariant::fromValue(QDBusObjectPath(m_session)), QVariantMap()});
     const auto descriptor = fd.value<QDBusUnixFileDescriptor>();
     if (!descriptor.isValid()) {
-        throw Error(QStringLiteral("The desktop portal gave no PipeWire connection."));
+        throw Error(QCoreApplication::translate("nubo::PortalScreenCast",
+                                                "The desktop portal gave no PipeWire connection."));
     }
     // The descriptor object closes its own copy.
     const int own = fcntl(descriptor.fileDescriptor(), F_DUPFD_CLOEXEC, 3);

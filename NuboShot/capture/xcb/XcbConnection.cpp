@@ -3,6 +3,7 @@
 #include "capture/CaptureTypes.h"
 #include "core/Logging.h"
 
+#include <QCoreApplication>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -371,9 +372,11 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
     const auto format = formatFor(depth, layout.bitsPerPixel);
     if (!format || layout.scanlinePad <= 0 ||
         xcb_get_setup(c)->image_byte_order != XCB_IMAGE_ORDER_LSB_FIRST) {
-        throw Error(QStringLiteral("The X display stores pixels at a depth of %1 bits (%2 bits a "
-                                   "pixel), which Nubo Shot cannot read; it reads depths 15, 16, "
-                                   "24, 30 and 32.")
+        throw Error(QCoreApplication::translate(
+                        "nubo::XcbConnection",
+                        "The X display stores pixels at a depth of %1 bits (%2 bits a "
+                        "pixel), which Nubo Shot cannot read; it reads depths 15, 16, "
+                        "24, 30 and 32.")
                         .arg(depth)
                         .arg(layout.bitsPerPixel));
     }
@@ -388,12 +391,15 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
         }
         QImage converted = pixels.convertToFormat(QImage::Format_RGB32);
         if (converted.isNull()) {
-            throw Error(QStringLiteral("There is not enough memory to read the screen."));
+            throw Error(QCoreApplication::translate(
+                "nubo::XcbConnection", "There is not enough memory to read the screen."));
         }
         return converted;
     };
     const auto shortReply = [&](size_t got) {
-        return Error(QStringLiteral("The X server sent %1 bytes of pixels where %2 were asked for.")
+        return Error(QCoreApplication::translate(
+                         "nubo::XcbConnection",
+                         "The X server sent %1 bytes of pixels where %2 were asked for.")
                          .arg(got)
                          .arg(size));
     };
@@ -493,7 +499,8 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
             if (converted.constBits() == wrapped.constBits()) {
                 converted = wrapped.copy();
                 if (converted.isNull()) {
-                    throw Error(QStringLiteral("There is not enough memory to read the screen."));
+                    throw Error(QCoreApplication::translate(
+                        "nubo::XcbConnection", "There is not enough memory to read the screen."));
                 }
             }
             return converted;
@@ -520,8 +527,9 @@ QImage XcbConnection::grab(xcb_drawable_t drawable, const QRect& rect, uint8_t d
     if (owned && windowGone(owned.get())) {
         throw CaptureError(CaptureError::Code::noContent, QStringLiteral("the window is gone"));
     }
-    throw Error(QStringLiteral("The screen could not be read: %1.")
-                    .arg(owned ? errorText(owned.get()) : QStringLiteral("no reply")));
+    throw Error(
+        QCoreApplication::translate("nubo::XcbConnection", "The screen could not be read: %1.")
+            .arg(owned ? errorText(owned.get()) : QStringLiteral("no reply")));
 }
 
 } // namespace nubo

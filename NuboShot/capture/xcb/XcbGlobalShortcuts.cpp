@@ -3,6 +3,7 @@
 #include "capture/xcb/XcbConnection.h"
 #include "core/Logging.h"
 
+#include <QCoreApplication>
 #include <QMetaObject>
 #include <QSocketNotifier>
 
@@ -109,7 +110,9 @@ QStringList XcbGlobalShortcuts::bind(const QList<GlobalShortcutBinding>& binding
         const auto keysym = keysymFor(combination.key());
         const auto codes = keysym ? keycodes(m_x->c, *keysym) : std::vector<xcb_keycode_t>();
         if (codes.empty()) {
-            problems << QStringLiteral("The shortcut %1 is not on this keyboard.").arg(text);
+            problems << QCoreApplication::translate("nubo::XcbGlobalShortcuts",
+                                                    "The shortcut %1 is not on this keyboard.")
+                            .arg(text);
             continue;
         }
         const uint16_t modifiers = xModifiers(combination.keyboardModifiers());
@@ -125,7 +128,9 @@ QStringList XcbGlobalShortcuts::bind(const QList<GlobalShortcutBinding>& binding
             m_grabs.push_back({code, modifiers, binding.id});
         }
         if (taken) {
-            problems << QStringLiteral("The shortcut %1 is used by another program.").arg(text);
+            problems << QCoreApplication::translate("nubo::XcbGlobalShortcuts",
+                                                    "The shortcut %1 is used by another program.")
+                            .arg(text);
         }
     }
     xcb_flush(m_x->c);
