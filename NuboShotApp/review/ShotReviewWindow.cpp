@@ -41,9 +41,11 @@ namespace {
 QString clock(VideoTime time)
 {
     const qint64 tenths = qint64(std::floor(time.toSeconds() * 10 + 1e-9));
-    return QStringLiteral("%1:%2.%3")
+    // The tenths after the language's decimal sign (0:02,9 in German).
+    return QStringLiteral("%1:%2%3%4")
         .arg(tenths / 600)
         .arg((tenths / 10) % 60, 2, 10, QLatin1Char('0'))
+        .arg(QLocale().decimalPoint())
         .arg(tenths % 10);
 }
 

@@ -258,6 +258,7 @@ bool TrayApplication::claimBusName()
         qCWarning(lcApp) << "Could not claim" << busName
                          << "on the session bus:" << reply.error().message();
     }
+    bus::holdTrayLock();
     return true;
 }
 

@@ -7,9 +7,11 @@
 #include "capture/CapturePlatformLoader.h"
 #include "output/ShotUploadHistory.h"
 #include "recording/ShotRecordingWindows.h"
+#include "review/ShotReviewWindow.h"
 #include "scrolling/ShotScrollingPanel.h"
 #include "settings/ShotSettingsWindow.h"
 #include "shell/Translations.h"
+#include "support/CounterMovie.h"
 #include "support/EditorFixture.h"
 #include "support/RenderFixtures.h"
 
@@ -142,6 +144,14 @@ TEST_P(Translated, EveryWindowShowsAllItsWords)
     ShotEditorWindow& editor = openEditor(shot, 1);
     look(editor, QStringLiteral("editor"));
     editor.close();
+
+    // A recording's review window.
+    const QString movie = m_dir.filePath(QStringLiteral("movie.mp4"));
+    ASSERT_EQ(test::writeCounterMovie(movie, {3, QSize(640, 360), 30, false}), QString());
+    ShotReviewWindow review(movie, *m_preferences);
+    activate(review);
+    look(review, QStringLiteral("review"));
+    review.close();
 
     // The recording bars, the scrolling panel and the uploads list.
     ShotRecordingOptionsBar options(*m_preferences, {true, true, false}, QStringLiteral("600 × 400"));

@@ -24,6 +24,7 @@
 
 #include <cmath>
 #include <functional>
+#include <csignal>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -299,6 +300,22 @@ TEST_F(Tray, TheCommandInFrontBecomesTheWholeProgram)
             EXPECT_TRUE(said.contains("cannot start " + QFile::encodeName(alone.path()))) << said.toStdString();
         }
     }
+
+    // A grab goes to the running tray; once the tray is killed outright, the
+    // front grabs itself (the lock the tray held went with it).
+    QProcessEnvironment debug = QProcessEnvironment::systemEnvironment();
+    debug.insert(QStringLiteral("NUBOSHOT_DEBUG"), QStringLiteral("1"));
+    const QString shot = alone.filePath(QStringLiteral("shot.png"));
+    const auto byTray = test::runNuboShot({"grab", "fullscreen", "-o", shot}, 30000, debug);
+    EXPECT_EQ(byTray.exitCode, 0) << byTray.err.toStdString();
+    EXPECT_TRUE(byTray.err.contains(QStringLiteral("Grabbed by the running instance"))) << byTray.err.toStdString();
+    ::kill(pid_t(m_app.processId()), SIGKILL);
+    m_app.waitForFinished();
+    QFile::remove(shot);
+    const auto byItself = test::runNuboShot({"grab", "fullscreen", "-o", shot}, 30000, debug);
+    EXPECT_EQ(byItself.exitCode, 0) << byItself.err.toStdString();
+    EXPECT_FALSE(byItself.err.contains(QStringLiteral("Grabbed by the running instance")));
+    EXPECT_EQ(QImage(shot).size(), QSize(1920, 1080));
 }
 
 TEST_F(Tray, PrintScreenKeysCaptureFromAnywhere)
