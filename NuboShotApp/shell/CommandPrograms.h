@@ -1,6 +1,8 @@
 #pragma once
 
 #include <cstring>
+#include <string>
+#include <unistd.h>
 
 // The programs of the suite and which one runs each command, so that the
 // small `nuboshot` in front execs the one that loads only what the command
@@ -15,6 +17,9 @@ inline constexpr char whole[] = "nuboshot-app";
 inline constexpr char stills[] = "nuboshot-stills";
 inline constexpr char media[] = "nuboshot-media";
 inline constexpr char upload[] = "nuboshot-upload";
+// Asks a running tray over the bus to capture or grab; runs the command's
+// program when none answers.
+inline constexpr char ask[] = "nuboshot-ask";
 
 struct Route {
     const char* command;
@@ -42,6 +47,26 @@ inline const char* programFor(const char* command)
         }
     }
     return whole;
+}
+
+// A program of the suite: beside this one in a build tree, in libexec once
+// installed (where the front's own programs lie beside each other too).
+inline std::string programBeside(const std::string& self, const std::string& name)
+{
+    const std::string folder = self.substr(0, self.rfind('/') + 1);
+    for (const std::string& candidate : {folder + name, folder + "../libexec/nuboshot/" + name}) {
+        if (::access(candidate.c_str(), X_OK) == 0) {
+            return candidate;
+        }
+    }
+    return folder + name;
+}
+
+inline std::string selfPath()
+{
+    char buffer[4096];
+    const ssize_t n = ::readlink("/proc/self/exe", buffer, sizeof buffer - 1);
+    return n > 0 ? std::string(buffer, size_t(n)) : std::string();
 }
 
 } // namespace nubo::programs

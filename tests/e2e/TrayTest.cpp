@@ -284,7 +284,7 @@ TEST_F(Tray, TheCommandInFrontBecomesTheWholeProgram)
         {{"--version"}, 0, "nuboshot 0."},
         {{"--help"}, 0, "Usage: nuboshot"},
         {{"displays", "--help"}, 1, "/nuboshot-stills: No such file or directory"},
-        {{"grab", "--help"}, 0, "Usage: nuboshot grab"}, // the running tray answers grabs
+        {{"grab", "--help"}, 1, "/nuboshot-ask: No such file or directory"}, // a tray runs: it is asked
         {{"video", "info", "x.mp4"}, 1, "/nuboshot-media: No such file or directory"},
         {{"upload", "x.png"}, 1, "/nuboshot-upload: No such file or directory"},
         {{"open", "x.png"}, 1, "/nuboshot-app: No such file or directory"},

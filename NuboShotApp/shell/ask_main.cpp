@@ -1,16 +1,11 @@
-// `nuboshot`: the command users and desktops run. Key bindings run
-// `nuboshot capture MODE` for every shot, and the whole program (Qt Widgets,
-// FFmpeg and the rest: some 240 libraries) takes about 70 ms to load. So
-// this small program, with Qt Core and D-Bus only, answers --version and
-// --help itself, hands a capture to the running tray, and for everything
-// else becomes the program of the suite that runs the command (exec, same
-// process and arguments): a lean one for the commands that need no window,
-// the whole program for the rest.
+// `nuboshot-ask`: run by the small `nuboshot` in front for a capture or a
+// grab when a tray of this session may be running. It asks the tray over the
+// bus (Qt Core and D-Bus only); when none answers, it becomes the program of
+// the suite that runs the command, as the front would have.
 
 #include "shell/BusNames.h"
 #include "shell/CommandPrograms.h"
 #include "shell/DebugSwitch.h"
-#include "shell/MainHelp.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -27,26 +22,6 @@
 #include <unistd.h>
 
 namespace {
-
-// A program of the suite: beside this one in a build tree, in libexec once
-// installed.
-std::string programBeside(const std::string& self, const std::string& name)
-{
-    const std::string folder = self.substr(0, self.rfind('/') + 1);
-    for (const std::string& candidate : {folder + name, folder + "../libexec/nuboshot/" + name}) {
-        if (::access(candidate.c_str(), X_OK) == 0) {
-            return candidate;
-        }
-    }
-    return folder + name;
-}
-
-std::string selfPath()
-{
-    char buffer[4096];
-    const ssize_t n = ::readlink("/proc/self/exe", buffer, sizeof buffer - 1);
-    return n > 0 ? std::string(buffer, size_t(n)) : std::string();
-}
 
 // A capture asked of the running tray; -1 when there is none to ask.
 int askTray(int argc, char** argv)
@@ -145,26 +120,19 @@ int askTrayToGrab(int argc, char** argv)
 
 int main(int argc, char** argv)
 {
-    if (argc == 2 && (std::strcmp(argv[1], "--version") == 0 || std::strcmp(argv[1], "-v") == 0)) {
-        std::puts("nuboshot " NUBOSHOT_VERSION);
-        return 0;
-    }
-    if (argc == 2 && (std::strcmp(argv[1], "--help") == 0 || std::strcmp(argv[1], "-h") == 0 ||
-                      std::strcmp(argv[1], "help") == 0)) {
-        std::fputs(nubo::cli::mainHelp, stdout);
-        return 0;
-    }
     if (const int asked = askTray(argc, argv); asked >= 0) {
         return asked;
     }
     if (const int grabbed = askTrayToGrab(argc, argv); grabbed >= 0) {
         return grabbed;
     }
-    const std::string self = selfPath();
-    const std::string program =
-        programBeside(self, argc > 1 ? nubo::programs::programFor(argv[1]) : nubo::programs::whole);
-    // What the program calls itself in commands it shows and starts.
-    ::setenv("NUBOSHOT_PROGRAM", self.c_str(), 1);
+    const std::string program = nubo::programs::programBeside(
+        nubo::programs::selfPath(),
+        argc > 1 ? nubo::programs::programFor(argv[1]) : nubo::programs::whole);
+    // The front named itself already; run directly, this program stands in.
+    if (!std::getenv("NUBOSHOT_PROGRAM")) {
+        ::setenv("NUBOSHOT_PROGRAM", nubo::programs::selfPath().c_str(), 1);
+    }
     ::execv(program.c_str(), argv);
     std::fprintf(stderr, "nuboshot: cannot start %s: %s\n", program.c_str(), std::strerror(errno));
     return 1;
