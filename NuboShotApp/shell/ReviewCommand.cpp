@@ -4,6 +4,7 @@
 #include "review/ShotReviewWindow.h"
 #include "shell/CommandLine.h"
 #include "shell/Translations.h"
+#include "style/ShotIcons.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -33,7 +34,7 @@ int runReviewCommand(int argc, char** argv, const QStringList& arguments)
     QApplication app(argc, argv);
     installTranslations();
     QApplication::setApplicationDisplayName(QStringLiteral("Nubo Shot"));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/nuboshot.svg")));
+    QApplication::setWindowIcon(ShotIcons::application());
     ShotPreferences preferences;
     try {
         ShotReviewWindow window(files.first(), preferences);

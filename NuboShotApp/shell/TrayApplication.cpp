@@ -23,6 +23,7 @@
 #include "shell/ShotStatusMenu.h"
 #include "upload/UploadStore.h"
 #include "settings/ShotSettingsWindow.h"
+#include "style/ShotIcons.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -52,7 +53,7 @@ namespace nubo {
 TrayApplication::TrayApplication(QObject* parent) : QObject(parent)
 {
     initResources();
-    m_icon = QIcon(QStringLiteral(":/icons/nuboshot.svg"));
+    m_icon = ShotIcons::application();
     m_tray.setIcon(m_icon);
     m_tray.setToolTip(QStringLiteral("Nubo Shot"));
 }
@@ -217,6 +218,12 @@ TrayApplication::Start TrayApplication::start()
     if (!claimBusName()) {
         return Start::alreadyRunning;
     }
+    // The icon first: the tray host docks it while the rest is made (no click
+    // is handled before start() returns, and the menu is there by then).
+    if (!QSystemTrayIcon::isSystemTrayAvailable()) {
+        qCWarning(lcApp) << "No system tray yet; the icon appears when one starts";
+    }
+    m_tray.show();
     loadPlatform();
     // Drag and share files from earlier sessions that nobody reads any more.
     ShotQuickSave::sweepTemporaryExports(QDateTime::currentDateTime().addSecs(-3600));
@@ -225,10 +232,6 @@ TrayApplication::Start TrayApplication::start()
     makeMenu();
     bindShortcuts();
     offerBusService();
-    if (!QSystemTrayIcon::isSystemTrayAvailable()) {
-        qCWarning(lcApp) << "No system tray yet; the icon appears when one starts";
-    }
-    m_tray.show();
     qCInfo(lcApp) << "Nubo Shot started";
     recoverRecordings();
     tellInterruptedUploads();

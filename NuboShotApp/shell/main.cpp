@@ -3,6 +3,7 @@
 #include "shell/ReviewCommand.h"
 #include "shell/TrayApplication.h"
 #include "shell/Translations.h"
+#include "style/ShotIcons.h"
 
 #include <QApplication>
 
@@ -41,7 +42,7 @@ int main(int argc, char** argv)
     nubo::installTranslations();
     QApplication::setApplicationDisplayName(QStringLiteral("Nubo Shot"));
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/nuboshot.svg")));
+    QApplication::setWindowIcon(nubo::ShotIcons::application());
 
     nubo::TrayApplication tray;
     if (tray.start() == nubo::TrayApplication::Start::alreadyRunning) {

@@ -132,6 +132,17 @@ QIcon ShotIcons::icon(const QString& name, std::optional<QColor> colour)
     return QIcon(new TintedSvgEngine(name, file.readAll(), colour));
 }
 
+QIcon ShotIcons::application()
+{
+    QFile file(QStringLiteral(":/icons/nuboshot.svg"));
+    if (!file.open(QIODevice::ReadOnly)) {
+        return {};
+    }
+    // No name: desktops would look it up in the icon theme, where a build
+    // that is not installed has none.
+    return QIcon(new TintedSvgEngine(QString(), file.readAll()));
+}
+
 QCursor ShotIcons::cursor(const QString& name, QPointF hotSpot)
 {
     registerIconResource();

@@ -28,6 +28,9 @@ public:
     // A round dot of a colour with a thin edge, `side` points across, drawn
     // at twice the pixels (sharp at 1x and 2x).
     static QIcon colorDot(const QColor& fill, const QColor& edge, int side);
+    // The program's own icon (the menu entry's), drawn by QtSvg here rather
+    // than by Qt's SVG icon plugin, which a start would load first.
+    static QIcon application();
     // Every icon we ship.
     static QStringList names();
 };
