@@ -2151,6 +2151,21 @@
     </message>
 </context>
 <context>
+    <name>nubo::TextRecognition</name>
+    <message>
+        <source>Text in “%1” cannot be recognised: its data is not installed (install the package tesseract-ocr-%2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The text recognition engine could not start with “%1”.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The text could not be recognised.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>nubo::TrayApplication</name>
     <message>
         <source>Open Image in Nubo Shot</source>

@@ -17,6 +17,7 @@ inline constexpr char whole[] = "nuboshot-app";
 inline constexpr char stills[] = "nuboshot-stills";
 inline constexpr char media[] = "nuboshot-media";
 inline constexpr char upload[] = "nuboshot-upload";
+inline constexpr char text[] = "nuboshot-text";
 // Asks a running tray over the bus to capture or grab; runs the command's
 // program when none answers.
 inline constexpr char ask[] = "nuboshot-ask";
@@ -29,7 +30,7 @@ struct Route {
 inline constexpr Route routes[] = {
     {"grab", stills},    {"displays", stills}, {"windows", stills}, {"archive", stills},
     {"export", stills},  {"stitch", stills},   {"video", media},    {"record", media},
-    {"upload", upload},
+    {"upload", upload},  {"ocr", text},
 };
 
 // Set by the front for the stills program when it has asked the bus for a

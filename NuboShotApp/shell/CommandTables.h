@@ -4,6 +4,7 @@
 #include "shell/CaptureCommands.h"
 #include "shell/CommandLine.h"
 #include "shell/ExportCommand.h"
+#include "shell/OcrCommand.h"
 #include "shell/RecordCommand.h"
 #include "shell/StitchCommand.h"
 #include "shell/UploadCommand.h"
@@ -21,5 +22,8 @@ inline constexpr Command stillCommands[] = {
 };
 inline constexpr Command mediaCommands[] = {{"video", runVideoCommand}, {"record", runRecordCommand}};
 inline constexpr Command uploadCommands[] = {{"upload", runUploadCommand}};
+// Text recognition (Tesseract) in a program of its own, so that no other
+// loads it.
+inline constexpr Command textCommands[] = {{"ocr", runOcrCommand}};
 
 } // namespace nubo::cli

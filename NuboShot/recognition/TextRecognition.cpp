@@ -1,0 +1,245 @@
+#include "recognition/TextRecognition.h"
+
+#include "core/Error.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QLocale>
+
+#include <tesseract/baseapi.h>
+#include <tesseract/resultiterator.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace nubo {
+
+namespace {
+
+// Where Debian's tesseract-ocr-* packages put the trained data.
+QString dataFolder()
+{
+    if (const QByteArray own = qgetenv("TESSDATA_PREFIX"); !own.isEmpty()) {
+        return QString::fromLocal8Bit(own);
+    }
+    for (const char* folder : {"/usr/share/tesseract-ocr/5/tessdata", "/usr/share/tesseract-ocr/4.00/tessdata",
+                               "/usr/share/tessdata"}) {
+        if (QDir(QString::fromLatin1(folder)).exists()) {
+            return QString::fromLatin1(folder);
+        }
+    }
+    return QStringLiteral("/usr/share/tesseract-ocr/5/tessdata");
+}
+
+// Tesseract's three-letter name for a desktop language.
+QString tesseractName(QLocale::Language language, QLocale::Script script)
+{
+    switch (language) {
+    case QLocale::German: return QStringLiteral("deu");
+    case QLocale::French: return QStringLiteral("fra");
+    case QLocale::Spanish: return QStringLiteral("spa");
+    case QLocale::Portuguese: return QStringLiteral("por");
+    case QLocale::Italian: return QStringLiteral("ita");
+    case QLocale::Dutch: return QStringLiteral("nld");
+    case QLocale::Polish: return QStringLiteral("pol");
+    case QLocale::Russian: return QStringLiteral("rus");
+    case QLocale::Japanese: return QStringLiteral("jpn");
+    case QLocale::Korean: return QStringLiteral("kor");
+    case QLocale::Chinese:
+        return script == QLocale::TraditionalChineseScript ? QStringLiteral("chi_tra")
+                                                            : QStringLiteral("chi_sim");
+    default: return QStringLiteral("eng");
+    }
+}
+
+// A box of the engine's picture in the original picture's pixels.
+QRect unscaled(int left, int top, int right, int bottom, double scale)
+{
+    return QRect(QPoint(int(left / scale), int(top / scale)),
+                 QPoint(int((right - 1) / scale), int((bottom - 1) / scale)));
+}
+
+int median(QList<int> values)
+{
+    if (values.isEmpty()) {
+        return 0;
+    }
+    std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
+    return values[values.size() / 2];
+}
+
+} // namespace
+
+QString RecognizedText::text() const
+{
+    if (lines.isEmpty()) {
+        return {};
+    }
+    QList<int> heights;
+    int left = lines.first().box.left();
+    qint64 characters = 0, widths = 0;
+    for (const RecognizedLine& line : lines) {
+        heights << line.box.height();
+        left = std::min(left, line.box.left());
+        for (const RecognizedWord& word : line.words) {
+            characters += word.text.size();
+            widths += word.box.width();
+        }
+    }
+    const int lineHeight = std::max(1, median(heights));
+    const double characterWidth = characters > 0 ? double(widths) / double(characters) : lineHeight / 2.0;
+    QString text;
+    for (qsizetype i = 0; i < lines.size(); ++i) {
+        const RecognizedLine& line = lines[i];
+        if (i > 0) {
+            text += u'\n';
+            // A gap of more than half a line between two lines is a paragraph's.
+            const int gap = line.box.top() - lines[i - 1].box.bottom();
+            if (gap > lineHeight * 0.9) {
+                text += u'\n';
+            }
+        }
+        const int indent = int((line.box.left() - left) / characterWidth + 0.5);
+        text += QString(std::max(0, indent), u' ');
+        for (qsizetype w = 0; w < line.words.size(); ++w) {
+            if (w > 0) {
+                // Wide gaps inside a line (columns, aligned code) stay wide.
+                const int space = line.words[w].box.left() - line.words[w - 1].box.right();
+                text += QString(std::max(1, int(space / characterWidth + 0.3)), u' ');
+            }
+            text += line.words[w].text;
+        }
+    }
+    return text;
+}
+
+int RecognizedText::wordCount() const
+{
+    int count = 0;
+    for (const RecognizedLine& line : lines) {
+        count += int(line.words.size());
+    }
+    return count;
+}
+
+QStringList installedRecognitionLanguages()
+{
+    QStringList languages;
+    for (const QString& file : QDir(dataFolder()).entryList({QStringLiteral("*.traineddata")}, QDir::Files)) {
+        const QString name = file.chopped(int(qstrlen(".traineddata")));
+        if (name != QLatin1String("osd") && name != QLatin1String("equ")) {
+            languages << name;
+        }
+    }
+    languages.sort();
+    return languages;
+}
+
+QStringList defaultRecognitionLanguages()
+{
+    const QLocale locale;
+    const QString own = tesseractName(locale.language(), locale.script());
+    const QStringList installed = installedRecognitionLanguages();
+    QStringList chosen;
+    if (installed.contains(own)) {
+        chosen << own;
+    }
+    if (own != QLatin1String("eng") && installed.contains(QStringLiteral("eng"))) {
+        chosen << QStringLiteral("eng"); // screens mix in English words
+    }
+    return chosen.isEmpty() ? QStringList{QStringLiteral("eng")} : chosen;
+}
+
+QImage prepareForRecognition(const QImage& picture, double scale)
+{
+    QImage grey = picture.convertToFormat(QImage::Format_Grayscale8);
+    grey.setDevicePixelRatio(1);
+    // Mostly dark: light text on a dark ground, which the engine reads worse.
+    qint64 sum = 0;
+    for (int y = 0; y < grey.height(); y += 4) {
+        const uchar* row = grey.constScanLine(y);
+        for (int x = 0; x < grey.width(); x += 4) {
+            sum += row[x];
+        }
+    }
+    const qint64 samples = qint64((grey.height() + 3) / 4) * ((grey.width() + 3) / 4);
+    if (samples > 0 && sum / samples < 128) {
+        grey.invertPixels();
+    }
+    if (scale > 1) {
+        grey = grey.scaled((QSizeF(grey.size()) * scale).toSize(), Qt::IgnoreAspectRatio,
+                           Qt::SmoothTransformation);
+    }
+    return grey;
+}
+
+RecognizedText recognizeText(const QImage& picture, const QStringList& languages)
+{
+    const QStringList installed = installedRecognitionLanguages();
+    for (const QString& language : languages) {
+        if (!installed.contains(language)) {
+            throw Error(QCoreApplication::translate(
+                            "nubo::TextRecognition",
+                            "Text in “%1” cannot be recognised: its data is not installed "
+                            "(install the package tesseract-ocr-%2).")
+                            .arg(language, QString(language).replace(u'_', u'-')));
+        }
+    }
+    if (picture.isNull()) {
+        return {};
+    }
+    // Screen text at one pixel a point is small for the engine: twice the size
+    // reads best; a picture taken at twice the density has it already.
+    const double scale = qEnvironmentVariableIsSet("NUBOSHOT_OCR_SCALE") ? qgetenv("NUBOSHOT_OCR_SCALE").toDouble() : (picture.devicePixelRatio() >= 1.5 || picture.height() > 3000 ? 1.0 : 1.5);
+    const QImage grey = prepareForRecognition(picture, scale);
+
+    tesseract::TessBaseAPI api;
+    const QByteArray data = dataFolder().toLocal8Bit();
+    const QByteArray wanted = (languages.isEmpty() ? QStringList{QStringLiteral("eng")} : languages)
+                                  .join(u'+')
+                                  .toLatin1();
+    if (api.Init(data.constData(), wanted.constData(), tesseract::OEM_LSTM_ONLY) != 0) {
+        throw Error(QCoreApplication::translate("nubo::TextRecognition",
+                                                "The text recognition engine could not start with “%1”.")
+                        .arg(QString::fromLatin1(wanted)));
+    }
+    // Screens hold columns, labels and code: the engine finds the blocks
+    // itself, and keeps the spaces between words as it saw them.
+    api.SetPageSegMode(tesseract::PSM_AUTO);
+    api.SetVariable("preserve_interword_spaces", "1");
+    api.SetImage(grey.constBits(), grey.width(), grey.height(), 1, int(grey.bytesPerLine()));
+    api.SetSourceResolution(int(96 * scale));
+    if (api.Recognize(nullptr) != 0) {
+        throw Error(QCoreApplication::translate("nubo::TextRecognition",
+                                                "The text could not be recognised."));
+    }
+    RecognizedText result;
+    std::unique_ptr<tesseract::ResultIterator> it(api.GetIterator());
+    if (!it) {
+        return result;
+    }
+    RecognizedLine line;
+    do {
+        if (it->IsAtBeginningOf(tesseract::RIL_TEXTLINE)) {
+            line = {};
+            int l = 0, t = 0, r = 0, b = 0;
+            it->BoundingBox(tesseract::RIL_TEXTLINE, &l, &t, &r, &b);
+            line.box = unscaled(l, t, r, b, scale);
+        }
+        std::unique_ptr<char[]> word(it->GetUTF8Text(tesseract::RIL_WORD));
+        if (word && *word.get()) {
+            int l = 0, t = 0, r = 0, b = 0;
+            it->BoundingBox(tesseract::RIL_WORD, &l, &t, &r, &b);
+            line.words.append({QString::fromUtf8(word.get()).trimmed(),
+                               unscaled(l, t, r, b, scale),
+                               it->Confidence(tesseract::RIL_WORD)});
+        }
+        if (it->IsAtFinalElement(tesseract::RIL_TEXTLINE, tesseract::RIL_WORD) && !line.words.isEmpty()) {
+            result.lines.append(line);
+            line = {};
+        }
+    } while (it->Next(tesseract::RIL_WORD));
+    return result;
+}
+
+} // namespace nubo
