@@ -6,8 +6,7 @@
 #include <QDir>
 #include <QLocale>
 
-#include <tesseract/baseapi.h>
-#include <tesseract/resultiterator.h>
+#include <tesseract/capi.h>
 
 #include <algorithm>
 #include <memory>
@@ -193,52 +192,57 @@ RecognizedText recognizeText(const QImage& picture, const QStringList& languages
     const double scale = qEnvironmentVariableIsSet("NUBOSHOT_OCR_SCALE") ? qgetenv("NUBOSHOT_OCR_SCALE").toDouble() : (picture.devicePixelRatio() >= 1.5 || picture.height() > 3000 ? 1.0 : 1.5);
     const QImage grey = prepareForRecognition(picture, scale);
 
-    tesseract::TessBaseAPI api;
+    // Tesseract's C interface: the programs that recognise text load the
+    // library on its first call (first-use/TesseractOnFirstUse).
+    const std::unique_ptr<TessBaseAPI, void (*)(TessBaseAPI*)> api(TessBaseAPICreate(), TessBaseAPIDelete);
     const QByteArray data = dataFolder().toLocal8Bit();
     const QByteArray wanted = (languages.isEmpty() ? QStringList{QStringLiteral("eng")} : languages)
                                   .join(u'+')
                                   .toLatin1();
-    if (api.Init(data.constData(), wanted.constData(), tesseract::OEM_LSTM_ONLY) != 0) {
+    if (TessBaseAPIInit2(api.get(), data.constData(), wanted.constData(), tesseract::OEM_LSTM_ONLY) != 0) {
         throw Error(QCoreApplication::translate("nubo::TextRecognition",
                                                 "The text recognition engine could not start with “%1”.")
                         .arg(QString::fromLatin1(wanted)));
     }
     // Screens hold columns, labels and code: the engine finds the blocks
     // itself, and keeps the spaces between words as it saw them.
-    api.SetPageSegMode(tesseract::PSM_AUTO);
-    api.SetVariable("preserve_interword_spaces", "1");
-    api.SetImage(grey.constBits(), grey.width(), grey.height(), 1, int(grey.bytesPerLine()));
-    api.SetSourceResolution(int(96 * scale));
-    if (api.Recognize(nullptr) != 0) {
+    TessBaseAPISetPageSegMode(api.get(), tesseract::PSM_AUTO);
+    TessBaseAPISetVariable(api.get(), "preserve_interword_spaces", "1");
+    TessBaseAPISetImage(api.get(), grey.constBits(), grey.width(), grey.height(), 1, int(grey.bytesPerLine()));
+    TessBaseAPISetSourceResolution(api.get(), int(96 * scale));
+    if (TessBaseAPIRecognize(api.get(), nullptr) != 0) {
         throw Error(QCoreApplication::translate("nubo::TextRecognition",
                                                 "The text could not be recognised."));
     }
     RecognizedText result;
-    std::unique_ptr<tesseract::ResultIterator> it(api.GetIterator());
+    const std::unique_ptr<TessResultIterator, void (*)(TessResultIterator*)> it(
+        TessBaseAPIGetIterator(api.get()), TessResultIteratorDelete);
     if (!it) {
         return result;
     }
+    const TessPageIterator* page = TessResultIteratorGetPageIteratorConst(it.get());
     RecognizedLine line;
     do {
-        if (it->IsAtBeginningOf(tesseract::RIL_TEXTLINE)) {
+        int l = 0, t = 0, r = 0, b = 0;
+        if (TessPageIteratorIsAtBeginningOf(page, tesseract::RIL_TEXTLINE)) {
             line = {};
-            int l = 0, t = 0, r = 0, b = 0;
-            it->BoundingBox(tesseract::RIL_TEXTLINE, &l, &t, &r, &b);
+            TessPageIteratorBoundingBox(page, tesseract::RIL_TEXTLINE, &l, &t, &r, &b);
             line.box = unscaled(l, t, r, b, scale);
         }
-        std::unique_ptr<char[]> word(it->GetUTF8Text(tesseract::RIL_WORD));
-        if (word && *word.get()) {
-            int l = 0, t = 0, r = 0, b = 0;
-            it->BoundingBox(tesseract::RIL_WORD, &l, &t, &r, &b);
-            line.words.append({QString::fromUtf8(word.get()).trimmed(),
-                               unscaled(l, t, r, b, scale),
-                               it->Confidence(tesseract::RIL_WORD)});
+        if (char* word = TessResultIteratorGetUTF8Text(it.get(), tesseract::RIL_WORD)) {
+            const QString text = QString::fromUtf8(word).trimmed();
+            TessDeleteText(word);
+            if (!text.isEmpty()) {
+                TessPageIteratorBoundingBox(page, tesseract::RIL_WORD, &l, &t, &r, &b);
+                line.words.append({text, unscaled(l, t, r, b, scale),
+                                   TessResultIteratorConfidence(it.get(), tesseract::RIL_WORD)});
+            }
         }
-        if (it->IsAtFinalElement(tesseract::RIL_TEXTLINE, tesseract::RIL_WORD) && !line.words.isEmpty()) {
+        if (TessPageIteratorIsAtFinalElement(page, tesseract::RIL_TEXTLINE, tesseract::RIL_WORD) && !line.words.isEmpty()) {
             result.lines.append(line);
             line = {};
         }
-    } while (it->Next(tesseract::RIL_WORD));
+    } while (TessResultIteratorNext(it.get(), tesseract::RIL_WORD));
     return result;
 }
 

@@ -56,6 +56,10 @@ int main(int argc, char** argv)
         }
     }
     const std::string program = nubo::programs::programBeside(self, name);
+    // Tesseract's OpenMP threads spin against each other on a computer of
+    // few cores (a page of text takes six times as long on two): one thread
+    // unless the user says otherwise. OpenMP reads it when it loads, with Qt.
+    ::setenv("OMP_THREAD_LIMIT", "1", 0);
     // What the program calls itself in commands it shows and starts.
     ::setenv("NUBOSHOT_PROGRAM", self.c_str(), 1);
     ::execv(program.c_str(), argv);

@@ -9,9 +9,11 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 // Every test binary runs inside a Qt application, as the program does: the
 // unit tests on the offscreen platform, the others on the private X session.
@@ -20,6 +22,14 @@
 // build folder, removed when it ends (ctest runs each test as one process).
 int main(int argc, char** argv)
 {
+#ifdef NUBOSHOT_TEST_ONE_OPENMP_THREAD
+    // As the front starts the text program: OpenMP held to one thread, which
+    // it reads when it loads (before main), so set and started again.
+    if (!std::getenv("OMP_THREAD_LIMIT")) {
+        ::setenv("OMP_THREAD_LIMIT", "1", 1);
+        ::execv("/proc/self/exe", argv);
+    }
+#endif
     QDir().mkpath(QStringLiteral(NUBOSHOT_TEST_HOME));
     const QTemporaryDir home(QStringLiteral(NUBOSHOT_TEST_HOME "/" NUBOSHOT_TEST_LABEL "-XXXXXX"));
     if (!home.isValid()) {
