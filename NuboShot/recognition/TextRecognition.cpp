@@ -67,6 +67,31 @@ int median(QList<int> values)
     return values[values.size() / 2];
 }
 
+// The usual height of a line of text in a grey picture with dark text: the
+// median run of rows holding ink between rows holding none; 0 when there is
+// no text-like run.
+int typicalLineHeight(const QImage& grey)
+{
+    QList<int> runs;
+    int run = 0;
+    for (int y = 0; y < grey.height(); ++y) {
+        const uchar* row = grey.constScanLine(y);
+        bool ink = false;
+        for (int x = 0; x < grey.width() && !ink; x += 2) {
+            ink = row[x] < 110;
+        }
+        if (ink) {
+            ++run;
+        } else {
+            if (run >= 5 && run <= 80) {
+                runs << run;
+            }
+            run = 0;
+        }
+    }
+    return median(runs);
+}
+
 } // namespace
 
 QString RecognizedText::text() const
@@ -187,9 +212,11 @@ RecognizedText recognizeText(const QImage& picture, const QStringList& languages
     if (picture.isNull()) {
         return {};
     }
-    // Screen text at one pixel a point is small for the engine: twice the size
-    // reads best; a picture taken at twice the density has it already.
-    const double scale = qEnvironmentVariableIsSet("NUBOSHOT_OCR_SCALE") ? qgetenv("NUBOSHOT_OCR_SCALE").toDouble() : (picture.devicePixelRatio() >= 1.5 || picture.height() > 3000 ? 1.0 : 1.5);
+    // The engine reads lines of some 20 pixels and more well; smaller text is
+    // scaled up to that, larger text is left as it is (scaling a whole page
+    // costs time in proportion).
+    const int lineHeight = typicalLineHeight(prepareForRecognition(picture, 1));
+    const double scale = lineHeight > 0 && lineHeight < 18 ? std::min(2.0, 20.0 / lineHeight) : 1.0;
     const QImage grey = prepareForRecognition(picture, scale);
 
     // Tesseract's C interface: the programs that recognise text load the
