@@ -2,6 +2,7 @@
 
 #include "core/Error.h"
 #include "document/ShotImageFile.h"
+#include "recognition/CodeReading.h"
 #include "recognition/TextRecognition.h"
 #include "shell/CommandLine.h"
 
@@ -12,6 +13,7 @@ namespace nubo::cli {
 namespace {
 
 const char* const ocrHelp = R"(Usage: nuboshot ocr FILE [--lang LANG[+LANG...]]
+       nuboshot ocr --codes FILE
        nuboshot ocr --list-languages
 
 Prints the text recognised in an image, with its layout: a line for each
@@ -23,6 +25,8 @@ runs here, on this computer.
                          (eng, deu, fra, chi_sim…; several joined with +);
                          by default the desktop's language where its data is
                          installed (package tesseract-ocr-LANG), and English
+  --codes                the QR codes and barcodes instead, one line each:
+                         the format, a tab and the text
   --list-languages       the languages whose data is installed
 )";
 
@@ -33,6 +37,7 @@ int runOcrCommand(const QStringList& arguments)
     const QString help = QStringLiteral("ocr");
     QString file;
     QStringList languages;
+    bool codes = false;
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const QString& argument = arguments[i];
         if (argument == QLatin1String("-h") || argument == QLatin1String("--help")) {
@@ -45,7 +50,9 @@ int runOcrCommand(const QStringList& arguments)
             }
             return success;
         }
-        if (argument == QLatin1String("--lang") || argument.startsWith(QLatin1String("--lang="))) {
+        if (argument == QLatin1String("--codes")) {
+            codes = true;
+        } else if (argument == QLatin1String("--lang") || argument.startsWith(QLatin1String("--lang="))) {
             QString value;
             if (argument.contains(u'=')) {
                 value = argument.section(u'=', 1);
@@ -69,6 +76,12 @@ int runOcrCommand(const QStringList& arguments)
     }
     try {
         const QImage image = ShotImageFile::read(file);
+        if (codes) {
+            for (const ReadCode& code : readCodes(image)) {
+                print(code.format + u'\t' + code.text);
+            }
+            return success;
+        }
         const RecognizedText text =
             recognizeText(image, languages.isEmpty() ? defaultRecognitionLanguages() : languages);
         const QString all = text.text();

@@ -1,0 +1,71 @@
+#include "recognition/CodeReading.h"
+
+#include <QUrl>
+
+// ZXing-C++ 1.4's text() in UTF-8, as later versions give it.
+#define ZX_USE_UTF8 1
+#include <ZXing/ReadBarcode.h>
+
+#include <algorithm>
+
+namespace nubo {
+
+namespace {
+
+QList<ReadCode> codesIn(const QImage& grey)
+{
+    ZXing::DecodeHints hints;
+    hints.setTryHarder(true).setTryRotate(true);
+    const ZXing::ImageView view(grey.constBits(), grey.width(), grey.height(), ZXing::ImageFormat::Lum,
+                                int(grey.bytesPerLine()));
+    QList<ReadCode> codes;
+    for (const ZXing::Result& result : ZXing::ReadBarcodes(view, hints)) {
+        if (!result.isValid()) {
+            continue;
+        }
+        QPolygon corners;
+        const auto& position = result.position();
+        for (const ZXing::PointI& point : {position.topLeft(), position.topRight(), position.bottomRight(),
+                                           position.bottomLeft()}) {
+            corners << QPoint(point.x, point.y);
+        }
+        codes.append({QString::fromStdString(result.text()),
+                      QString::fromStdString(ZXing::ToString(result.format())), corners});
+    }
+    return codes;
+}
+
+} // namespace
+
+bool ReadCode::isLink() const
+{
+    const QUrl url(text.trimmed(), QUrl::StrictMode);
+    return url.isValid() && (url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http")) &&
+           !url.host().isEmpty();
+}
+
+QList<ReadCode> readCodes(const QImage& picture)
+{
+    if (picture.isNull()) {
+        return {};
+    }
+    QImage grey = picture.convertToFormat(QImage::Format_Grayscale8);
+    QList<ReadCode> codes = codesIn(grey);
+    // Light codes on a dark ground (dark themes) are read inverted.
+    grey.invertPixels();
+    for (const ReadCode& code : codesIn(grey)) {
+        const bool known = std::any_of(codes.cbegin(), codes.cend(), [&](const ReadCode& found) {
+            return found.text == code.text && found.corners.boundingRect().intersects(code.corners.boundingRect());
+        });
+        if (!known) {
+            codes.append(code);
+        }
+    }
+    std::sort(codes.begin(), codes.end(), [](const ReadCode& a, const ReadCode& b) {
+        const QRect ra = a.corners.boundingRect(), rb = b.corners.boundingRect();
+        return ra.top() != rb.top() ? ra.top() < rb.top() : ra.left() < rb.left();
+    });
+    return codes;
+}
+
+} // namespace nubo
