@@ -4,7 +4,7 @@
 #
 #   cmake -DPROGRAM=…/nuboshot -DVERSION=0.1.0 -DOUTPUT=nuboshot.1 -P manpage.cmake
 set(commands capture annotate open displays windows grab archive export stitch record review
-    video upload)
+    video upload ocr)
 
 # The help text of `nuboshot ARGS… --help`, asked without a desktop: no bus,
 # no display, the whole program drawing offscreen.

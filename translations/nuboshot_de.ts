@@ -2154,15 +2154,15 @@
     <name>nubo::TextRecognition</name>
     <message>
         <source>Text in “%1” cannot be recognised: its data is not installed (install the package tesseract-ocr-%2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Text in „%1“ kann nicht erkannt werden: Die Daten dafür sind nicht installiert (installieren Sie das Paket tesseract-ocr-%2).</translation>
     </message>
     <message>
         <source>The text recognition engine could not start with “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Texterkennung konnte mit „%1“ nicht starten.</translation>
     </message>
     <message>
         <source>The text could not be recognised.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Text konnte nicht erkannt werden.</translation>
     </message>
 </context>
 <context>

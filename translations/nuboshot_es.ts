@@ -2154,15 +2154,15 @@
     <name>nubo::TextRecognition</name>
     <message>
         <source>Text in “%1” cannot be recognised: its data is not installed (install the package tesseract-ocr-%2).</source>
-        <translation type="unfinished"></translation>
+        <translation>No se puede reconocer texto en «%1»: sus datos no están instalados (instale el paquete tesseract-ocr-%2).</translation>
     </message>
     <message>
         <source>The text recognition engine could not start with “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>El motor de reconocimiento de texto no pudo iniciarse con «%1».</translation>
     </message>
     <message>
         <source>The text could not be recognised.</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo reconocer el texto.</translation>
     </message>
 </context>
 <context>

@@ -2154,15 +2154,15 @@
     <name>nubo::TextRecognition</name>
     <message>
         <source>Text in “%1” cannot be recognised: its data is not installed (install the package tesseract-ocr-%2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Le texte en «&#xa0;%1&#xa0;» ne peut pas être reconnu&#xa0;: ses données ne sont pas installées (installez le paquet tesseract-ocr-%2).</translation>
     </message>
     <message>
         <source>The text recognition engine could not start with “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le moteur de reconnaissance de texte n&apos;a pas pu démarrer avec «&#xa0;%1&#xa0;».</translation>
     </message>
     <message>
         <source>The text could not be recognised.</source>
-        <translation type="unfinished"></translation>
+        <translation>Le texte n&apos;a pas pu être reconnu.</translation>
     </message>
 </context>
 <context>

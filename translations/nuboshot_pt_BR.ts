@@ -2154,15 +2154,15 @@
     <name>nubo::TextRecognition</name>
     <message>
         <source>Text in “%1” cannot be recognised: its data is not installed (install the package tesseract-ocr-%2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Não é possível reconhecer texto em “%1”: os dados não estão instalados (instale o pacote tesseract-ocr-%2).</translation>
     </message>
     <message>
         <source>The text recognition engine could not start with “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>O mecanismo de reconhecimento de texto não pôde iniciar com “%1”.</translation>
     </message>
     <message>
         <source>The text could not be recognised.</source>
-        <translation type="unfinished"></translation>
+        <translation>Não foi possível reconhecer o texto.</translation>
     </message>
 </context>
 <context>

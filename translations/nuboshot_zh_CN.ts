@@ -2152,15 +2152,15 @@
     <name>nubo::TextRecognition</name>
     <message>
         <source>Text in “%1” cannot be recognised: its data is not installed (install the package tesseract-ocr-%2).</source>
-        <translation type="unfinished"></translation>
+        <translation>无法识别“%1”文字：其数据未安装（请安装 tesseract-ocr-%2 软件包）。</translation>
     </message>
     <message>
         <source>The text recognition engine could not start with “%1”.</source>
-        <translation type="unfinished"></translation>
+        <translation>文字识别引擎无法以“%1”启动。</translation>
     </message>
     <message>
         <source>The text could not be recognised.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法识别文字。</translation>
     </message>
 </context>
 <context>

@@ -231,9 +231,13 @@ RecognizedText recognizeText(const QImage& picture, const QStringList& languages
                                                 "The text recognition engine could not start with “%1”.")
                         .arg(QString::fromLatin1(wanted)));
     }
-    // Screens hold columns, labels and code: the engine finds the blocks
-    // itself, and keeps the spaces between words as it saw them.
-    TessBaseAPISetPageSegMode(api.get(), tesseract::PSM_AUTO);
+    // A whole screen holds columns, labels and panels: the engine finds the
+    // blocks itself. A framed selection is mostly one block (a paragraph, a
+    // piece of code): read as one, its short lines (a lone closing brace)
+    // are not taken for noise. Spaces between words stay as they were seen.
+    const bool selection = picture.width() <= 1200 * picture.devicePixelRatio() &&
+                           picture.height() <= 800 * picture.devicePixelRatio();
+    TessBaseAPISetPageSegMode(api.get(), selection ? tesseract::PSM_SINGLE_BLOCK : tesseract::PSM_AUTO);
     TessBaseAPISetVariable(api.get(), "preserve_interword_spaces", "1");
     TessBaseAPISetImage(api.get(), grey.constBits(), grey.width(), grey.height(), 1, int(grey.bytesPerLine()));
     TessBaseAPISetSourceResolution(api.get(), int(96 * scale));

@@ -31,6 +31,8 @@ Commands:
   video info FILE         what a recording holds
   upload FILE [--destination auto|r2|filebin]
                           upload a file to Filebin or an S3 bucket and print its link
+  ocr FILE [--lang LANG] | --codes FILE
+                          print the text (or the QR codes and barcodes) in an image
 
 Options:
   -h, --help              show this help; "nuboshot COMMAND --help" for a command

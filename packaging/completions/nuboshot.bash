@@ -30,7 +30,7 @@ _nuboshot()
         cword=$COMP_CWORD
     fi
     local program=${words[0]}
-    local commands="capture annotate open displays windows grab archive export stitch record review video upload"
+    local commands="capture annotate open displays windows grab archive export stitch record review video upload ocr"
     if [ "$cword" -eq 1 ]; then
         COMPREPLY=($(compgen -W "$commands -h --help -v --version" -- "$cur"))
         return
@@ -106,6 +106,7 @@ _nuboshot()
                 COMPREPLY=($(compgen -f -- "$cur"))
             fi ;;
         upload) _nuboshot_options_or -f "--destination -h --help" ;;
+        ocr) _nuboshot_options_or -f "--lang --codes --list-languages -h --help" ;;
         stitch) _nuboshot_options_or -f "-o --output --verbose -h --help" ;;
         annotate | open | review) _nuboshot_options_or -f "-h --help" ;;
     esac

@@ -21,7 +21,8 @@ set -l described \
     record "Record the screen" \
     review "Open a recording for review" \
     video "Export or describe a recording" \
-    upload "Upload a file"
+    upload "Upload a file" \
+    ocr "Print the text or the codes in an image"
 set -l commands $described[1..-1..2]
 set -l first "not __fish_seen_subcommand_from $commands"
 complete -c nuboshot -f
@@ -49,7 +50,10 @@ complete -c nuboshot -n "__fish_seen_subcommand_from export" -l format -x -a "pn
 complete -c nuboshot -n "__fish_seen_subcommand_from export" -l quality -x -d "Lossy quality, 0 to 1"
 complete -c nuboshot -n "__fish_seen_subcommand_from export" -l scale -x -a "1 2"
 
-complete -c nuboshot -n "__fish_seen_subcommand_from stitch annotate open review upload" -F
+complete -c nuboshot -n "__fish_seen_subcommand_from stitch annotate open review upload ocr" -F
+complete -c nuboshot -n "__fish_seen_subcommand_from ocr" -l lang -x -d "Languages of the text"
+complete -c nuboshot -n "__fish_seen_subcommand_from ocr" -l codes -d "QR codes and barcodes instead"
+complete -c nuboshot -n "__fish_seen_subcommand_from ocr" -l list-languages -d "The installed languages"
 complete -c nuboshot -n "__fish_seen_subcommand_from stitch" -l verbose -d "One line per frame"
 complete -c nuboshot -n "__fish_seen_subcommand_from upload" -l destination -x -a "auto r2 filebin"
 
