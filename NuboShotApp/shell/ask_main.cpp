@@ -35,9 +35,6 @@ int askTray(int argc, char** argv)
         mode != QLatin1String("fullscreen") && mode != QLatin1String("scrolling")) {
         return -1; // the whole program explains its usage
     }
-    if (!nubo::bus::trayMayRun()) {
-        return -1; // the whole program starts the tray first
-    }
     QCoreApplication app(argc, argv);
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(QLatin1String(nubo::bus::name))) {
@@ -76,9 +73,6 @@ int askTrayToGrab(int argc, char** argv)
 {
     if (argc < 2 || std::strcmp(argv[1], "grab") != 0) {
         return -1;
-    }
-    if (!nubo::bus::trayMayRun()) {
-        return grabHere();
     }
     QCoreApplication app(argc, argv);
     nubo::followDebugSwitch();
