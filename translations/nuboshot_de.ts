@@ -1199,6 +1199,33 @@
         <source>Could Not Open Recent Image</source>
         <translation>Zuletzt verwendetes Bild konnte nicht geöffnet werden</translation>
     </message>
+    <message>
+        <source>Could Not Open Screenshot</source>
+        <translation>Bildschirmaufnahme konnte nicht geöffnet werden</translation>
+    </message>
+    <message>
+        <source>Could Not Read Text</source>
+        <translation>Text konnte nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>No Text Found</source>
+        <translation>Kein Text gefunden</translation>
+    </message>
+    <message>
+        <source>No text could be read in the framed area.</source>
+        <translation>Im gewählten Bereich konnte kein Text gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>Im Editor öffnen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>%n Wort kopiert</numerusform>
+            <numerusform>%n Wörter kopiert</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotGlobalShortcuts</name>
@@ -1225,6 +1252,10 @@
     <message>
         <source>Global shortcuts are not available on this desktop.</source>
         <translation>Globale Tastenkürzel sind in dieser Arbeitsumgebung nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>Capture Text</source>
+        <translation>Text aufnehmen</translation>
     </message>
 </context>
 <context>

@@ -12,6 +12,16 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotFeature</name>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>Copied %n word</numerusform>
+            <numerusform>Copied %n words</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotSettingsBackup</name>
     <message numerus="yes">
         <source>%n setting(s) restored.</source>

@@ -1199,6 +1199,33 @@
         <source>Could Not Open Recent Image</source>
         <translation>No se pudo abrir la imagen reciente</translation>
     </message>
+    <message>
+        <source>Could Not Open Screenshot</source>
+        <translation>No se pudo abrir la captura de pantalla</translation>
+    </message>
+    <message>
+        <source>Could Not Read Text</source>
+        <translation>No se pudo leer el texto</translation>
+    </message>
+    <message>
+        <source>No Text Found</source>
+        <translation>No se encontró texto</translation>
+    </message>
+    <message>
+        <source>No text could be read in the framed area.</source>
+        <translation>No se pudo leer ningún texto en el área elegida.</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>Abrir en el editor</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>%n palabra copiada</numerusform>
+            <numerusform>%n palabras copiadas</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotGlobalShortcuts</name>
@@ -1225,6 +1252,10 @@
     <message>
         <source>Global shortcuts are not available on this desktop.</source>
         <translation>Los atajos globales no están disponibles en este escritorio.</translation>
+    </message>
+    <message>
+        <source>Capture Text</source>
+        <translation>Capturar texto</translation>
     </message>
 </context>
 <context>

@@ -1199,6 +1199,33 @@
         <source>Could Not Open Recent Image</source>
         <translation>Impossible d&apos;ouvrir l&apos;image récente</translation>
     </message>
+    <message>
+        <source>Could Not Open Screenshot</source>
+        <translation>Impossible d’ouvrir la capture d’écran</translation>
+    </message>
+    <message>
+        <source>Could Not Read Text</source>
+        <translation>Impossible de lire le texte</translation>
+    </message>
+    <message>
+        <source>No Text Found</source>
+        <translation>Aucun texte trouvé</translation>
+    </message>
+    <message>
+        <source>No text could be read in the framed area.</source>
+        <translation>Aucun texte n’a pu être lu dans la zone choisie.</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>Ouvrir dans l’éditeur</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>%n mot copié</numerusform>
+            <numerusform>%n mots copiés</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotGlobalShortcuts</name>
@@ -1225,6 +1252,10 @@
     <message>
         <source>Global shortcuts are not available on this desktop.</source>
         <translation>Les raccourcis globaux ne sont pas disponibles sur ce bureau.</translation>
+    </message>
+    <message>
+        <source>Capture Text</source>
+        <translation>Capturer du texte</translation>
     </message>
 </context>
 <context>

@@ -1199,6 +1199,33 @@
         <source>Could Not Open Recent Image</source>
         <translation>Não foi possível abrir a imagem recente</translation>
     </message>
+    <message>
+        <source>Could Not Open Screenshot</source>
+        <translation>Não foi possível abrir a captura de tela</translation>
+    </message>
+    <message>
+        <source>Could Not Read Text</source>
+        <translation>Não foi possível ler o texto</translation>
+    </message>
+    <message>
+        <source>No Text Found</source>
+        <translation>Nenhum texto encontrado</translation>
+    </message>
+    <message>
+        <source>No text could be read in the framed area.</source>
+        <translation>Nenhum texto pôde ser lido na área escolhida.</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>Abrir no editor</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>%n palavra copiada</numerusform>
+            <numerusform>%n palavras copiadas</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotGlobalShortcuts</name>
@@ -1225,6 +1252,10 @@
     <message>
         <source>Global shortcuts are not available on this desktop.</source>
         <translation>Atalhos globais não estão disponíveis nesta área de trabalho.</translation>
+    </message>
+    <message>
+        <source>Capture Text</source>
+        <translation>Capturar texto</translation>
     </message>
 </context>
 <context>

@@ -1198,6 +1198,32 @@
         <source>Could Not Open Recent Image</source>
         <translation>无法打开最近的图片</translation>
     </message>
+    <message>
+        <source>Could Not Open Screenshot</source>
+        <translation>无法打开截图</translation>
+    </message>
+    <message>
+        <source>Could Not Read Text</source>
+        <translation>无法识别文字</translation>
+    </message>
+    <message>
+        <source>No Text Found</source>
+        <translation>未找到文字</translation>
+    </message>
+    <message>
+        <source>No text could be read in the framed area.</source>
+        <translation>在所选区域中未能识别出文字。</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>在编辑器中打开</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>已复制 %n 个词</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotGlobalShortcuts</name>
@@ -1224,6 +1250,10 @@
     <message>
         <source>Global shortcuts are not available on this desktop.</source>
         <translation>此桌面不支持全局快捷键。</translation>
+    </message>
+    <message>
+        <source>Capture Text</source>
+        <translation>识别文字</translation>
     </message>
 </context>
 <context>

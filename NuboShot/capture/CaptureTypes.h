@@ -17,9 +17,9 @@
 
 namespace nubo {
 
-enum class CaptureMode { area, window, fullscreen, scrolling };
+enum class CaptureMode { area, window, fullscreen, scrolling, text };
 template <> struct EnumNames<CaptureMode> {
-    static constexpr std::array names{"area", "window", "fullscreen", "scrolling"};
+    static constexpr std::array names{"area", "window", "fullscreen", "scrolling", "text"};
 };
 
 // The one error of every capture path.

@@ -65,6 +65,8 @@ inline constexpr char recordingFolder[] = "shot.recording.folder";
 inline constexpr char recordingCameraFrame[] = "shot.recording.camera.frame";
 inline constexpr char recordingAvatarSource[] = "shot.recording.avatar.source";
 inline constexpr char recordingAvatarCameraDeviceID[] = "shot.recording.avatar.cameraDeviceID";
+// Tesseract's names joined by "+" ("deu+eng"); absent: the desktop's language.
+inline constexpr char recognitionLanguages[] = "shot.recognition.languages";
 } // namespace keys
 
 // Typed reads over the user's preferences (an INI file under

@@ -111,7 +111,22 @@ QString RecognizedText::text() const
         }
     }
     const int lineHeight = std::max(1, median(heights));
-    const double characterWidth = characters > 0 ? double(widths) / double(characters) : lineHeight / 2.0;
+    // The advance of a character: from a word's start to the next one's over
+    // its letters and one space. The words' boxes alone hold only the ink,
+    // narrower than the advances, which would indent code too far.
+    qint64 advances = 0, advanced = 0;
+    for (const RecognizedLine& line : lines) {
+        for (qsizetype w = 1; w < line.words.size(); ++w) {
+            const RecognizedWord& before = line.words[w - 1];
+            if (line.words[w].box.left() - before.box.right() < lineHeight) { // one space
+                advances += line.words[w].box.left() - before.box.left();
+                advanced += before.text.size() + 1;
+            }
+        }
+    }
+    const double characterWidth = advanced >= 8 ? double(advances) / double(advanced)
+                                  : characters > 0 ? double(widths) / double(characters)
+                                                   : lineHeight / 2.0;
     QString text;
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const RecognizedLine& line = lines[i];

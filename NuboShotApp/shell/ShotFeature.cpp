@@ -14,12 +14,15 @@
 #include "scrolling/ShotScrollingSession.h"
 #include "shell/EditorCommands.h"
 #include "shell/ShotStatusMenu.h"
+#include "text/ShotTextReading.h"
+#include "output/ShotNotifications.h"
 
 #include <QCursor>
 #include <QFutureWatcher>
 #include <QGuiApplication>
 #include <QMessageBox>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QThread>
 #include <QtConcurrent>
 
@@ -235,7 +238,11 @@ void ShotFeature::frozen(CaptureMode mode, const Frozen& result)
     }
     if (result.picked) {
         m_accepted.start();
-        finishCapture(result.picked->image, result.picked->scale);
+        if (m_mode == CaptureMode::text) {
+            copyText(result.picked->image, result.picked->scale);
+        } else {
+            finishCapture(result.picked->image, result.picked->scale);
+        }
         return;
     }
     if (mode == CaptureMode::fullscreen) {
@@ -274,7 +281,11 @@ void ShotFeature::framed(const ShotCaptureSelection& selection)
                 const QImage image = region.pixelRect == d.image.rect()
                                          ? d.image
                                          : d.image.copy(region.pixelRect);
-                finishCapture(image, d.space.scale);
+                if (m_mode == CaptureMode::text) {
+                    copyText(image, d.space.scale);
+                } else {
+                    finishCapture(image, d.space.scale);
+                }
                 return;
             }
         }
@@ -358,6 +369,56 @@ void ShotFeature::finishCapture(const QImage& image, double scale, const QString
     if (m_preferences.boolean(keys::copyRawOnCapture, false)) {
         copyRaw(editor, document);
     }
+}
+
+void ShotFeature::copyText(const QImage& image, double scale)
+{
+    m_capturing = false; // the next capture need not wait for the reading
+    QImage picture = image;
+    picture.setDevicePixelRatio(scale);
+    const auto openInEditor = [this, image, scale] {
+        try {
+            openEditor(ShotDocument::fromImage(image, scale));
+        } catch (const Error& error) {
+            presentAlert(tr("Could Not Open Screenshot"), error.message());
+        }
+    };
+    readShot(picture, recognitionLanguages(m_preferences), true, this,
+             [this, openInEditor](const ShotReading& reading) {
+        if (!reading.error.isEmpty()) {
+            qCWarning(lcApp, "Text not read: %s", qPrintable(reading.error));
+            presentAlert(tr("Could Not Read Text"), reading.error);
+            return;
+        }
+        // Text first; a code alone (a QR code framed by itself) gives its own text.
+        QString text = reading.text.text();
+        int words = reading.text.wordCount();
+        if (text.trimmed().isEmpty()) {
+            QStringList codes;
+            for (const ReadCode& code : reading.codes) {
+                codes << code.text;
+            }
+            text = codes.join(u'\n');
+            words = int(text.split(QRegularExpression(QStringLiteral("\\s+")), Qt::SkipEmptyParts).size());
+        }
+        ShotNotifications& notifications = ShotNotifications::shared();
+        if (text.trimmed().isEmpty()) {
+            notifications.notifyAction(tr("No Text Found"),
+                                       tr("No text could be read in the framed area."),
+                                       tr("Open in Editor"), openInEditor);
+            return;
+        }
+        auto item = std::make_unique<QMimeData>();
+        item->setText(text);
+        ShotClipboard::shared().write(std::move(item));
+        // The start of the text, on one line, as the notification shows it.
+        QString start = text.simplified();
+        if (start.size() > 80) {
+            start = start.left(79) + QChar(0x2026);
+        }
+        notifications.notifyAction(tr("Copied %n word(s)", nullptr, words), start,
+                                   tr("Open in Editor"), openInEditor);
+    });
 }
 
 void ShotFeature::followInRecents(ShotEditorWindow* editor, const QUuid& id)

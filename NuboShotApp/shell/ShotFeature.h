@@ -80,6 +80,9 @@ private:
     void failed(const QString& message);
     ShotEditorWindow* openEditor(ShotDocument document);
     void finishCapture(const QImage& image, double scale, const QString& notice = {});
+    // Capture Text: the picture's text on the clipboard and a notification
+    // that opens the picture in an editor.
+    void copyText(const QImage& image, double scale);
     void copyRaw(ShotEditorWindow* editor, const ShotDocument& document);
     // The editor's outputs keep the recent entry `id` up to date.
     void followInRecents(ShotEditorWindow* editor, const QUuid& id);

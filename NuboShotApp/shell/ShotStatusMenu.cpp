@@ -36,7 +36,8 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
                              : mode == CaptureMode::window ? QStringLiteral("nuboshot-capture-window")
                              : mode == CaptureMode::scrolling
                                  ? QStringLiteral("nuboshot-capture-scrolling")
-                                 : QStringLiteral("video-display");
+                             : mode == CaptureMode::text ? QStringLiteral("nuboshot-capture-text")
+                                                         : QStringLiteral("video-display");
         QAction* item = m_menu.addAction(ShotIcons::icon(icon), captureTitle(mode));
         item->setData(toString(mode));
         // Modes that need parts not built yet are shown but cannot be chosen.

@@ -32,7 +32,8 @@ int askTray(int argc, char** argv)
     const QString mode = QString::fromLocal8Bit(argv[2]);
     const bool recording = mode == QLatin1String("recording");
     if (!recording && mode != QLatin1String("area") && mode != QLatin1String("window") &&
-        mode != QLatin1String("fullscreen") && mode != QLatin1String("scrolling")) {
+        mode != QLatin1String("fullscreen") && mode != QLatin1String("scrolling") &&
+        mode != QLatin1String("text")) {
         return -1; // the whole program explains its usage
     }
     QCoreApplication app(argc, argv);

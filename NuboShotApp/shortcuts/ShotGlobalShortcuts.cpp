@@ -31,6 +31,8 @@ QString ShotGlobalShortcuts::title(const QString& action)
         return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Capture Fullscreen");
     case CaptureMode::scrolling:
         return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Capture Scrolling");
+    case CaptureMode::text:
+        return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Capture Text");
     }
     return {};
 }
@@ -59,6 +61,8 @@ QString ShotGlobalShortcuts::defaultShortcut(const QString& action)
         return QStringLiteral("Alt+Print");
     case CaptureMode::scrolling:
         return QStringLiteral("Ctrl+Shift+Print");
+    case CaptureMode::text:
+        return {}; // unbound until the user chooses a key
     }
     return {};
 }

@@ -26,7 +26,8 @@ bool PortalCapturePlatform::available()
 CapturePlatformFeatures PortalCapturePlatform::features() const
 {
     CapturePlatformFeatures features;
-    features.modes = {CaptureMode::area, CaptureMode::fullscreen, CaptureMode::scrolling};
+    features.modes = {CaptureMode::area, CaptureMode::fullscreen, CaptureMode::scrolling,
+                      CaptureMode::text};
     features.recording = true;
     features.regionStreams = true;
     features.autoScroll = PortalScrollDriving::available();

@@ -12,6 +12,7 @@
 #include <QRegularExpression>
 
 #include "core/Error.h"
+#include "support/TextMeasures.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -20,36 +21,7 @@
 namespace nubo {
 namespace {
 
-// Edits (insertions, deletions, substitutions) from one text to another.
-qsizetype editDistance(const QString& from, const QString& to)
-{
-    std::vector<qsizetype> row(size_t(to.size()) + 1);
-    for (qsizetype j = 0; j <= to.size(); ++j) {
-        row[size_t(j)] = j;
-    }
-    for (qsizetype i = 1; i <= from.size(); ++i) {
-        qsizetype diagonal = row[0];
-        row[0] = i;
-        for (qsizetype j = 1; j <= to.size(); ++j) {
-            const qsizetype above = row[size_t(j)];
-            row[size_t(j)] = std::min({above + 1, row[size_t(j - 1)] + 1,
-                                       diagonal + (from[i - 1] == to[j - 1] ? 0 : 1)});
-            diagonal = above;
-        }
-    }
-    return row[size_t(to.size())];
-}
-
-QString folded(const QString& text)
-{
-    return text.simplified();
-}
-
-double characterErrorRate(const QString& recognised, const QString& truth)
-{
-    const QString t = folded(truth);
-    return double(editDistance(folded(recognised), t)) / double(std::max<qsizetype>(1, t.size()));
-}
+using test::characterErrorRate;
 
 struct Sample {
     const char* what;
