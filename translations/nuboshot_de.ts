@@ -1161,6 +1161,56 @@
         <source>%1 copied</source>
         <translation>%1 kopiert</translation>
     </message>
+    <message>
+        <source>Copy Text</source>
+        <translation>Text kopieren</translation>
+    </message>
+    <message>
+        <source>Copy the shot&apos;s text, or the selected words (Ctrl+Shift+C)</source>
+        <translation>Den Text der Aufnahme oder die gewählten Wörter kopieren (Strg+Umschalt+C)</translation>
+    </message>
+    <message>
+        <source>Hide Sensitive Text…</source>
+        <translation>Vertrauliches verbergen…</translation>
+    </message>
+    <message>
+        <source>Pixelate e-mail addresses, phone numbers, keys and the like (Ctrl+Shift+H)</source>
+        <translation>E-Mail-Adressen, Telefonnummern, Schlüssel und Ähnliches verpixeln (Strg+Umschalt+H)</translation>
+    </message>
+    <message>
+        <source>Reading the text…</source>
+        <translation>Text wird gelesen…</translation>
+    </message>
+    <message>
+        <source>No text found in this shot</source>
+        <translation>Kein Text in dieser Aufnahme gefunden</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>%n Wort kopiert</numerusform>
+            <numerusform>%n Wörter kopiert</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No sensitive text found</source>
+        <translation>Nichts Vertrauliches gefunden</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) hidden</source>
+        <translation>
+            <numerusform>%n Eintrag verborgen</numerusform>
+            <numerusform>%n Einträge verborgen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+C</source>
+        <translation>Strg+Umschalt+C</translation>
+    </message>
+    <message>
+        <source>Copy the text</source>
+        <translation>Den Text kopieren</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotEmojiPicker</name>
@@ -1738,6 +1788,45 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotSensitiveTextDialog</name>
+    <message>
+        <source>E-mail address</source>
+        <translation>E-Mail-Adresse</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>Telefonnummer</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>IP-Adresse</translation>
+    </message>
+    <message>
+        <source>Card number</source>
+        <translation>Kartennummer</translation>
+    </message>
+    <message>
+        <source>Key or token</source>
+        <translation>Schlüssel oder Token</translation>
+    </message>
+    <message>
+        <source>Private key</source>
+        <translation>Privater Schlüssel</translation>
+    </message>
+    <message>
+        <source>Hide Sensitive Text</source>
+        <translation>Vertrauliches verbergen</translation>
+    </message>
+    <message>
+        <source>The ticked text is pixelated. Untick what may stay readable.</source>
+        <translation>Der angehakte Text wird verpixelt. Entfernen Sie den Haken bei allem, was lesbar bleiben darf.</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Verbergen</translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotSettingsBackup</name>
     <message>
         <source>not a setting of this version</source>
@@ -2023,6 +2112,33 @@
     <message>
         <source>&amp;Emoji</source>
         <translation>&amp;Emoji</translation>
+    </message>
+    <message>
+        <source>Drag over the words to select them; Ctrl+C copies them</source>
+        <translation>Über die Wörter ziehen, um sie zu wählen; Strg+C kopiert sie</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotTextLayer</name>
+    <message>
+        <source>No text found in this shot</source>
+        <translation>Kein Text in dieser Aufnahme gefunden</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Code copied</source>
+        <translation>Code kopiert</translation>
+    </message>
+    <message>
+        <source>Open Link</source>
+        <translation>Link öffnen</translation>
+    </message>
+    <message>
+        <source>No application opens this link</source>
+        <translation>Kein Programm öffnet diesen Link</translation>
     </message>
 </context>
 <context>

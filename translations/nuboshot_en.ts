@@ -12,6 +12,23 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotEditorWindow</name>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>Copied %n word</numerusform>
+            <numerusform>Copied %n words</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) hidden</source>
+        <translation>
+            <numerusform>%n item hidden</numerusform>
+            <numerusform>%n items hidden</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotFeature</name>
     <message numerus="yes">
         <source>Copied %n word(s)</source>

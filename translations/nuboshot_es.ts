@@ -1161,6 +1161,56 @@
         <source>%1 copied</source>
         <translation>%1 copiado</translation>
     </message>
+    <message>
+        <source>Copy Text</source>
+        <translation>Copiar texto</translation>
+    </message>
+    <message>
+        <source>Copy the shot&apos;s text, or the selected words (Ctrl+Shift+C)</source>
+        <translation>Copiar el texto de la captura o las palabras elegidas (Ctrl+Mayús+C)</translation>
+    </message>
+    <message>
+        <source>Hide Sensitive Text…</source>
+        <translation>Ocultar texto sensible…</translation>
+    </message>
+    <message>
+        <source>Pixelate e-mail addresses, phone numbers, keys and the like (Ctrl+Shift+H)</source>
+        <translation>Pixelar direcciones de correo, números de teléfono, claves y similares (Ctrl+Mayús+H)</translation>
+    </message>
+    <message>
+        <source>Reading the text…</source>
+        <translation>Leyendo el texto…</translation>
+    </message>
+    <message>
+        <source>No text found in this shot</source>
+        <translation>No se encontró texto en esta captura</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>%n palabra copiada</numerusform>
+            <numerusform>%n palabras copiadas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No sensitive text found</source>
+        <translation>No se encontró texto sensible</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) hidden</source>
+        <translation>
+            <numerusform>%n elemento oculto</numerusform>
+            <numerusform>%n elementos ocultos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+C</source>
+        <translation>Ctrl+Mayús+C</translation>
+    </message>
+    <message>
+        <source>Copy the text</source>
+        <translation>Copiar el texto</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotEmojiPicker</name>
@@ -1738,6 +1788,45 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotSensitiveTextDialog</name>
+    <message>
+        <source>E-mail address</source>
+        <translation>Correo electrónico</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>Número de teléfono</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>Dirección IP</translation>
+    </message>
+    <message>
+        <source>Card number</source>
+        <translation>Número de tarjeta</translation>
+    </message>
+    <message>
+        <source>Key or token</source>
+        <translation>Clave o token</translation>
+    </message>
+    <message>
+        <source>Private key</source>
+        <translation>Clave privada</translation>
+    </message>
+    <message>
+        <source>Hide Sensitive Text</source>
+        <translation>Ocultar texto sensible</translation>
+    </message>
+    <message>
+        <source>The ticked text is pixelated. Untick what may stay readable.</source>
+        <translation>El texto marcado se pixela. Desmarque lo que puede seguir siendo legible.</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Ocultar</translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotSettingsBackup</name>
     <message>
         <source>not a setting of this version</source>
@@ -2023,6 +2112,33 @@
     <message>
         <source>&amp;Emoji</source>
         <translation>&amp;Emoji</translation>
+    </message>
+    <message>
+        <source>Drag over the words to select them; Ctrl+C copies them</source>
+        <translation>Arrastre sobre las palabras para elegirlas; Ctrl+C las copia</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotTextLayer</name>
+    <message>
+        <source>No text found in this shot</source>
+        <translation>No se encontró texto en esta captura</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Code copied</source>
+        <translation>Código copiado</translation>
+    </message>
+    <message>
+        <source>Open Link</source>
+        <translation>Abrir enlace</translation>
+    </message>
+    <message>
+        <source>No application opens this link</source>
+        <translation>Ninguna aplicación abre este enlace</translation>
     </message>
 </context>
 <context>

@@ -1161,6 +1161,56 @@
         <source>%1 copied</source>
         <translation>%1 copié</translation>
     </message>
+    <message>
+        <source>Copy Text</source>
+        <translation>Copier le texte</translation>
+    </message>
+    <message>
+        <source>Copy the shot&apos;s text, or the selected words (Ctrl+Shift+C)</source>
+        <translation>Copier le texte de la capture, ou les mots choisis (Ctrl+Maj+C)</translation>
+    </message>
+    <message>
+        <source>Hide Sensitive Text…</source>
+        <translation>Masquer le texte sensible…</translation>
+    </message>
+    <message>
+        <source>Pixelate e-mail addresses, phone numbers, keys and the like (Ctrl+Shift+H)</source>
+        <translation>Pixeliser adresses e-mail, numéros de téléphone, clés et autres (Ctrl+Maj+H)</translation>
+    </message>
+    <message>
+        <source>Reading the text…</source>
+        <translation>Lecture du texte…</translation>
+    </message>
+    <message>
+        <source>No text found in this shot</source>
+        <translation>Aucun texte trouvé dans cette capture</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>%n mot copié</numerusform>
+            <numerusform>%n mots copiés</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No sensitive text found</source>
+        <translation>Aucun texte sensible trouvé</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) hidden</source>
+        <translation>
+            <numerusform>%n élément masqué</numerusform>
+            <numerusform>%n éléments masqués</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+C</source>
+        <translation>Ctrl+Maj+C</translation>
+    </message>
+    <message>
+        <source>Copy the text</source>
+        <translation>Copier le texte</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotEmojiPicker</name>
@@ -1738,6 +1788,45 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotSensitiveTextDialog</name>
+    <message>
+        <source>E-mail address</source>
+        <translation>Adresse e-mail</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>Numéro de téléphone</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>Adresse IP</translation>
+    </message>
+    <message>
+        <source>Card number</source>
+        <translation>Numéro de carte</translation>
+    </message>
+    <message>
+        <source>Key or token</source>
+        <translation>Clé ou jeton</translation>
+    </message>
+    <message>
+        <source>Private key</source>
+        <translation>Clé privée</translation>
+    </message>
+    <message>
+        <source>Hide Sensitive Text</source>
+        <translation>Masquer le texte sensible</translation>
+    </message>
+    <message>
+        <source>The ticked text is pixelated. Untick what may stay readable.</source>
+        <translation>Le texte coché est pixelisé. Décochez ce qui peut rester lisible.</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Masquer</translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotSettingsBackup</name>
     <message>
         <source>not a setting of this version</source>
@@ -2023,6 +2112,33 @@
     <message>
         <source>&amp;Emoji</source>
         <translation>É&amp;moji</translation>
+    </message>
+    <message>
+        <source>Drag over the words to select them; Ctrl+C copies them</source>
+        <translation>Glissez sur les mots pour les choisir ; Ctrl+C les copie</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotTextLayer</name>
+    <message>
+        <source>No text found in this shot</source>
+        <translation>Aucun texte trouvé dans cette capture</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Code copied</source>
+        <translation>Code copié</translation>
+    </message>
+    <message>
+        <source>Open Link</source>
+        <translation>Ouvrir le lien</translation>
+    </message>
+    <message>
+        <source>No application opens this link</source>
+        <translation>Aucune application n’ouvre ce lien</translation>
     </message>
 </context>
 <context>

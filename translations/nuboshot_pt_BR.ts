@@ -1161,6 +1161,56 @@
         <source>%1 copied</source>
         <translation>%1 copiado</translation>
     </message>
+    <message>
+        <source>Copy Text</source>
+        <translation>Copiar texto</translation>
+    </message>
+    <message>
+        <source>Copy the shot&apos;s text, or the selected words (Ctrl+Shift+C)</source>
+        <translation>Copiar o texto da captura ou as palavras escolhidas (Ctrl+Shift+C)</translation>
+    </message>
+    <message>
+        <source>Hide Sensitive Text…</source>
+        <translation>Ocultar texto sensível…</translation>
+    </message>
+    <message>
+        <source>Pixelate e-mail addresses, phone numbers, keys and the like (Ctrl+Shift+H)</source>
+        <translation>Pixelizar endereços de e-mail, telefones, chaves e afins (Ctrl+Shift+H)</translation>
+    </message>
+    <message>
+        <source>Reading the text…</source>
+        <translation>Lendo o texto…</translation>
+    </message>
+    <message>
+        <source>No text found in this shot</source>
+        <translation>Nenhum texto encontrado nesta captura</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>%n palavra copiada</numerusform>
+            <numerusform>%n palavras copiadas</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No sensitive text found</source>
+        <translation>Nenhum texto sensível encontrado</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) hidden</source>
+        <translation>
+            <numerusform>%n item ocultado</numerusform>
+            <numerusform>%n itens ocultados</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+C</source>
+        <translation>Ctrl+Shift+C</translation>
+    </message>
+    <message>
+        <source>Copy the text</source>
+        <translation>Copiar o texto</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotEmojiPicker</name>
@@ -1738,6 +1788,45 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotSensitiveTextDialog</name>
+    <message>
+        <source>E-mail address</source>
+        <translation>Endereço de e-mail</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>Número de telefone</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>Endereço IP</translation>
+    </message>
+    <message>
+        <source>Card number</source>
+        <translation>Número de cartão</translation>
+    </message>
+    <message>
+        <source>Key or token</source>
+        <translation>Chave ou token</translation>
+    </message>
+    <message>
+        <source>Private key</source>
+        <translation>Chave privada</translation>
+    </message>
+    <message>
+        <source>Hide Sensitive Text</source>
+        <translation>Ocultar texto sensível</translation>
+    </message>
+    <message>
+        <source>The ticked text is pixelated. Untick what may stay readable.</source>
+        <translation>O texto marcado é pixelizado. Desmarque o que pode continuar legível.</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>Ocultar</translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotSettingsBackup</name>
     <message>
         <source>not a setting of this version</source>
@@ -2023,6 +2112,33 @@
     <message>
         <source>&amp;Emoji</source>
         <translation>&amp;Emoji</translation>
+    </message>
+    <message>
+        <source>Drag over the words to select them; Ctrl+C copies them</source>
+        <translation>Arraste sobre as palavras para escolhê-las; Ctrl+C as copia</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotTextLayer</name>
+    <message>
+        <source>No text found in this shot</source>
+        <translation>Nenhum texto encontrado nesta captura</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Code copied</source>
+        <translation>Código copiado</translation>
+    </message>
+    <message>
+        <source>Open Link</source>
+        <translation>Abrir link</translation>
+    </message>
+    <message>
+        <source>No application opens this link</source>
+        <translation>Nenhum aplicativo abre este link</translation>
     </message>
 </context>
 <context>

@@ -1160,6 +1160,54 @@
         <source>%1 copied</source>
         <translation>已复制 %1</translation>
     </message>
+    <message>
+        <source>Copy Text</source>
+        <translation>复制文字</translation>
+    </message>
+    <message>
+        <source>Copy the shot&apos;s text, or the selected words (Ctrl+Shift+C)</source>
+        <translation>复制截图中的文字或所选词语（Ctrl+Shift+C）</translation>
+    </message>
+    <message>
+        <source>Hide Sensitive Text…</source>
+        <translation>隐藏敏感文字…</translation>
+    </message>
+    <message>
+        <source>Pixelate e-mail addresses, phone numbers, keys and the like (Ctrl+Shift+H)</source>
+        <translation>为电子邮件地址、电话号码、密钥等打码（Ctrl+Shift+H）</translation>
+    </message>
+    <message>
+        <source>Reading the text…</source>
+        <translation>正在识别文字…</translation>
+    </message>
+    <message>
+        <source>No text found in this shot</source>
+        <translation>此截图中未找到文字</translation>
+    </message>
+    <message numerus="yes">
+        <source>Copied %n word(s)</source>
+        <translation>
+            <numerusform>已复制 %n 个词</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No sensitive text found</source>
+        <translation>未找到敏感文字</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) hidden</source>
+        <translation>
+            <numerusform>已隐藏 %n 项</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Ctrl+Shift+C</source>
+        <translation>Ctrl+Shift+C</translation>
+    </message>
+    <message>
+        <source>Copy the text</source>
+        <translation>复制文字</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotEmojiPicker</name>
@@ -1736,6 +1784,45 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotSensitiveTextDialog</name>
+    <message>
+        <source>E-mail address</source>
+        <translation>电子邮件地址</translation>
+    </message>
+    <message>
+        <source>Phone number</source>
+        <translation>电话号码</translation>
+    </message>
+    <message>
+        <source>IP address</source>
+        <translation>IP 地址</translation>
+    </message>
+    <message>
+        <source>Card number</source>
+        <translation>卡号</translation>
+    </message>
+    <message>
+        <source>Key or token</source>
+        <translation>密钥或令牌</translation>
+    </message>
+    <message>
+        <source>Private key</source>
+        <translation>私钥</translation>
+    </message>
+    <message>
+        <source>Hide Sensitive Text</source>
+        <translation>隐藏敏感文字</translation>
+    </message>
+    <message>
+        <source>The ticked text is pixelated. Untick what may stay readable.</source>
+        <translation>勾选的文字将被打码。取消勾选可保持可读的内容。</translation>
+    </message>
+    <message>
+        <source>Hide</source>
+        <translation>隐藏</translation>
+    </message>
+</context>
+<context>
     <name>nubo::ShotSettingsBackup</name>
     <message>
         <source>not a setting of this version</source>
@@ -2020,6 +2107,33 @@
     <message>
         <source>&amp;Emoji</source>
         <translation>表情(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Drag over the words to select them; Ctrl+C copies them</source>
+        <translation>拖过词语即可选中；Ctrl+C 复制</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotTextLayer</name>
+    <message>
+        <source>No text found in this shot</source>
+        <translation>此截图中未找到文字</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Code copied</source>
+        <translation>已复制码内容</translation>
+    </message>
+    <message>
+        <source>Open Link</source>
+        <translation>打开链接</translation>
+    </message>
+    <message>
+        <source>No application opens this link</source>
+        <translation>没有应用程序能打开此链接</translation>
     </message>
 </context>
 <context>

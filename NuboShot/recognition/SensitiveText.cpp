@@ -101,7 +101,7 @@ const QList<SensitivePattern>& patterns()
         return QList<SensitivePattern>{
             // key = value, token: value, "password": "value"
             {SensitiveKind::token,
-             rx(R"(\b(?:api[_-]?key|access[_-]?key|secret|token|password|passwd|pwd|auth)\w*["']?\s*[:=]\s*["']?(?!bearer\b)([^\s"',;]{6,}))",
+             rx(R"(\b[\w-]*?(?:api[_-]?key|access[_-]?key|secret|token|password|passwd|pwd|authorization)\w*["']?\s*[:=]\s*["']?(?!bearer\b)([^\s"',;]{6,}))",
                 true),
              1, {}},
             {SensitiveKind::token, rx(R"(\bbearer\s+([A-Za-z0-9._~+/=-]{12,}))", true), 1, {}},

@@ -13,6 +13,10 @@
 #include "render/ShotFonts.h"
 #include "render/ShotRenderer.h"
 #include "style/ShotIcons.h"
+#include "output/ShotClipboard.h"
+#include "recognition/SensitiveText.h"
+#include "text/ShotSensitiveTextDialog.h"
+#include "text/ShotTextLayer.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -31,6 +35,7 @@
 #include <QScreen>
 #include <QTextEdit>
 #include <QToolBar>
+#include <QUuid>
 
 namespace nubo {
 
@@ -82,7 +87,8 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
     }
 
     addToolBarBreak();
-    addToolBar(new ShotStyleBar(*m_model, preferences, this));
+    auto* styleBar = new ShotStyleBar(*m_model, preferences, this);
+    addToolBar(styleBar);
     addToolBar(Qt::BottomToolBarArea, new ShotCropBar(*m_model, this));
     addToolBarBreak(Qt::BottomToolBarArea);
     QToolBar* outputBar = addToolBar(tr("Output"));
@@ -104,6 +110,24 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
         }
     });
     connect(m_canvas, &ShotCanvas::colorPickRequested, this, &ShotEditorWindow::pickColor);
+    // The shot's text and codes, over the canvas.
+    m_textLayer = new ShotTextLayer(*m_canvas, *m_model, preferences);
+    connect(m_textLayer, &ShotTextLayer::notice, this, &ShotEditorWindow::showNotice);
+    auto* copyText = new QAction(ShotIcons::icon(QStringLiteral("edit-copy")), tr("Copy Text"), this);
+    copyText->setObjectName(QStringLiteral("copyText"));
+    copyText->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+    copyText->setToolTip(tr("Copy the shot's text, or the selected words (Ctrl+Shift+C)"));
+    connect(copyText, &QAction::triggered, this, &ShotEditorWindow::copyText);
+    addAction(copyText);
+    auto* hideSensitive = new QAction(ShotIcons::icon(QStringLiteral("nuboshot-pixelate")),
+                                      tr("Hide Sensitive Text\u2026"), this);
+    hideSensitive->setObjectName(QStringLiteral("hideSensitiveText"));
+    hideSensitive->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_H));
+    hideSensitive->setToolTip(
+        tr("Pixelate e-mail addresses, phone numbers, keys and the like (Ctrl+Shift+H)"));
+    connect(hideSensitive, &QAction::triggered, this, &ShotEditorWindow::hideSensitiveText);
+    addAction(hideSensitive);
+    styleBar->addTextActions({copyText, hideSensitive});
     connect(m_model.get(), &ShotEditorModel::textEditingStarted, this,
             &ShotEditorWindow::startTextEditor);
 
@@ -407,8 +431,76 @@ void ShotEditorWindow::reportAddProblem(const QString& problem)
     }
 }
 
+void ShotEditorWindow::copyText()
+{
+    if (m_textLayer->state() != ShotTextLayer::State::read &&
+        m_textLayer->state() != ShotTextLayer::State::failed) {
+        showNotice(tr("Reading the text\u2026"));
+    }
+    m_textLayer->whenRead([this] {
+        if (m_textLayer->state() == ShotTextLayer::State::failed) {
+            showNotice(m_textLayer->error());
+            return;
+        }
+        const bool chosen = m_model->activeTool() == ShotToolKind::selectText &&
+                            m_textLayer->selectedWordCount() > 0;
+        const QString text = chosen ? m_textLayer->selectedText() : m_textLayer->text().text();
+        if (text.trimmed().isEmpty()) {
+            showNotice(tr("No text found in this shot"));
+            return;
+        }
+        auto item = std::make_unique<QMimeData>();
+        item->setText(text);
+        ShotClipboard::shared().write(std::move(item));
+        showNotice(tr("Copied %n word(s)", nullptr,
+                      chosen ? m_textLayer->selectedWordCount() : m_textLayer->text().wordCount()));
+    });
+}
+
+void ShotEditorWindow::hideSensitiveText()
+{
+    if (!m_model->isIdle()) {
+        return; // a crop, a text or a drag under way
+    }
+    if (m_textLayer->state() != ShotTextLayer::State::read &&
+        m_textLayer->state() != ShotTextLayer::State::failed) {
+        showNotice(tr("Reading the text\u2026"));
+    }
+    m_textLayer->whenRead([this] {
+        if (m_textLayer->state() == ShotTextLayer::State::failed) {
+            showNotice(m_textLayer->error());
+            return;
+        }
+        const QList<SensitiveFind> finds = findSensitiveText(m_textLayer->text());
+        if (finds.isEmpty()) {
+            showNotice(tr("No sensitive text found"));
+            return;
+        }
+        const std::optional<QList<int>> ticked = chooseSensitiveText(this, finds);
+        if (!ticked || ticked->isEmpty() || !m_model->isIdle()) {
+            return;
+        }
+        // Every box a redaction, all in one step of the history.
+        ShotDocument next = m_model->document();
+        const ShotStyle style = m_model->style(ShotToolKind::blur);
+        for (const int index : *ticked) {
+            for (const QRect& box : finds[index].boxes) {
+                // A pixel more on each side: anti-aliased edges of the letters too.
+                const QRectF rect = m_textLayer->toDocument(box.adjusted(-1, -1, 2, 2));
+                next.annotations.append(Annotation{QUuid::createUuid(), RedactAnnotation{rect}, style});
+            }
+        }
+        m_model->apply(next);
+        showNotice(tr("%n item(s) hidden", nullptr, int(ticked->size())));
+    });
+}
+
 void ShotEditorWindow::copy()
 {
+    if (m_model->activeTool() == ShotToolKind::selectText && m_textLayer->selectedWordCount() > 0) {
+        copyText(); // the chosen words
+        return;
+    }
     const QByteArray data =
         m_model->selectionIsExplicit() ? m_model->copySelection() : QByteArray();
     if (data.isEmpty()) {
@@ -554,6 +646,7 @@ QString ShotEditorWindow::keyHelpText()
         row(tr("Space+Drag"), tr("Move around the shot")) +
         row(tr("Arrows"), tr("Move the selection")) +
         row(tr("Ctrl+Z, Ctrl+Shift+Z"), tr("Undo, Redo")) + row(tr("Ctrl+C"), tr("Copy the shot")) +
+        row(tr("Ctrl+Shift+C"), tr("Copy the text")) +
         row(tr("Ctrl+S"), tr("Save the shot")) + row(tr("Ctrl+Shift+S"), tr("Save As")) +
         row(tr("Ctrl+1, Ctrl+9"), tr("Actual size, Fit")) +
         row(tr("Esc"), tr("Deselect, then close"));

@@ -18,6 +18,7 @@ class ShotCanvasView;
 class ShotOutputActions;
 class ShotZoomControls;
 class ShotPreferences;
+class ShotTextLayer;
 class ShotRenderer;
 
 // One editor window: the tools, the canvas and the editor's own shortcuts.
@@ -41,6 +42,13 @@ public:
     // Ctrl+C: the selected annotations when there is an explicit selection,
     // else the whole shot.
     void copy();
+    // The shot's text on the clipboard (the words chosen with Select text,
+    // else all of it), read first when it has not been.
+    void copyText();
+    // Finds secrets in the shot's text and pixelates those the user keeps
+    // ticked, in one undo step.
+    void hideSensitiveText();
+    ShotTextLayer& textLayer() { return *m_textLayer; }
     void cut();
     void paste();
 
@@ -94,6 +102,7 @@ private:
     ShotCanvasView* m_view = nullptr;
     ShotZoomControls* m_zoomControls = nullptr;
     QActionGroup* m_tools = nullptr;
+    ShotTextLayer* m_textLayer = nullptr;
 };
 
 } // namespace nubo

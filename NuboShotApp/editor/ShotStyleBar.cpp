@@ -195,6 +195,24 @@ ShotStyleBar::ShotStyleBar(ShotEditorModel& model, ShotPreferences& preferences,
     showStyle();
 }
 
+void ShotStyleBar::addTextActions(const QList<QAction*>& actions)
+{
+    auto* hint = new QLabel(tr("Drag over the words to select them; Ctrl+C copies them"), this);
+    hint->setContentsMargins(6, 0, 6, 0);
+    hint->setEnabled(false);
+    for (QAction* action : actions) {
+        // A button of its own: hiding it leaves the action and its keys working.
+        auto* button = new QToolButton(this);
+        button->setDefaultAction(action);
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button->setAutoRaise(true);
+        m_controlActions[textControl] << addWidget(button);
+    }
+    m_controlActions[textControl] << addWidget(hint);
+    m_visible = ~0u; // shown again as the tool says
+    showStyle();
+}
+
 QList<QColor> ShotStyleBar::customColors() const
 {
     QList<QColor> colors;

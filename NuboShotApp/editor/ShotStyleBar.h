@@ -36,6 +36,9 @@ public:
     unsigned visibleControls() const { return m_visible; }
     // The emoji tool's picker, once it has been opened.
     ShotEmojiPicker* emojiPicker() const { return m_emojiPicker; }
+    // What the Select text tool offers (Copy Text, Hide Sensitive Text),
+    // shown with its hint while it is active.
+    void addTextActions(const QList<QAction*>& actions);
 
 private:
     void showStyle();

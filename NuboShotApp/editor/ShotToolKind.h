@@ -23,12 +23,14 @@ enum class ShotToolKind {
     draw,
     highlighter,
     emoji,
-    colorPicker
+    colorPicker,
+    selectText
 };
 template <> struct EnumNames<ShotToolKind> {
     static constexpr std::array names{"crop",    "addImage",    "select", "rect",       "filledRect",
                                       "ellipse", "line",        "arrow",  "text",       "blur",
-                                      "number",  "draw",        "highlighter", "emoji", "colorPicker"};
+                                      "number",  "draw",        "highlighter", "emoji", "colorPicker",
+                                      "selectText"};
 };
 
 // Each tool is described once, in the table of ShotTools.cpp: its title,
@@ -44,6 +46,7 @@ enum ShotStyleControl : unsigned {
     outlineControl = 16,
     strengthControl = 32,
     emojiControl = 64,
+    textControl = 128, // the shot's recognised text: Copy Text, Hide Sensitive Text
 };
 
 // The text of the tool's button and tooltip.

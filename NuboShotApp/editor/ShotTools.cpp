@@ -101,6 +101,10 @@ const std::array<ShotToolDescription, enumCount<ShotToolKind>()> tools{{
                                                : C::emojiRect(g.start, size)};
      }},
     {ShotToolKind::colorPicker, "Pick color", 'P', "color-picker", 0, picker, nullptr},
+    // The text read in the shot: its words are selected by the text layer
+    // over the canvas, which takes the pointer while this tool is active.
+    {ShotToolKind::selectText, "Select text", 'X', "nuboshot-select-text", textControl, plain<ShotTool>,
+     nullptr},
 }};
 
 const ShotToolDescription& describe(ShotToolKind kind)
