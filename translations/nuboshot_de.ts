@@ -147,6 +147,18 @@
         <source>Strength:</source>
         <translation>Stärke:</translation>
     </message>
+    <message>
+        <source>Text in shots</source>
+        <translation>Text in Aufnahmen</translation>
+    </message>
+    <message>
+        <source>Languages:</source>
+        <translation>Sprachen:</translation>
+    </message>
+    <message>
+        <source>Copy Text and Capture Text read these. With none ticked, the desktop&apos;s language and English. More come with the packages tesseract-ocr-LANGUAGE.</source>
+        <translation>„Text kopieren“ und „Text aufnehmen“ lesen diese Sprachen. Ist keine angehakt, die Sprache der Arbeitsumgebung und Englisch. Weitere bringen die Pakete tesseract-ocr-SPRACHE.</translation>
+    </message>
 </context>
 <context>
     <name>nubo::EmojiCatalog</name>
@@ -2139,6 +2151,73 @@
     <message>
         <source>No application opens this link</source>
         <translation>Kein Programm öffnet diesen Link</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotTools</name>
+    <message>
+        <source>Crop</source>
+        <translation>Zuschneiden</translation>
+    </message>
+    <message>
+        <source>Add image</source>
+        <translation>Bild hinzufügen</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rechteck</translation>
+    </message>
+    <message>
+        <source>Filled rectangle</source>
+        <translation>Gefülltes Rechteck</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Ellipse</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linie</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>Pfeil</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Blur / Censor</source>
+        <translation>Verpixeln / Schwärzen</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Nummer</translation>
+    </message>
+    <message>
+        <source>Draw</source>
+        <translation>Zeichnen</translation>
+    </message>
+    <message>
+        <source>Highlighter</source>
+        <translation>Textmarker</translation>
+    </message>
+    <message>
+        <source>Emoji</source>
+        <translation>Emoji</translation>
+    </message>
+    <message>
+        <source>Pick color</source>
+        <translation>Farbe aufnehmen</translation>
+    </message>
+    <message>
+        <source>Select text</source>
+        <translation>Text auswählen</translation>
     </message>
 </context>
 <context>

@@ -147,6 +147,18 @@
         <source>Strength:</source>
         <translation>Intensidad:</translation>
     </message>
+    <message>
+        <source>Text in shots</source>
+        <translation>Texto en capturas</translation>
+    </message>
+    <message>
+        <source>Languages:</source>
+        <translation>Idiomas:</translation>
+    </message>
+    <message>
+        <source>Copy Text and Capture Text read these. With none ticked, the desktop&apos;s language and English. More come with the packages tesseract-ocr-LANGUAGE.</source>
+        <translation>«Copiar texto» y «Capturar texto» leen estos idiomas. Si no hay ninguno marcado, el idioma del escritorio y el inglés. Hay más en los paquetes tesseract-ocr-IDIOMA.</translation>
+    </message>
 </context>
 <context>
     <name>nubo::EmojiCatalog</name>
@@ -2139,6 +2151,73 @@
     <message>
         <source>No application opens this link</source>
         <translation>Ninguna aplicación abre este enlace</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotTools</name>
+    <message>
+        <source>Crop</source>
+        <translation>Recortar</translation>
+    </message>
+    <message>
+        <source>Add image</source>
+        <translation>Añadir imagen</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Seleccionar</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rectángulo</translation>
+    </message>
+    <message>
+        <source>Filled rectangle</source>
+        <translation>Rectángulo relleno</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Elipse</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Línea</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>Flecha</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texto</translation>
+    </message>
+    <message>
+        <source>Blur / Censor</source>
+        <translation>Desenfocar / Censurar</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Número</translation>
+    </message>
+    <message>
+        <source>Draw</source>
+        <translation>Dibujar</translation>
+    </message>
+    <message>
+        <source>Highlighter</source>
+        <translation>Resaltador</translation>
+    </message>
+    <message>
+        <source>Emoji</source>
+        <translation>Emoji</translation>
+    </message>
+    <message>
+        <source>Pick color</source>
+        <translation>Cuentagotas</translation>
+    </message>
+    <message>
+        <source>Select text</source>
+        <translation>Seleccionar texto</translation>
     </message>
 </context>
 <context>

@@ -147,6 +147,18 @@
         <source>Strength:</source>
         <translation>Intensité&#xa0;:</translation>
     </message>
+    <message>
+        <source>Text in shots</source>
+        <translation>Texte des captures</translation>
+    </message>
+    <message>
+        <source>Languages:</source>
+        <translation>Langues&#xa0;:</translation>
+    </message>
+    <message>
+        <source>Copy Text and Capture Text read these. With none ticked, the desktop&apos;s language and English. More come with the packages tesseract-ocr-LANGUAGE.</source>
+        <translation>«&#xa0;Copier le texte&#xa0;» et «&#xa0;Capturer du texte&#xa0;» lisent ces langues. Si aucune n’est cochée, la langue du bureau et l’anglais. D’autres viennent avec les paquets tesseract-ocr-LANGUE.</translation>
+    </message>
 </context>
 <context>
     <name>nubo::EmojiCatalog</name>
@@ -2115,7 +2127,7 @@
     </message>
     <message>
         <source>Drag over the words to select them; Ctrl+C copies them</source>
-        <translation>Glissez sur les mots pour les choisir ; Ctrl+C les copie</translation>
+        <translation>Glissez sur les mots pour les choisir&#xa0;; Ctrl+C les copie</translation>
     </message>
 </context>
 <context>
@@ -2139,6 +2151,73 @@
     <message>
         <source>No application opens this link</source>
         <translation>Aucune application n’ouvre ce lien</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotTools</name>
+    <message>
+        <source>Crop</source>
+        <translation>Recadrer</translation>
+    </message>
+    <message>
+        <source>Add image</source>
+        <translation>Ajouter une image</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Sélection</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Rectangle</translation>
+    </message>
+    <message>
+        <source>Filled rectangle</source>
+        <translation>Rectangle plein</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Ellipse</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Ligne</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>Flèche</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>Blur / Censor</source>
+        <translation>Flou / Censure</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Numéro</translation>
+    </message>
+    <message>
+        <source>Draw</source>
+        <translation>Dessin</translation>
+    </message>
+    <message>
+        <source>Highlighter</source>
+        <translation>Surligneur</translation>
+    </message>
+    <message>
+        <source>Emoji</source>
+        <translation>Emoji</translation>
+    </message>
+    <message>
+        <source>Pick color</source>
+        <translation>Pipette</translation>
+    </message>
+    <message>
+        <source>Select text</source>
+        <translation>Sélection de texte</translation>
     </message>
 </context>
 <context>

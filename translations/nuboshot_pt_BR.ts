@@ -147,6 +147,18 @@
         <source>Strength:</source>
         <translation>Intensidade:</translation>
     </message>
+    <message>
+        <source>Text in shots</source>
+        <translation>Texto nas capturas</translation>
+    </message>
+    <message>
+        <source>Languages:</source>
+        <translation>Idiomas:</translation>
+    </message>
+    <message>
+        <source>Copy Text and Capture Text read these. With none ticked, the desktop&apos;s language and English. More come with the packages tesseract-ocr-LANGUAGE.</source>
+        <translation>“Copiar texto” e “Capturar texto” leem estes idiomas. Sem nenhum marcado, o idioma da área de trabalho e o inglês. Outros vêm com os pacotes tesseract-ocr-IDIOMA.</translation>
+    </message>
 </context>
 <context>
     <name>nubo::EmojiCatalog</name>
@@ -2139,6 +2151,73 @@
     <message>
         <source>No application opens this link</source>
         <translation>Nenhum aplicativo abre este link</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotTools</name>
+    <message>
+        <source>Crop</source>
+        <translation>Recortar</translation>
+    </message>
+    <message>
+        <source>Add image</source>
+        <translation>Adicionar imagem</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Selecionar</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>Retângulo</translation>
+    </message>
+    <message>
+        <source>Filled rectangle</source>
+        <translation>Retângulo preenchido</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>Elipse</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>Linha</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>Seta</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texto</translation>
+    </message>
+    <message>
+        <source>Blur / Censor</source>
+        <translation>Desfocar / Censurar</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>Número</translation>
+    </message>
+    <message>
+        <source>Draw</source>
+        <translation>Desenhar</translation>
+    </message>
+    <message>
+        <source>Highlighter</source>
+        <translation>Marca-texto</translation>
+    </message>
+    <message>
+        <source>Emoji</source>
+        <translation>Emoji</translation>
+    </message>
+    <message>
+        <source>Pick color</source>
+        <translation>Conta-gotas</translation>
+    </message>
+    <message>
+        <source>Select text</source>
+        <translation>Selecionar texto</translation>
     </message>
 </context>
 <context>

@@ -147,6 +147,18 @@
         <source>Strength:</source>
         <translation>强度：</translation>
     </message>
+    <message>
+        <source>Text in shots</source>
+        <translation>截图中的文字</translation>
+    </message>
+    <message>
+        <source>Languages:</source>
+        <translation>语言：</translation>
+    </message>
+    <message>
+        <source>Copy Text and Capture Text read these. With none ticked, the desktop&apos;s language and English. More come with the packages tesseract-ocr-LANGUAGE.</source>
+        <translation>“复制文字”和“识别文字”使用这些语言。若未勾选任何语言，则使用桌面的语言和英语。更多语言可通过 tesseract-ocr-语言 软件包安装。</translation>
+    </message>
 </context>
 <context>
     <name>nubo::EmojiCatalog</name>
@@ -2134,6 +2146,73 @@
     <message>
         <source>No application opens this link</source>
         <translation>没有应用程序能打开此链接</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotTools</name>
+    <message>
+        <source>Crop</source>
+        <translation>裁剪</translation>
+    </message>
+    <message>
+        <source>Add image</source>
+        <translation>添加图片</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>选择</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>矩形</translation>
+    </message>
+    <message>
+        <source>Filled rectangle</source>
+        <translation>实心矩形</translation>
+    </message>
+    <message>
+        <source>Ellipse</source>
+        <translation>椭圆</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>直线</translation>
+    </message>
+    <message>
+        <source>Arrow</source>
+        <translation>箭头</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>Blur / Censor</source>
+        <translation>模糊 / 遮盖</translation>
+    </message>
+    <message>
+        <source>Number</source>
+        <translation>编号</translation>
+    </message>
+    <message>
+        <source>Draw</source>
+        <translation>绘制</translation>
+    </message>
+    <message>
+        <source>Highlighter</source>
+        <translation>荧光笔</translation>
+    </message>
+    <message>
+        <source>Emoji</source>
+        <translation>表情符号</translation>
+    </message>
+    <message>
+        <source>Pick color</source>
+        <translation>取色</translation>
+    </message>
+    <message>
+        <source>Select text</source>
+        <translation>选择文字</translation>
     </message>
 </context>
 <context>

@@ -5,6 +5,8 @@
 #include "editor/ShotTool.h"
 #include "editor/ShotToolKind.h"
 
+#include <QCoreApplication>
+
 #include <array>
 
 namespace nubo {
@@ -42,68 +44,68 @@ constexpr Make making = plain<ShotMakingTool>;
 
 // In the order of ShotToolKind, which is the order of the toolbar.
 const std::array<ShotToolDescription, enumCount<ShotToolKind>()> tools{{
-    {ShotToolKind::crop, "Crop", 'C', "transform-crop", 0, plain<ShotCropTool>, nullptr},
-    {ShotToolKind::addImage, "Add image", 'I', "insert-image", 0, plain<ShotTool>, nullptr,
+    {ShotToolKind::crop, QT_TRANSLATE_NOOP("nubo::ShotTools", "Crop"), 'C', "transform-crop", 0, plain<ShotCropTool>, nullptr},
+    {ShotToolKind::addImage, QT_TRANSLATE_NOOP("nubo::ShotTools", "Add image"), 'I', "insert-image", 0, plain<ShotTool>, nullptr,
      [](const ShotToolContext& context) {
          if (context.addImage) {
              context.addImage();
          }
      }},
-    {ShotToolKind::select, "Select", 'V', "edit-select", 0, plain<ShotSelectTool>, nullptr},
-    {ShotToolKind::rect, "Rectangle", 'R', "draw-rectangle", colorControl | lineWidthControl, making,
+    {ShotToolKind::select, QT_TRANSLATE_NOOP("nubo::ShotTools", "Select"), 'V', "edit-select", 0, plain<ShotSelectTool>, nullptr},
+    {ShotToolKind::rect, QT_TRANSLATE_NOOP("nubo::ShotTools", "Rectangle"), 'R', "draw-rectangle", colorControl | lineWidthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return ShapeAnnotation{ShapeVariant::rect, C::dragRect(g)};
      }},
-    {ShotToolKind::filledRect, "Filled rectangle", 'F', "nuboshot-filled-rectangle", colorControl, making,
+    {ShotToolKind::filledRect, QT_TRANSLATE_NOOP("nubo::ShotTools", "Filled rectangle"), 'F', "nuboshot-filled-rectangle", colorControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return ShapeAnnotation{ShapeVariant::filledRect, C::dragRect(g)};
      }},
-    {ShotToolKind::ellipse, "Ellipse", 'O', "draw-ellipse", colorControl | lineWidthControl, making,
+    {ShotToolKind::ellipse, QT_TRANSLATE_NOOP("nubo::ShotTools", "Ellipse"), 'O', "draw-ellipse", colorControl | lineWidthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return ShapeAnnotation{ShapeVariant::ellipse, C::dragRect(g)};
      }},
-    {ShotToolKind::line, "Line", 'L', "draw-line", colorControl | lineWidthControl, making,
+    {ShotToolKind::line, QT_TRANSLATE_NOOP("nubo::ShotTools", "Line"), 'L', "draw-line", colorControl | lineWidthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return LineAnnotation{g.start, C::lineEnd(g)};
      }},
-    {ShotToolKind::arrow, "Arrow", 'A', "draw-arrow", colorControl | arrowSizeControl, making,
+    {ShotToolKind::arrow, QT_TRANSLATE_NOOP("nubo::ShotTools", "Arrow"), 'A', "draw-arrow", colorControl | arrowSizeControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return ArrowAnnotation{g.start, C::lineEnd(g)};
      }},
-    {ShotToolKind::text, "Text", 'T', "insert-text", colorControl | fontSizeControl | outlineControl, making,
+    {ShotToolKind::text, QT_TRANSLATE_NOOP("nubo::ShotTools", "Text"), 'T', "insert-text", colorControl | fontSizeControl | outlineControl, making,
      [](Gesture g, double size, const QString&) -> std::optional<AnnotationKind> {
-         return TextAnnotation{{QString(), C::textBox(g, size)}};
+         return TextAnnotation{TextContent{QString(), C::textBox(g, size)}};
      }},
-    {ShotToolKind::blur, "Blur / Censor", 'B', "nuboshot-pixelate", strengthControl, making,
+    {ShotToolKind::blur, QT_TRANSLATE_NOOP("nubo::ShotTools", "Blur / Censor"), 'B', "nuboshot-pixelate", strengthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return RedactAnnotation{C::dragRect(g)};
      }},
-    {ShotToolKind::number, "Number", 'N', "nuboshot-counter", colorControl | fontSizeControl, making,
+    {ShotToolKind::number, QT_TRANSLATE_NOOP("nubo::ShotTools", "Number"), 'N', "nuboshot-counter", colorControl | fontSizeControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return CounterAnnotation{g.start};
      }},
-    {ShotToolKind::draw, "Draw", 'D', "draw-freehand", colorControl | lineWidthControl, making,
+    {ShotToolKind::draw, QT_TRANSLATE_NOOP("nubo::ShotTools", "Draw"), 'D', "draw-freehand", colorControl | lineWidthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          // A stroke starts with the press point, and the current point on a drag.
          return PenAnnotation{g.moved ? QList<QPointF>{g.start, g.current}
                                       : QList<QPointF>{g.start}};
      }},
-    {ShotToolKind::highlighter, "Highlighter", 'H', "nuboshot-highlighter", colorControl | lineWidthControl, making,
+    {ShotToolKind::highlighter, QT_TRANSLATE_NOOP("nubo::ShotTools", "Highlighter"), 'H', "nuboshot-highlighter", colorControl | lineWidthControl, making,
      [](Gesture g, double, const QString&) -> std::optional<AnnotationKind> {
          return PenAnnotation{g.moved ? QList<QPointF>{g.start, g.current}
                                       : QList<QPointF>{g.start},
                               true};
      }},
-    {ShotToolKind::emoji, "Emoji", 'E', "face-smile", emojiControl | fontSizeControl, making,
+    {ShotToolKind::emoji, QT_TRANSLATE_NOOP("nubo::ShotTools", "Emoji"), 'E', "face-smile", emojiControl | fontSizeControl, making,
      [](Gesture g, double size, const QString& emoji) -> std::optional<AnnotationKind> {
          // A click places it at the tool's size; a drag sizes it.
          return EmojiAnnotation{emoji, g.moved ? C::emojiDragRect(g, size)
                                                : C::emojiRect(g.start, size)};
      }},
-    {ShotToolKind::colorPicker, "Pick color", 'P', "color-picker", 0, picker, nullptr},
+    {ShotToolKind::colorPicker, QT_TRANSLATE_NOOP("nubo::ShotTools", "Pick color"), 'P', "color-picker", 0, picker, nullptr},
     // The text read in the shot: its words are selected by the text layer
     // over the canvas, which takes the pointer while this tool is active.
-    {ShotToolKind::selectText, "Select text", 'X', "nuboshot-select-text", textControl, plain<ShotTool>,
+    {ShotToolKind::selectText, QT_TRANSLATE_NOOP("nubo::ShotTools", "Select text"), 'X', "nuboshot-select-text", textControl, plain<ShotTool>,
      nullptr},
 }};
 
@@ -118,7 +120,7 @@ const ShotToolDescription& describe(ShotToolKind kind)
 
 QString toolTitle(ShotToolKind tool)
 {
-    return QString::fromUtf8(describe(tool).title);
+    return QCoreApplication::translate("nubo::ShotTools", describe(tool).title);
 }
 
 QString toolIconName(ShotToolKind tool)

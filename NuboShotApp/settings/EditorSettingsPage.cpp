@@ -3,6 +3,7 @@
 #include "editor/ShotToolStyles.h"
 #include "settings/ShotSettingsPage.h"
 #include "style/ShotIcons.h"
+#include "text/ShotTextReading.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
@@ -10,6 +11,8 @@
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QListWidget>
+#include <QLocale>
 #include <QPainter>
 #include <QPushButton>
 #include <QSpinBox>
@@ -91,12 +94,66 @@ public:
             change(ShotToolKind::blur,
                    [&](ShotStyle& s) { s.strength = ShotStyle::normalizedStrength(value); });
         });
+        QFormLayout* reading = addSection(tr("Text in shots"));
+        m_languages = new QListWidget(this);
+        m_languages->setObjectName(QStringLiteral("recognitionLanguages"));
+        m_languages->setMaximumHeight(m_languages->fontMetrics().height() * 6);
+        for (const QString& code : installedRecognitionLanguages()) {
+            auto* item = new QListWidgetItem(languageTitle(code), m_languages);
+            item->setData(Qt::UserRole, code);
+            item->setFlags(Qt::ItemIsUserCheckable | Qt::ItemIsEnabled);
+        }
+        reading->addRow(tr("Languages:"), m_languages);
+        addNote(reading, tr("Copy Text and Capture Text read these. With none ticked, the "
+                            "desktop's language and English. More come with the packages "
+                            "tesseract-ocr-LANGUAGE."));
+        connect(m_languages, &QListWidget::itemChanged, this, [this] {
+            QStringList ticked;
+            for (int i = 0; i < m_languages->count(); ++i) {
+                if (m_languages->item(i)->checkState() == Qt::Checked) {
+                    ticked << m_languages->item(i)->data(Qt::UserRole).toString();
+                }
+            }
+            setRecognitionLanguages(preferences(), ticked);
+        });
         reload();
+    }
+
+    // "Deutsch (deu)": the language's own name, and the name of its data.
+    static QString languageTitle(const QString& code)
+    {
+        const QLocale::Language language = QLocale::codeToLanguage(code.section(u'_', 0, 0));
+        if (language == QLocale::AnyLanguage) {
+            return code;
+        }
+        QLocale::Script script = QLocale::AnyScript;
+        if (code == QLatin1String("chi_tra")) {
+            script = QLocale::TraditionalChineseScript;
+        } else if (code == QLatin1String("chi_sim")) {
+            script = QLocale::SimplifiedChineseScript;
+        }
+        // English's own name comes with a country ("American English").
+        QString name = language == QLocale::English
+                           ? QStringLiteral("English")
+                           : QLocale(language, script, QLocale::AnyTerritory).nativeLanguageName();
+        if (!name.isEmpty()) {
+            name[0] = name[0].toUpper();
+        }
+        return QStringLiteral("%1 (%2)").arg(name.isEmpty() ? QLocale::languageToString(language) : name, code);
     }
 
     void reload() override
     {
         reloadSwitches();
+        {
+            const QSignalBlocker quiet(m_languages);
+            const QStringList chosen = recognitionLanguages(preferences());
+            for (int i = 0; i < m_languages->count(); ++i) {
+                QListWidgetItem* item = m_languages->item(i);
+                item->setCheckState(chosen.contains(item->data(Qt::UserRole).toString()) ? Qt::Checked
+                                                                                         : Qt::Unchecked);
+            }
+        }
         for (const Row& row : m_rows) {
             const ShotStyle style = storedToolStyle(preferences(), row.tool);
             if (row.color) {
@@ -147,6 +204,7 @@ private:
     }
 
     QSpinBox* m_strength = nullptr;
+    QListWidget* m_languages = nullptr;
     std::vector<Row> m_rows;
 };
 

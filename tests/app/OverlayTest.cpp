@@ -369,18 +369,19 @@ TEST(ShotStatusMenu, OffersItsItemsInOrderAndRunsThem)
     }
     EXPECT_EQ(titles.join(u'|'),
               QStringLiteral("Capture Area|Capture Window|Capture Fullscreen|Capture Scrolling|"
-                             "Record Screen|Record Window|-|"
+                             "Capture Text|Record Screen|Record Window|-|"
                              "Open Image in Nubo Shot\u2026|-|Settings\u2026|-|Quit Nubo Shot"))
         << titles.join(u'|').toStdString(); // Recent shows only while recents are on
     EXPECT_EQ(shown[0]->data().toString(), QStringLiteral("area"));
     EXPECT_EQ(shown[2]->data().toString(), QStringLiteral("fullscreen"));
     EXPECT_EQ(shown[3]->data().toString(), QStringLiteral("scrolling"));
-    EXPECT_EQ(shown[5]->menu()->objectName(), QStringLiteral("shot.recordWindow"));
-    EXPECT_EQ(shown[7]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
+    EXPECT_EQ(shown[4]->data().toString(), QStringLiteral("text"));
+    EXPECT_EQ(shown[6]->menu()->objectName(), QStringLiteral("shot.recordWindow"));
+    EXPECT_EQ(shown[8]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
     EXPECT_EQ(shown.last()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
     shown[1]->trigger();
     EXPECT_EQ(chosen, CaptureMode::window);
-    shown[7]->trigger();
+    shown[8]->trigger();
     EXPECT_TRUE(opened);
     shown.last()->trigger();
     EXPECT_TRUE(quit);
@@ -423,12 +424,13 @@ TEST(ShotStatusMenu, RecordingItemsFollowTheRecording)
     actions.stopRecording = [&] { done << QStringLiteral("stop"); };
     actions.cancelRecording = [&] { done << QStringLiteral("cancel"); };
     ShotStatusMenu menu(std::move(actions));
+    const auto captures = qsizetype(enumCount<CaptureMode>()); // the items before the recording's
     const auto visible = [&] {
         QStringList titles;
         for (const QAction* action : menu.menu().actions()) {
             if (action->isVisible() && !action->isSeparator() &&
-                menu.menu().actions().indexOf(action) >= 4 &&
-                menu.menu().actions().indexOf(action) < 10) {
+                menu.menu().actions().indexOf(action) >= captures &&
+                menu.menu().actions().indexOf(action) < captures + 6) {
                 titles << action->text();
             }
         }

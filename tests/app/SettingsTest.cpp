@@ -5,6 +5,7 @@
 #include "capture/CapturePlatformLoader.h"
 #include "capture/GlobalShortcuts.h"
 #include "core/Settings.h"
+#include "text/ShotTextReading.h"
 #include "editor/ShotEditorWindow.h"
 #include "editor/ShotToolStyles.h"
 #include "export/ShotQuickSave.h"
@@ -31,6 +32,8 @@
 #include <QClipboard>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QListWidget>
+#include <QScrollArea>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -578,6 +581,33 @@ TEST_F(Settings, EditorDefaultsAreWhatNewMarksTake)
     xdotool({"key", "ctrl+a", "type", "30"});
     xdotool({"key", "Tab"});
     EXPECT_EQ(storedToolStyle(*m_preferences, ShotToolKind::blur).strength, 30);
+
+    // The recognition languages are the installed ones; the ticked are kept.
+    auto* languages = find<QListWidget>(QStringLiteral("recognitionLanguages"));
+    QStringList listed;
+    for (int i = 0; i < languages->count(); ++i) {
+        listed << languages->item(i)->data(Qt::UserRole).toString();
+    }
+    EXPECT_EQ(listed, installedRecognitionLanguages());
+    EXPECT_EQ(recognitionLanguages(*m_preferences), defaultRecognitionLanguages());
+    for (int i = 0; i < languages->count(); ++i) {
+        if (languages->item(i)->data(Qt::UserRole) == QLatin1String("eng")) {
+            EXPECT_EQ(languages->item(i)->text(), QStringLiteral("English (eng)"));
+            // Unticked, ticked again: chosen by the user from now on.
+            for (QWidget* up = languages->parentWidget(); up; up = up->parentWidget()) {
+                if (auto* scroll = qobject_cast<QScrollArea*>(up)) {
+                    scroll->ensureWidgetVisible(languages);
+                }
+            }
+            settle();
+            const QRect row = languages->visualItemRect(languages->item(i));
+            click(languages->viewport(), QPoint(row.left() + 10, row.center().y()));
+            EXPECT_EQ(languages->item(i)->checkState(), Qt::Unchecked);
+            EXPECT_FALSE(m_preferences->contains(keys::recognitionLanguages)) << "none: the default";
+            xdotool({"key", "space"});
+        }
+    }
+    EXPECT_EQ(m_preferences->string(keys::recognitionLanguages), QStringLiteral("eng"));
 
     // An editor opened now draws a rectangle 9 wide and returns to Select.
     ShotEditorWindow& editor = openEditor(test::patternImage(400, 300), 1);
