@@ -2,6 +2,7 @@
 // menu, the frozen screen to frame what is recorded, the options bar, the
 // countdown, the control bar, and the movie at the end, decoded by FFmpeg.
 
+#include "capture/CaptureTypes.h"
 #include "core/Settings.h"
 #include "recording/CameraOverlay.h"
 #include "support/CameraStream.h"
@@ -80,14 +81,14 @@ protected:
     }
     static void key(const QString& keys) { run(QStringLiteral("xdotool"), {"key", keys}); }
     // Opens the tray menu's "Record Window" submenu with the keyboard: the
-    // sixth item (Capture Area, Window, Fullscreen, Scrolling, Record
-    // Screen, Record Window), its first entry (the front-most window) active.
+    // item after the captures and Record Screen, its first entry (the
+    // front-most window) active.
     bool openRecordWindowMenu()
     {
         if (!openTrayMenu()) {
             return false;
         }
-        for (int i = 0; i < 6; ++i) {
+        for (int i = 0; i < int(enumCount<CaptureMode>()) + 2; ++i) {
             key(QStringLiteral("Down"));
         }
         key(QStringLiteral("Right"));

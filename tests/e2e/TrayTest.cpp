@@ -205,8 +205,8 @@ TEST_F(Tray, CaptureFromTheShellOpensAnEditor)
         const char* inErr;
     };
     const Case cases[] = {
-        {{"capture", "sideways"}, 2, "capture takes area, window, fullscreen, scrolling or recording"},
-        {{"capture"}, 2, "capture takes area, window, fullscreen, scrolling or recording"},
+        {{"capture", "sideways"}, 2, "capture takes area, window, fullscreen, scrolling, text or recording"},
+        {{"capture"}, 2, "capture takes area, window, fullscreen, scrolling, text or recording"},
     };
     for (const Case& c : cases) {
         const auto result = test::runNuboShot(c.arguments);

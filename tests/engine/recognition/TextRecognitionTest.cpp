@@ -13,6 +13,7 @@
 
 #include "core/Error.h"
 #include "support/TextMeasures.h"
+#include "support/TextSamples.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -21,58 +22,14 @@
 namespace nubo {
 namespace {
 
+using test::body;
 using test::characterErrorRate;
-
-struct Sample {
-    const char* what;
-    const char* family;
-    int pixelSize; // at one pixel a point
-    bool dark;
-    double ratio;
-    double allowed; // character error rate
-};
-
-const char* const body =
-    "The quick brown fox jumps over the lazy dog.\n"
-    "Screenshots hold menus, labels and paragraphs of text;\n"
-    "copying them by hand is slow and error-prone.\n"
-    "Version 2.4.1 was released on 14 March 2026 at 09:30.";
-
-QImage render(const Sample& sample, const QString& text)
-{
-    QFont font(QString::fromLatin1(sample.family));
-    font.setPixelSize(sample.pixelSize);
-    const QFontMetrics metrics(font);
-    const QStringList lines = text.split(u'\n');
-    int width = 0;
-    for (const QString& line : lines) {
-        width = std::max(width, metrics.horizontalAdvance(line));
-    }
-    const QSize points(width + 40, int(lines.size()) * metrics.lineSpacing() + 40);
-    QImage image(points * sample.ratio, QImage::Format_RGB32);
-    image.setDevicePixelRatio(sample.ratio);
-    image.fill(sample.dark ? QColor(0x1e, 0x1e, 0x1e) : QColor(Qt::white));
-    QPainter painter(&image);
-    painter.setFont(font);
-    painter.setPen(sample.dark ? QColor(0xe0, 0xe0, 0xe0) : QColor(0x20, 0x20, 0x20));
-    for (qsizetype i = 0; i < lines.size(); ++i) {
-        painter.drawText(20, 20 + metrics.ascent() + int(i) * metrics.lineSpacing(), lines[i]);
-    }
-    return image;
-}
+using test::render;
+using test::Sample;
 
 TEST(TextRecognition, ScreenTextIsReadWithinItsErrorRate)
 {
-    const Sample samples[] = {
-        {"body", "DejaVu Sans", 14, false, 1, 0.02},
-        {"body", "DejaVu Sans", 14, true, 1, 0.02},
-        {"body", "DejaVu Sans", 14, false, 2, 0.02},
-        {"body", "Liberation Serif", 16, false, 1, 0.02},
-        {"body", "Liberation Sans", 13, true, 2, 0.02},
-        {"label", "DejaVu Sans", 11, false, 1, 0.05},
-        {"label", "Liberation Sans", 11, true, 1, 0.05},
-    };
-    for (const Sample& sample : samples) {
+    for (const Sample& sample : test::screenSamples) {
         const RecognizedText text = recognizeText(render(sample, QString::fromLatin1(body)), {"eng"});
         const double rate = characterErrorRate(text.text(), QString::fromLatin1(body));
         EXPECT_LE(rate, sample.allowed)
