@@ -8,8 +8,11 @@
 
 #include <tesseract/capi.h>
 
+#include <QScopeGuard>
+
 #include <algorithm>
 #include <memory>
+#include <mutex>
 
 namespace nubo {
 
@@ -92,7 +95,39 @@ int typicalLineHeight(const QImage& grey)
     return median(runs);
 }
 
+// The engine kept between recognitions, and the languages it reads.
+struct Engine {
+    std::mutex lock;
+    TessBaseAPI* api = nullptr;
+    QByteArray languages;
+    QByteArray data;
+
+    void release()
+    {
+        if (api) {
+            TessBaseAPIDelete(api);
+            api = nullptr;
+        }
+        languages.clear();
+    }
+};
+
+// Never destroyed: Tesseract's own caches may be gone by then. The programs
+// release it before they end (releaseRecognitionEngine).
+Engine& theEngine()
+{
+    static Engine* const engine = new Engine;
+    return *engine;
+}
+
 } // namespace
+
+void releaseRecognitionEngine()
+{
+    Engine& engine = theEngine();
+    const std::lock_guard hold(engine.lock);
+    engine.release();
+}
 
 QString RecognizedText::text() const
 {
@@ -235,34 +270,47 @@ RecognizedText recognizeText(const QImage& picture, const QStringList& languages
     const QImage grey = prepareForRecognition(picture, scale);
 
     // Tesseract's C interface: the programs that recognise text load the
-    // library on its first call (first-use/TesseractOnFirstUse).
-    const std::unique_ptr<TessBaseAPI, void (*)(TessBaseAPI*)> api(TessBaseAPICreate(), TessBaseAPIDelete);
+    // library on its first call (first-use/TesseractOnFirstUse). Its models
+    // take a tenth of a second to load: the engine is kept for the next
+    // picture in the same languages, one recognition at a time.
+    Engine& engine = theEngine();
+    const std::lock_guard hold(engine.lock);
     const QByteArray data = dataFolder().toLocal8Bit();
     const QByteArray wanted = (languages.isEmpty() ? QStringList{QStringLiteral("eng")} : languages)
                                   .join(u'+')
                                   .toLatin1();
-    if (TessBaseAPIInit2(api.get(), data.constData(), wanted.constData(), tesseract::OEM_LSTM_ONLY) != 0) {
-        throw Error(QCoreApplication::translate("nubo::TextRecognition",
-                                                "The text recognition engine could not start with “%1”.")
-                        .arg(QString::fromLatin1(wanted)));
+    if (!engine.api || engine.languages != wanted || engine.data != data) {
+        engine.release();
+        engine.api = TessBaseAPICreate();
+        if (TessBaseAPIInit2(engine.api, data.constData(), wanted.constData(), tesseract::OEM_LSTM_ONLY) != 0) {
+            engine.release();
+            throw Error(QCoreApplication::translate("nubo::TextRecognition",
+                                                    "The text recognition engine could not start with “%1”.")
+                            .arg(QString::fromLatin1(wanted)));
+        }
+        engine.languages = wanted;
+        engine.data = data;
     }
+    TessBaseAPI* const api = engine.api;
+    // The picture and its results go when done; the models stay.
+    const auto clear = qScopeGuard([api] { TessBaseAPIClear(api); });
     // A whole screen holds columns, labels and panels: the engine finds the
     // blocks itself. A framed selection is mostly one block (a paragraph, a
     // piece of code): read as one, its short lines (a lone closing brace)
     // are not taken for noise. Spaces between words stay as they were seen.
     const bool selection = picture.width() <= 1200 * picture.devicePixelRatio() &&
                            picture.height() <= 800 * picture.devicePixelRatio();
-    TessBaseAPISetPageSegMode(api.get(), selection ? tesseract::PSM_SINGLE_BLOCK : tesseract::PSM_AUTO);
-    TessBaseAPISetVariable(api.get(), "preserve_interword_spaces", "1");
-    TessBaseAPISetImage(api.get(), grey.constBits(), grey.width(), grey.height(), 1, int(grey.bytesPerLine()));
-    TessBaseAPISetSourceResolution(api.get(), int(96 * scale));
-    if (TessBaseAPIRecognize(api.get(), nullptr) != 0) {
+    TessBaseAPISetPageSegMode(api, selection ? tesseract::PSM_SINGLE_BLOCK : tesseract::PSM_AUTO);
+    TessBaseAPISetVariable(api, "preserve_interword_spaces", "1");
+    TessBaseAPISetImage(api, grey.constBits(), grey.width(), grey.height(), 1, int(grey.bytesPerLine()));
+    TessBaseAPISetSourceResolution(api, int(96 * scale));
+    if (TessBaseAPIRecognize(api, nullptr) != 0) {
         throw Error(QCoreApplication::translate("nubo::TextRecognition",
                                                 "The text could not be recognised."));
     }
     RecognizedText result;
     const std::unique_ptr<TessResultIterator, void (*)(TessResultIterator*)> it(
-        TessBaseAPIGetIterator(api.get()), TessResultIteratorDelete);
+        TessBaseAPIGetIterator(api), TessResultIteratorDelete);
     if (!it) {
         return result;
     }

@@ -48,6 +48,12 @@ QImage prepareForRecognition(const QImage& picture, double scale);
 // Takes a while (a second for a full screen of text); call it off the UI
 // thread. Throws Error naming the package to install when a language's
 // data is missing.
+// The engine and its models (tens of megabytes) are kept for the next call
+// in the same languages; one call runs at a time, others wait.
 RecognizedText recognizeText(const QImage& picture, const QStringList& languages);
+
+// Frees the engine kept by recognizeText (waiting for a recognition under
+// way). Programs call it before they end, and the tray when idle.
+void releaseRecognitionEngine();
 
 } // namespace nubo

@@ -84,6 +84,7 @@ int runOcrCommand(const QStringList& arguments)
         }
         const RecognizedText text =
             recognizeText(image, languages.isEmpty() ? defaultRecognitionLanguages() : languages);
+        releaseRecognitionEngine(); // one picture a run
         const QString all = text.text();
         if (!all.isEmpty()) {
             print(all);

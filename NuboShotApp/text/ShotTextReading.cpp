@@ -7,6 +7,7 @@
 #include <QElapsedTimer>
 #include <QFutureWatcher>
 #include <QPointer>
+#include <QTimer>
 #include <QtConcurrent>
 
 namespace nubo {
@@ -33,13 +34,36 @@ void setRecognitionLanguages(ShotPreferences& preferences, const QStringList& la
     }
 }
 
+namespace {
+
+// The recognition engine's models stay loaded for the next reading, and
+// are freed when none came for two minutes (or when the program ends).
+void releaseEngineWhenIdle()
+{
+    static QTimer* const idle = [] {
+        auto* timer = new QTimer(QCoreApplication::instance());
+        timer->setSingleShot(true);
+        timer->setInterval(std::chrono::minutes(2));
+        QObject::connect(timer, &QTimer::timeout, [] { (void)QtConcurrent::run(releaseRecognitionEngine); });
+        QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit,
+                         [] { releaseRecognitionEngine(); });
+        return timer;
+    }();
+    idle->start();
+}
+
+} // namespace
+
 void readShot(const QImage& picture, const QStringList& languages, bool withText, QObject* context,
               std::function<void(const ShotReading&)> done)
 {
     auto* watcher = new QFutureWatcher<ShotReading>();
     QObject::connect(watcher, &QFutureWatcherBase::finished, context,
-                     [watcher, done = std::move(done)] {
+                     [watcher, withText, done = std::move(done)] {
                          watcher->deleteLater();
+                         if (withText) {
+                             releaseEngineWhenIdle();
+                         }
                          done(watcher->result());
                      });
     // Without its context the result is dropped, and the watcher with it.

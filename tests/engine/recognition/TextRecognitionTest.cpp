@@ -22,6 +22,13 @@
 namespace nubo {
 namespace {
 
+// The kept engine goes before Tesseract's own caches do, as in the programs.
+class ReleaseTheEngine : public testing::Environment {
+    void TearDown() override { releaseRecognitionEngine(); }
+};
+[[maybe_unused]] testing::Environment* const released =
+    testing::AddGlobalTestEnvironment(new ReleaseTheEngine);
+
 using test::body;
 using test::characterErrorRate;
 using test::render;
