@@ -91,16 +91,18 @@ protected:
     // A real click on a widget's middle.
     static void click(QWidget& widget)
     {
-        const QPoint centre = widget.mapToGlobal(widget.rect().center());
+        const QPoint centre = widget.mapToGlobal(widget.rect().center()) * widget.devicePixelRatioF();
         xdotool({"mousemove", QString::number(centre.x()), QString::number(centre.y()), "click", "1"});
     }
 
-    // Where a rectangle of the shot's pixels is on screen.
+    // Where a rectangle of the shot's pixels is on the screen, in the X
+    // server's pixels (which the pointer moves in, at any scale).
     QRect onScreen(const QRect& pixels)
     {
         ShotCanvas& canvas = m_window->canvas();
         const QRectF widget = canvas.toWidget(m_window->textLayer().toDocument(pixels));
-        return QRect(canvas.mapToGlobal(widget.topLeft().toPoint()), widget.size().toSize());
+        const double ratio = canvas.devicePixelRatioF();
+        return QRect(canvas.mapToGlobal(widget.topLeft().toPoint()) * ratio, widget.size().toSize() * ratio);
     }
 };
 
@@ -156,7 +158,7 @@ TEST_F(EditorText, CodesOfferCopyAndWordsAreChosenAndCopied)
         << layer.selectedText().toStdString();
 
     // Nothing chosen: Copy Text takes the whole text, its lines kept.
-    const QRect empty = onScreen(QRect(40, 360, 20, 20));
+    const QRect empty = onScreen(QRect(700, 40, 20, 20)); // right of the first line
     xdotool({"mousemove", QString::number(empty.center().x()), QString::number(empty.center().y()),
              "click", "1"});
     ASSERT_TRUE(waitFor([&] { return layer.selectedWordCount() == 0; }));
