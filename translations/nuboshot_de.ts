@@ -683,10 +683,6 @@
         <translation>Hochladen abbrechen</translation>
     </message>
     <message>
-        <source>Pin</source>
-        <translation>Anheften</translation>
-    </message>
-    <message>
         <source>Keep this editor open after copying, saving or dragging</source>
         <translation>Diesen Editor nach Kopieren, Speichern oder Ziehen offen lassen</translation>
     </message>
@@ -733,6 +729,10 @@
     <message>
         <source>%1 · Click to try again</source>
         <translation>%1 · Klicken, um es erneut zu versuchen</translation>
+    </message>
+    <message>
+        <source>Keep Open</source>
+        <translation>Offen lassen</translation>
     </message>
 </context>
 <context>
@@ -1288,6 +1288,18 @@
             <numerusform>%n Wörter kopiert</numerusform>
         </translation>
     </message>
+    <message>
+        <source>No area has been captured yet. Frame one with Capture Area first.</source>
+        <translation>Es wurde noch kein Bereich aufgenommen. Wählen Sie zuerst einen mit „Bereich aufnehmen“.</translation>
+    </message>
+    <message>
+        <source>The display of the previous area is no longer connected.</source>
+        <translation>Der Bildschirm des vorherigen Bereichs ist nicht mehr angeschlossen.</translation>
+    </message>
+    <message>
+        <source>The display of the previous area changed its size (%1 × %2 pixels, now %3 × %4). Frame the area again.</source>
+        <translation>Der Bildschirm des vorherigen Bereichs hat seine Größe geändert (%1 × %2 Pixel, jetzt %3 × %4). Wählen Sie den Bereich erneut.</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotGlobalShortcuts</name>
@@ -1318,6 +1330,10 @@
     <message>
         <source>Capture Text</source>
         <translation>Text aufnehmen</translation>
+    </message>
+    <message>
+        <source>Capture Previous Area</source>
+        <translation>Vorherigen Bereich aufnehmen</translation>
     </message>
 </context>
 <context>

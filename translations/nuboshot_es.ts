@@ -683,10 +683,6 @@
         <translation>Cancelar la subida</translation>
     </message>
     <message>
-        <source>Pin</source>
-        <translation>Fijar</translation>
-    </message>
-    <message>
         <source>Keep this editor open after copying, saving or dragging</source>
         <translation>Dejar este editor abierto después de copiar, guardar o arrastrar</translation>
     </message>
@@ -733,6 +729,10 @@
     <message>
         <source>%1 · Click to try again</source>
         <translation>%1 · Haga clic para volver a intentarlo</translation>
+    </message>
+    <message>
+        <source>Keep Open</source>
+        <translation>Mantener abierto</translation>
     </message>
 </context>
 <context>
@@ -1288,6 +1288,18 @@
             <numerusform>%n palabras copiadas</numerusform>
         </translation>
     </message>
+    <message>
+        <source>No area has been captured yet. Frame one with Capture Area first.</source>
+        <translation>Todavía no se ha capturado ningún área. Elija primero una con «Capturar un área».</translation>
+    </message>
+    <message>
+        <source>The display of the previous area is no longer connected.</source>
+        <translation>La pantalla del área anterior ya no está conectada.</translation>
+    </message>
+    <message>
+        <source>The display of the previous area changed its size (%1 × %2 pixels, now %3 × %4). Frame the area again.</source>
+        <translation>La pantalla del área anterior cambió de tamaño (%1 × %2 píxeles, ahora %3 × %4). Vuelva a elegir el área.</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotGlobalShortcuts</name>
@@ -1318,6 +1330,10 @@
     <message>
         <source>Capture Text</source>
         <translation>Capturar texto</translation>
+    </message>
+    <message>
+        <source>Capture Previous Area</source>
+        <translation>Capturar el área anterior</translation>
     </message>
 </context>
 <context>

@@ -683,10 +683,6 @@
         <translation>Annuler l&apos;envoi</translation>
     </message>
     <message>
-        <source>Pin</source>
-        <translation>Épingler</translation>
-    </message>
-    <message>
         <source>Keep this editor open after copying, saving or dragging</source>
         <translation>Garder cet éditeur ouvert après copie, enregistrement ou glisser-déposer</translation>
     </message>
@@ -733,6 +729,10 @@
     <message>
         <source>%1 · Click to try again</source>
         <translation>%1 · Cliquer pour réessayer</translation>
+    </message>
+    <message>
+        <source>Keep Open</source>
+        <translation>Garder ouvert</translation>
     </message>
 </context>
 <context>
@@ -1288,6 +1288,18 @@
             <numerusform>%n mots copiés</numerusform>
         </translation>
     </message>
+    <message>
+        <source>No area has been captured yet. Frame one with Capture Area first.</source>
+        <translation>Aucune zone n’a encore été capturée. Choisissez-en d’abord une avec «&#xa0;Capturer une zone&#xa0;».</translation>
+    </message>
+    <message>
+        <source>The display of the previous area is no longer connected.</source>
+        <translation>L’écran de la zone précédente n’est plus branché.</translation>
+    </message>
+    <message>
+        <source>The display of the previous area changed its size (%1 × %2 pixels, now %3 × %4). Frame the area again.</source>
+        <translation>L’écran de la zone précédente a changé de taille (%1 × %2 pixels, maintenant %3 × %4). Choisissez de nouveau la zone.</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotGlobalShortcuts</name>
@@ -1318,6 +1330,10 @@
     <message>
         <source>Capture Text</source>
         <translation>Capturer du texte</translation>
+    </message>
+    <message>
+        <source>Capture Previous Area</source>
+        <translation>Capturer la zone précédente</translation>
     </message>
 </context>
 <context>

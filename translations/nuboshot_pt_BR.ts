@@ -683,10 +683,6 @@
         <translation>Cancelar envio</translation>
     </message>
     <message>
-        <source>Pin</source>
-        <translation>Fixar</translation>
-    </message>
-    <message>
         <source>Keep this editor open after copying, saving or dragging</source>
         <translation>Manter este editor aberto depois de copiar, salvar ou arrastar</translation>
     </message>
@@ -733,6 +729,10 @@
     <message>
         <source>%1 · Click to try again</source>
         <translation>%1 · Clique para tentar de novo</translation>
+    </message>
+    <message>
+        <source>Keep Open</source>
+        <translation>Manter aberto</translation>
     </message>
 </context>
 <context>
@@ -1288,6 +1288,18 @@
             <numerusform>%n palavras copiadas</numerusform>
         </translation>
     </message>
+    <message>
+        <source>No area has been captured yet. Frame one with Capture Area first.</source>
+        <translation>Nenhuma área foi capturada ainda. Escolha uma primeiro com “Capturar área”.</translation>
+    </message>
+    <message>
+        <source>The display of the previous area is no longer connected.</source>
+        <translation>A tela da área anterior não está mais conectada.</translation>
+    </message>
+    <message>
+        <source>The display of the previous area changed its size (%1 × %2 pixels, now %3 × %4). Frame the area again.</source>
+        <translation>A tela da área anterior mudou de tamanho (%1 × %2 pixels, agora %3 × %4). Escolha a área novamente.</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotGlobalShortcuts</name>
@@ -1318,6 +1330,10 @@
     <message>
         <source>Capture Text</source>
         <translation>Capturar texto</translation>
+    </message>
+    <message>
+        <source>Capture Previous Area</source>
+        <translation>Capturar a área anterior</translation>
     </message>
 </context>
 <context>

@@ -682,10 +682,6 @@
         <translation>取消上传</translation>
     </message>
     <message>
-        <source>Pin</source>
-        <translation>固定</translation>
-    </message>
-    <message>
         <source>Keep this editor open after copying, saving or dragging</source>
         <translation>复制、保存或拖出后保持此编辑器打开</translation>
     </message>
@@ -732,6 +728,10 @@
     <message>
         <source>%1 · Click to try again</source>
         <translation>%1 · 点击重试</translation>
+    </message>
+    <message>
+        <source>Keep Open</source>
+        <translation>保持打开</translation>
     </message>
 </context>
 <context>
@@ -1284,6 +1284,18 @@
             <numerusform>已复制 %n 个词</numerusform>
         </translation>
     </message>
+    <message>
+        <source>No area has been captured yet. Frame one with Capture Area first.</source>
+        <translation>尚未截取过任何区域。请先使用“截取区域”框选一个区域。</translation>
+    </message>
+    <message>
+        <source>The display of the previous area is no longer connected.</source>
+        <translation>上次区域所在的显示器已不再连接。</translation>
+    </message>
+    <message>
+        <source>The display of the previous area changed its size (%1 × %2 pixels, now %3 × %4). Frame the area again.</source>
+        <translation>上次区域所在的显示器尺寸已改变（原为 %1 × %2 像素，现为 %3 × %4）。请重新框选区域。</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotGlobalShortcuts</name>
@@ -1314,6 +1326,10 @@
     <message>
         <source>Capture Text</source>
         <translation>识别文字</translation>
+    </message>
+    <message>
+        <source>Capture Previous Area</source>
+        <translation>截取上次区域</translation>
     </message>
 </context>
 <context>

@@ -17,9 +17,9 @@
 
 namespace nubo {
 
-enum class CaptureMode { area, window, fullscreen, scrolling, text };
+enum class CaptureMode { area, window, fullscreen, scrolling, text, lastArea };
 template <> struct EnumNames<CaptureMode> {
-    static constexpr std::array names{"area", "window", "fullscreen", "scrolling", "text"};
+    static constexpr std::array names{"area", "window", "fullscreen", "scrolling", "text", "last-area"};
 };
 
 // The one error of every capture path.

@@ -67,6 +67,8 @@ inline constexpr char recordingAvatarSource[] = "shot.recording.avatar.source";
 inline constexpr char recordingAvatarCameraDeviceID[] = "shot.recording.avatar.cameraDeviceID";
 // Tesseract's names joined by "+" ("deu+eng"); absent: the desktop's language.
 inline constexpr char recognitionLanguages[] = "shot.recognition.languages";
+// The last framed area: "DISPLAY X Y WIDTH HEIGHT DISPLAY_WIDTH DISPLAY_HEIGHT" in pixels.
+inline constexpr char lastArea[] = "shot.lastArea";
 } // namespace keys
 
 // Typed reads over the user's preferences (an INI file under

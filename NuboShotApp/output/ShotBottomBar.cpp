@@ -105,7 +105,7 @@ ShotBottomBar::ShotBottomBar(QWidget* parent) : QWidget(parent)
     layout->addStretch(1);
 
     m_pin = new QToolButton(this);
-    m_pin->setText(tr("Pin"));
+    m_pin->setText(tr("Keep Open"));
     m_pin->setIcon(ShotIcons::icon(QStringLiteral("nuboshot-pin")));
     m_pin->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_pin->setAutoRaise(true);

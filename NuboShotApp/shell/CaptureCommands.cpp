@@ -284,10 +284,10 @@ int runCaptureCommand(const QStringList& arguments)
     const QString help = QStringLiteral("capture");
     if (arguments.contains(QLatin1String("-h")) || arguments.contains(QLatin1String("--help"))) {
         print(QStringLiteral(
-            "Usage: nuboshot capture area|window|fullscreen|scrolling|text|recording\n\n"
+            "Usage: nuboshot capture area|window|fullscreen|scrolling|text|last-area|recording\n\n"
             "Asks the running Nubo Shot (started if needed) to capture, as its menu does;\n"
-            "\"text\" copies the text of the framed area, \"recording\" starts a recording,\n"
-            "or stops the one running."));
+            "\"text\" copies the text of the framed area, \"last-area\" takes the area framed\n"
+            "last time again, \"recording\" starts a recording, or stops the one running."));
         return success;
     }
     const auto mode =
@@ -295,7 +295,7 @@ int runCaptureCommand(const QStringList& arguments)
     const bool recording =
         arguments.size() == 1 && arguments.first() == QLatin1String("recording");
     if (!mode && !recording) {
-        return usage(QStringLiteral("capture takes area, window, fullscreen, scrolling, text or "
+        return usage(QStringLiteral("capture takes area, window, fullscreen, scrolling, text, last-area or "
                                     "recording"),
                      help);
     }

@@ -10,7 +10,7 @@ Nubo Shot captures, annotates and records the screen. Without a command it
 starts in the tray of the current desktop session (once per session).
 
 Commands:
-  capture area|window|fullscreen|scrolling|text|recording
+  capture area|window|fullscreen|scrolling|text|last-area|recording
                           the running Nubo Shot captures (started if needed)
   annotate FILE...        open images (or shot archives) in the editor
   open [FILE...]          the same; with no file, start the tray

@@ -42,7 +42,7 @@ void ShotBusService::CaptureShot(const QString& mode, const QDBusMessage& messag
     if (!parsed) {
         QDBusConnection::sessionBus().send(message.createErrorReply(
             QLatin1String(GrabOverBus::errorName),
-            QStringLiteral("\u201c%1\u201d is not a capture mode: area, window, fullscreen, scrolling or text.")
+            QStringLiteral("\u201c%1\u201d is not a capture mode: area, window, fullscreen, scrolling, text or last-area.")
                 .arg(mode)));
         message.setDelayedReply(true);
         return;

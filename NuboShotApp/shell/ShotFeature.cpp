@@ -28,6 +28,10 @@
 
 namespace nubo {
 
+namespace {
+void drawPointer(ScreenCapturing& capturer, QList<DisplayCapture>& displays);
+} // namespace
+
 ShotFeature::ShotFeature(std::shared_ptr<CapturePlatform> platform, ShotPreferences& preferences,
                          ShotRenderer& renderer, QObject* parent)
     : QObject(parent), m_platform(std::move(platform)), m_preferences(preferences),
@@ -129,6 +133,14 @@ void ShotFeature::capture(CaptureMode mode)
         qCInfo(lcApp, "Capture ignored: another one is under way");
         return; // one capture at a time
     }
+    std::optional<LastArea> lastArea;
+    if (mode == CaptureMode::lastArea) {
+        lastArea = storedLastArea(m_preferences);
+        if (!lastArea) {
+            failed(tr("No area has been captured yet. Frame one with Capture Area first."));
+            return;
+        }
+    }
     m_capturing = true;
     m_mode = mode;
     m_requested.start();
@@ -137,6 +149,32 @@ void ShotFeature::capture(CaptureMode mode)
     // Where the desktop lists its windows to nobody, its dialog picks.
     const bool picker = mode == CaptureMode::window && m_platform->features().windowPicker;
     const bool withPointer = m_preferences.boolean(keys::includePointer, false);
+    if (lastArea) {
+        m_lastArea = *lastArea;
+        freezeThenShow(mode, [capturer = m_platform->capturer(), id = lastArea->display, withPointer] {
+            Frozen result;
+            try {
+                capturer->probe();
+                const QList<CaptureDisplay> displays = capturer->displays();
+                if (std::none_of(displays.begin(), displays.end(),
+                                 [id](const CaptureDisplay& d) { return d.id == id; })) {
+                    result.error = tr("The display of the previous area is no longer connected.");
+                    return result;
+                }
+                result.displays = capturer->captureDisplays(id);
+                if (withPointer) {
+                    drawPointer(*capturer, result.displays);
+                }
+            } catch (const CaptureError& error) {
+                result.cancelled = error.code() == CaptureError::Code::cancelled;
+                result.error = error.message();
+            } catch (const Error& error) {
+                result.error = error.message();
+            }
+            return result;
+        });
+        return;
+    }
     freezeThenShow(mode, [capturer = m_platform->capturer(), mode, pointer, picker, withPointer] {
         return freeze(*capturer, mode, pointer, picker, withPointer);
     });
@@ -251,6 +289,11 @@ void ShotFeature::frozen(CaptureMode mode, const Frozen& result)
         finishCapture(display.image, display.space.scale);
         return;
     }
+    if (mode == CaptureMode::lastArea) {
+        m_accepted.start();
+        captureLastArea(m_lastArea, result.displays);
+        return;
+    }
     m_frozen = result.displays;
     m_overlay->setWindowPicking(isOffered(CaptureMode::window));
     m_overlay->setDesktopPicksWindows(m_platform->features().windowPicker);
@@ -281,6 +324,7 @@ void ShotFeature::framed(const ShotCaptureSelection& selection)
                 const QImage image = region.pixelRect == d.image.rect()
                                          ? d.image
                                          : d.image.copy(region.pixelRect);
+                rememberLastArea({d.id, region.pixelRect, d.image.size()});
                 if (m_mode == CaptureMode::text) {
                     copyText(image, d.space.scale);
                 } else {
@@ -294,6 +338,62 @@ void ShotFeature::framed(const ShotCaptureSelection& selection)
         return;
     }
     failed(CaptureError::messageFor(CaptureError::Code::noContent));
+}
+
+std::optional<ShotFeature::LastArea> ShotFeature::storedLastArea(const ShotPreferences& preferences)
+{
+    const QStringList words =
+        preferences.string(keys::lastArea).value_or(QString()).split(u' ', Qt::SkipEmptyParts);
+    if (words.size() != 7) {
+        return std::nullopt;
+    }
+    qint64 numbers[7];
+    for (int i = 0; i < 7; ++i) {
+        bool ok = false;
+        numbers[i] = words[i].toLongLong(&ok);
+        if (!ok || numbers[i] < 0 || numbers[i] > (i == 0 ? 0xffffffffLL : 65536)) {
+            return std::nullopt; // a hand-edited value: as if none were stored
+        }
+    }
+    const LastArea area{quint32(numbers[0]), QRect(int(numbers[1]), int(numbers[2]), int(numbers[3]), int(numbers[4])),
+                        QSize(int(numbers[5]), int(numbers[6]))};
+    if (area.pixels.isEmpty() || !QRect(QPoint(), area.displaySize).contains(area.pixels)) {
+        return std::nullopt;
+    }
+    return area;
+}
+
+void ShotFeature::rememberLastArea(const LastArea& area)
+{
+    m_preferences.setValue(keys::lastArea, QStringLiteral("%1 %2 %3 %4 %5 %6 %7")
+                                               .arg(area.display)
+                                               .arg(area.pixels.x())
+                                               .arg(area.pixels.y())
+                                               .arg(area.pixels.width())
+                                               .arg(area.pixels.height())
+                                               .arg(area.displaySize.width())
+                                               .arg(area.displaySize.height()));
+}
+
+void ShotFeature::captureLastArea(const LastArea& area, const QList<DisplayCapture>& displays)
+{
+    for (const DisplayCapture& display : displays) {
+        if (display.id != area.display) {
+            continue;
+        }
+        if (display.image.size() != area.displaySize) {
+            failed(tr("The display of the previous area changed its size (%1 × %2 pixels, "
+                      "now %3 × %4). Frame the area again.")
+                       .arg(area.displaySize.width())
+                       .arg(area.displaySize.height())
+                       .arg(display.image.width())
+                       .arg(display.image.height()));
+            return;
+        }
+        finishCapture(display.image.copy(area.pixels), display.space.scale);
+        return;
+    }
+    failed(tr("The display of the previous area is no longer connected."));
 }
 
 void ShotFeature::startScrolling(const ShotCaptureSelection& selection)

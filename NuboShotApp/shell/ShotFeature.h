@@ -72,6 +72,17 @@ private:
     // is in the result. On a worker thread.
     static Frozen freeze(ScreenCapturing& capturer, CaptureMode mode, QPoint pointer,
                          bool pickWindow, bool withPointer = false);
+    // The area framed last, on its display, in the display's pixels; the
+    // display's size then, to refuse one that changed.
+    struct LastArea {
+        quint32 display = 0;
+        QRect pixels;
+        QSize displaySize;
+    };
+    static std::optional<LastArea> storedLastArea(const ShotPreferences& preferences);
+    void rememberLastArea(const LastArea& area);
+    // Capture Previous Area: the display frozen alone, the same pixels cut.
+    void captureLastArea(const LastArea& area, const QList<DisplayCapture>& displays);
     // Runs `work` off the main thread, then frozen() with its result.
     void freezeThenShow(CaptureMode mode, std::function<Frozen()> work);
     void frozen(CaptureMode mode, const Frozen& result);
@@ -95,6 +106,7 @@ private:
     QPointer<ShotScrollingSession> m_scrolling;
     ShotRecentStore* m_recents = nullptr;
     CaptureMode m_mode = CaptureMode::area; // of the capture under way
+    LastArea m_lastArea;                    // taken again by the capture under way
     QList<DisplayCapture> m_frozen; // the displays under the overlay
     bool m_capturing = false;
     QElapsedTimer m_requested; // for the latencies the log reports

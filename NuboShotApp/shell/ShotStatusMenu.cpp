@@ -32,7 +32,8 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
     : QObject(parent), m_actions(std::move(actions))
 {
     for (const CaptureMode mode : allCases<CaptureMode>()) {
-        const QString icon = mode == CaptureMode::area     ? QStringLiteral("nuboshot-capture-area")
+        const QString icon = mode == CaptureMode::area || mode == CaptureMode::lastArea
+                                 ? QStringLiteral("nuboshot-capture-area")
                              : mode == CaptureMode::window ? QStringLiteral("nuboshot-capture-window")
                              : mode == CaptureMode::scrolling
                                  ? QStringLiteral("nuboshot-capture-scrolling")

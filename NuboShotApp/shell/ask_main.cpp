@@ -33,7 +33,7 @@ int askTray(int argc, char** argv)
     const bool recording = mode == QLatin1String("recording");
     if (!recording && mode != QLatin1String("area") && mode != QLatin1String("window") &&
         mode != QLatin1String("fullscreen") && mode != QLatin1String("scrolling") &&
-        mode != QLatin1String("text")) {
+        mode != QLatin1String("text") && mode != QLatin1String("last-area")) {
         return -1; // the whole program explains its usage
     }
     QCoreApplication app(argc, argv);

@@ -33,6 +33,8 @@ QString ShotGlobalShortcuts::title(const QString& action)
         return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Capture Scrolling");
     case CaptureMode::text:
         return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Capture Text");
+    case CaptureMode::lastArea:
+        return QCoreApplication::translate("nubo::ShotGlobalShortcuts", "Capture Previous Area");
     }
     return {};
 }
@@ -62,6 +64,7 @@ QString ShotGlobalShortcuts::defaultShortcut(const QString& action)
     case CaptureMode::scrolling:
         return QStringLiteral("Ctrl+Shift+Print");
     case CaptureMode::text:
+    case CaptureMode::lastArea:
         return {}; // unbound until the user chooses a key
     }
     return {};

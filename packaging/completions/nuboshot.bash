@@ -61,7 +61,7 @@ _nuboshot()
     case "$command" in
         capture)
             [ "$cword" -eq 2 ] &&
-                COMPREPLY=($(compgen -W "area window fullscreen scrolling text recording -h --help" -- "$cur")) ;;
+                COMPREPLY=($(compgen -W "area window fullscreen scrolling text last-area recording -h --help" -- "$cur")) ;;
         displays | windows)
             COMPREPLY=($(compgen -W "--json -h --help" -- "$cur")) ;;
         grab)

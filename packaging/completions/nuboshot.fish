@@ -32,7 +32,7 @@ for i in (seq 1 2 (count $described))
     complete -c nuboshot -n "$first" -a $described[$i] -d $described[(math $i + 1)]
 end
 
-complete -c nuboshot -n "__fish_seen_subcommand_from capture" -a "area window fullscreen scrolling text recording"
+complete -c nuboshot -n "__fish_seen_subcommand_from capture" -a "area window fullscreen scrolling text last-area recording"
 complete -c nuboshot -n "__fish_seen_subcommand_from displays windows" -l json -d "As JSON"
 
 complete -c nuboshot -n "__fish_seen_subcommand_from grab; and not __fish_seen_subcommand_from fullscreen window region" -a "fullscreen window region"

@@ -369,19 +369,20 @@ TEST(ShotStatusMenu, OffersItsItemsInOrderAndRunsThem)
     }
     EXPECT_EQ(titles.join(u'|'),
               QStringLiteral("Capture Area|Capture Window|Capture Fullscreen|Capture Scrolling|"
-                             "Capture Text|Record Screen|Record Window|-|"
+                             "Capture Text|Capture Previous Area|Record Screen|Record Window|-|"
                              "Open Image in Nubo Shot\u2026|-|Settings\u2026|-|Quit Nubo Shot"))
         << titles.join(u'|').toStdString(); // Recent shows only while recents are on
     EXPECT_EQ(shown[0]->data().toString(), QStringLiteral("area"));
     EXPECT_EQ(shown[2]->data().toString(), QStringLiteral("fullscreen"));
     EXPECT_EQ(shown[3]->data().toString(), QStringLiteral("scrolling"));
     EXPECT_EQ(shown[4]->data().toString(), QStringLiteral("text"));
-    EXPECT_EQ(shown[6]->menu()->objectName(), QStringLiteral("shot.recordWindow"));
-    EXPECT_EQ(shown[8]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
+    EXPECT_EQ(shown[5]->data().toString(), QStringLiteral("last-area"));
+    EXPECT_EQ(shown[7]->menu()->objectName(), QStringLiteral("shot.recordWindow"));
+    EXPECT_EQ(shown[9]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
     EXPECT_EQ(shown.last()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
     shown[1]->trigger();
     EXPECT_EQ(chosen, CaptureMode::window);
-    shown[8]->trigger();
+    shown[9]->trigger();
     EXPECT_TRUE(opened);
     shown.last()->trigger();
     EXPECT_TRUE(quit);

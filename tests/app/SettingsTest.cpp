@@ -93,6 +93,13 @@ protected:
     }
     void click(QWidget* widget, QPoint at = {})
     {
+        // Scrolled into sight first, as a user would.
+        for (QWidget* up = widget->parentWidget(); up; up = up->parentWidget()) {
+            if (auto* scroll = qobject_cast<QScrollArea*>(up)) {
+                scroll->ensureWidgetVisible(widget);
+                settle();
+            }
+        }
         const QPoint p = widget->mapToGlobal(at.isNull() ? widget->rect().center() : at);
         xdotool({"mousemove", QString::number(p.x()), QString::number(p.y()), "click", "1"});
     }
@@ -594,12 +601,6 @@ TEST_F(Settings, EditorDefaultsAreWhatNewMarksTake)
         if (languages->item(i)->data(Qt::UserRole) == QLatin1String("eng")) {
             EXPECT_EQ(languages->item(i)->text(), QStringLiteral("English (eng)"));
             // Unticked, ticked again: chosen by the user from now on.
-            for (QWidget* up = languages->parentWidget(); up; up = up->parentWidget()) {
-                if (auto* scroll = qobject_cast<QScrollArea*>(up)) {
-                    scroll->ensureWidgetVisible(languages);
-                }
-            }
-            settle();
             const QRect row = languages->visualItemRect(languages->item(i));
             click(languages->viewport(), QPoint(row.left() + 10, row.center().y()));
             EXPECT_EQ(languages->item(i)->checkState(), Qt::Unchecked);

@@ -74,7 +74,8 @@ TEST(CapturePlatformLoader, PicksTheBackendTheDesktopHasOrSaysWhyNone)
                 const CapturePlatformFeatures f = platform->features();
                 EXPECT_EQ(f.modes, (QList<CaptureMode>{CaptureMode::area, CaptureMode::window,
                                                        CaptureMode::fullscreen,
-                                                       CaptureMode::scrolling, CaptureMode::text}));
+                                                       CaptureMode::scrolling, CaptureMode::text,
+                                                       CaptureMode::lastArea}));
                 EXPECT_TRUE(f.windowCapture && f.regionStreams && f.globalShortcuts &&
                             f.autoScroll);
                 EXPECT_TRUE(f.recording);

@@ -12,10 +12,14 @@
 #include <QDir>
 #include <QGuiApplication>
 #include <QImage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMimeData>
 #include <QPixmap>
 #include <QProcess>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QScreen>
 #include <QFile>
 #include <QFileInfo>
@@ -205,8 +209,8 @@ TEST_F(Tray, CaptureFromTheShellOpensAnEditor)
         const char* inErr;
     };
     const Case cases[] = {
-        {{"capture", "sideways"}, 2, "capture takes area, window, fullscreen, scrolling, text or recording"},
-        {{"capture"}, 2, "capture takes area, window, fullscreen, scrolling, text or recording"},
+        {{"capture", "sideways"}, 2, "capture takes area, window, fullscreen, scrolling, text, last-area or recording"},
+        {{"capture"}, 2, "capture takes area, window, fullscreen, scrolling, text, last-area or recording"},
     };
     for (const Case& c : cases) {
         const auto result = test::runNuboShot(c.arguments);
@@ -520,6 +524,88 @@ TEST_F(Tray, TheOverlayTakesExactlyTheFramedPixels)
     green.terminate();
     red.waitForFinished();
     green.waitForFinished();
+}
+
+// Capture Previous Area takes the pixels of the area framed last again,
+// from the screen as it is now, without the overlay; a display whose size
+// changed since is refused.
+TEST_F(Tray, ThePreviousAreaIsTakenAgainFromTheScreenAsItIsNow)
+{
+    {
+        ShotPreferences preferences; // the tray application reads the same file
+        preferences.setValue(keys::copyRawOnCapture, true);
+        // An area framed on this display when it was narrower.
+        const QJsonObject display =
+            QJsonDocument::fromJson(test::runNuboShot({"displays", "--json"}).out.toUtf8()).array().first().toObject();
+        const QJsonArray pixels = display.value(QStringLiteral("pixels")).toArray();
+        ASSERT_EQ(pixels.size(), 4);
+        preferences.setValue(keys::lastArea, QStringLiteral("%1 10 10 50 50 %2 %3")
+                                                 .arg(display.value(QStringLiteral("id")).toInteger())
+                                                 .arg(pixels[2].toInt() - 100)
+                                                 .arg(pixels[3].toInt()));
+        preferences.sync();
+    }
+    ASSERT_NO_FATAL_FAILURE(startTray());
+    ASSERT_EQ(test::runNuboShot({"capture", "last-area"}).exitCode, 0);
+    ASSERT_TRUE(waitUntil([&] { return windowShown(QStringLiteral("Could Not Capture Screen")); }))
+        << m_log.toStdString();
+    EXPECT_TRUE(waitForLog(QStringLiteral("changed its size"))) << m_log.toStdString();
+    run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", "Could Not Capture Screen",
+                                    "windowactivate", "--sync", "key", "Return"});
+    ASSERT_TRUE(waitUntil([&] { return !windowShown(QStringLiteral("Could Not Capture Screen")); }));
+
+    // Rows of their own colour each: a rectangle one row off differs.
+    QProcess rows;
+    rows.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
+               {"--geometry", "400x300+300+250", "--numbered-rows", "--undecorated"});
+    ASSERT_TRUE(rows.waitForReadyRead(5000));
+    const auto stop = qScopeGuard([&] {
+        rows.terminate();
+        rows.waitForFinished();
+    });
+    ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("Test Window")); }));
+    const auto clipboardImage = [](const QImage& unlike) {
+        QImage copied;
+        waitUntil([&] {
+            const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+            copied = mime ? QImage::fromData(mime->data(QStringLiteral("image/png")), "PNG") : QImage();
+            return !copied.isNull() && copied != unlike;
+        });
+        return copied;
+    };
+    const auto closeEditor = [&](const QString& title) {
+        run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", title, "windowactivate",
+                                        "--sync", "key", "alt+F4"});
+        return waitUntil([&] { return !windowShown(title); });
+    };
+
+    ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
+    ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("Nubo Shot Capture")); }));
+    run(QStringLiteral("xdotool"), {"mousemove", "350", "300", "mousedown", "1", "mousemove", "400",
+                                    "350", "mousemove", "470", "390", "mouseup", "1"});
+    ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("120 \u00d7 90")); }));
+    const QImage framed = clipboardImage({});
+    ASSERT_EQ(framed.size(), QSize(120, 90));
+    ASSERT_TRUE(closeEditor(QStringLiteral("120 \u00d7 90")));
+
+    // Again, without the overlay: the same pixels.
+    QGuiApplication::clipboard()->clear();
+    ASSERT_EQ(test::runNuboShot({"capture", "last-area"}).exitCode, 0);
+    ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("120 \u00d7 90")); }));
+    EXPECT_FALSE(windowShown(QStringLiteral("Nubo Shot Capture")));
+    const QImage again = clipboardImage({});
+    EXPECT_EQ(test::compareImages(again, framed, 0).pixelsOver, 0) << "not the same rectangle";
+    ASSERT_TRUE(closeEditor(QStringLiteral("120 \u00d7 90")));
+
+    // The screen changed under the area: the new pixels are taken.
+    rows.terminate();
+    rows.waitForFinished();
+    ASSERT_TRUE(waitUntil([] { return !windowShown(QStringLiteral("Test Window")); }));
+    const QImage shown = QGuiApplication::primaryScreen()->grabWindow(0, 350, 300, 120, 90).toImage();
+    ASSERT_GT(test::compareImages(shown, framed, 0).pixelsOver, 0) << "the screen did not change";
+    ASSERT_EQ(test::runNuboShot({"capture", "last-area"}).exitCode, 0);
+    const QImage later = clipboardImage(again);
+    EXPECT_EQ(test::compareImages(later, shown, 0).pixelsOver, 0) << "not the screen as it is now";
 }
 
 TEST_F(Tray, TheBusGrabRefusesWhatItCannotDoAsAsked)

@@ -27,7 +27,7 @@ CapturePlatformFeatures PortalCapturePlatform::features() const
 {
     CapturePlatformFeatures features;
     features.modes = {CaptureMode::area, CaptureMode::fullscreen, CaptureMode::scrolling,
-                      CaptureMode::text};
+                      CaptureMode::text, CaptureMode::lastArea};
     features.recording = true;
     features.regionStreams = true;
     features.autoScroll = PortalScrollDriving::available();

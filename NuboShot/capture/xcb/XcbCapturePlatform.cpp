@@ -29,7 +29,7 @@ XcbCapturePlatform::~XcbCapturePlatform() = default;
 CapturePlatformFeatures XcbCapturePlatform::features() const
 {
     return {{CaptureMode::area, CaptureMode::window, CaptureMode::fullscreen,
-             CaptureMode::scrolling, CaptureMode::text},
+             CaptureMode::scrolling, CaptureMode::text, CaptureMode::lastArea},
             true,
             true,
             true,
