@@ -734,6 +734,14 @@
         <source>Keep Open</source>
         <translation>Offen lassen</translation>
     </message>
+    <message>
+        <source>Pin</source>
+        <translation>Anheften</translation>
+    </message>
+    <message>
+        <source>Pin the shot to the screen, above other windows (Ctrl+Shift+P)</source>
+        <translation>Die Aufnahme über anderen Fenstern an den Bildschirm heften (Strg+Umschalt+P)</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotCameraBubble</name>
@@ -878,6 +886,14 @@
     <message>
         <source>Drag to select scroll area, scroll it to its end, then choose Capture Scrolling again · Esc: Cancel</source>
         <translation>Scrollbereich aufziehen, bis zum Ende scrollen, dann erneut „Scrollend aufnehmen“ wählen · Esc: Abbrechen</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>P</translation>
+    </message>
+    <message>
+        <source>Pin it to the screen</source>
+        <translation>An den Bildschirm heften</translation>
     </message>
 </context>
 <context>
@@ -1223,6 +1239,10 @@
         <source>Copy the text</source>
         <translation>Den Text kopieren</translation>
     </message>
+    <message>
+        <source>Pin to Screen</source>
+        <translation>An Bildschirm heften</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotEmojiPicker</name>
@@ -1403,6 +1423,52 @@
     <message>
         <source>Filebin is public: anyone with the link can see this shot.</source>
         <translation>Filebin ist öffentlich: Jeder mit dem Link kann diese Aufnahme sehen.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotPinWindow</name>
+    <message>
+        <source>Pinned Shot</source>
+        <translation>Angeheftete Aufnahme</translation>
+    </message>
+    <message>
+        <source>Drag to move · Wheel: Zoom · Ctrl+Wheel: Opacity · Double-Click or Esc: Close</source>
+        <translation>Ziehen zum Verschieben · Mausrad: Zoom · Strg+Mausrad: Deckkraft · Doppelklick oder Esc: Schließen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>Im Editor öffnen</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Deckkraft</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotPins</name>
+    <message>
+        <source>Could Not Save Screenshot</source>
+        <translation>Bildschirmfoto konnte nicht gespeichert werden</translation>
+    </message>
+    <message>
+        <source>Pinned as a normal window</source>
+        <translation>Als normales Fenster angeheftet</translation>
+    </message>
+    <message>
+        <source>This desktop does not let Nubo Shot keep a pinned shot above other windows; it stays where the desktop puts it.</source>
+        <translation>Diese Arbeitsumgebung lässt Nubo Shot eine angeheftete Aufnahme nicht über anderen Fenstern halten; sie bleibt, wo die Arbeitsumgebung sie hinstellt.</translation>
     </message>
 </context>
 <context>
@@ -2082,6 +2148,33 @@
         <source>d MMM, HH:mm</source>
         <translation>d. MMM, HH:mm</translation>
     </message>
+    <message>
+        <source>Delay</source>
+        <translation>Verzögerung</translation>
+    </message>
+    <message>
+        <source>No Delay</source>
+        <translation>Ohne Verzögerung</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n second(s)</source>
+        <translation>
+            <numerusform>%n Sekunde</numerusform>
+            <numerusform>%n Sekunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Pinned</source>
+        <translation>Angeheftet</translation>
+    </message>
+    <message>
+        <source>Close All Pins</source>
+        <translation>Alle angehefteten schließen</translation>
+    </message>
+    <message>
+        <source>Cancel Delayed Capture (%1 s)</source>
+        <translation>Verzögerte Aufnahme abbrechen (%1 s)</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotStyleBar</name>
@@ -2478,6 +2571,13 @@
     <message>
         <source>Nubo Shot — recording %1</source>
         <translation>Nubo Shot – Aufzeichnung %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Nubo Shot — capturing in %n second(s)</source>
+        <translation>
+            <numerusform>Nubo Shot – Aufnahme in %n Sekunde</numerusform>
+            <numerusform>Nubo Shot – Aufnahme in %n Sekunden</numerusform>
+        </translation>
     </message>
 </context>
 <context>

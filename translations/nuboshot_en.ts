@@ -49,6 +49,16 @@
     </message>
 </context>
 <context>
+    <name>nubo::ShotStatusMenu</name>
+    <message numerus="yes">
+        <source>%n second(s)</source>
+        <translation>
+            <numerusform>%n second</numerusform>
+            <numerusform>%n seconds</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nubo::TrayApplication</name>
     <message numerus="yes">
         <source>%n shortcut(s) do not work</source>
@@ -62,6 +72,13 @@
         <translation>
             <numerusform>An upload was interrupted</numerusform>
             <numerusform>%n uploads were interrupted</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Nubo Shot — capturing in %n second(s)</source>
+        <translation>
+            <numerusform>Nubo Shot — capturing in %n second</numerusform>
+            <numerusform>Nubo Shot — capturing in %n seconds</numerusform>
         </translation>
     </message>
 </context>

@@ -734,6 +734,14 @@
         <source>Keep Open</source>
         <translation>Mantener abierto</translation>
     </message>
+    <message>
+        <source>Pin</source>
+        <translation>Fijar</translation>
+    </message>
+    <message>
+        <source>Pin the shot to the screen, above other windows (Ctrl+Shift+P)</source>
+        <translation>Fijar la captura en la pantalla, sobre las demás ventanas (Ctrl+Mayús+P)</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotCameraBubble</name>
@@ -878,6 +886,14 @@
     <message>
         <source>Drag to select scroll area, scroll it to its end, then choose Capture Scrolling again · Esc: Cancel</source>
         <translation>Arrastre para elegir el área de desplazamiento, desplácela hasta el final y vuelva a elegir Capturar con desplazamiento · Esc: Cancelar</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>P</translation>
+    </message>
+    <message>
+        <source>Pin it to the screen</source>
+        <translation>Fijarlo en la pantalla</translation>
     </message>
 </context>
 <context>
@@ -1223,6 +1239,10 @@
         <source>Copy the text</source>
         <translation>Copiar el texto</translation>
     </message>
+    <message>
+        <source>Pin to Screen</source>
+        <translation>Fijar en pantalla</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotEmojiPicker</name>
@@ -1403,6 +1423,52 @@
     <message>
         <source>Filebin is public: anyone with the link can see this shot.</source>
         <translation>Filebin es público: cualquiera con el enlace puede ver esta captura.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotPinWindow</name>
+    <message>
+        <source>Pinned Shot</source>
+        <translation>Captura fijada</translation>
+    </message>
+    <message>
+        <source>Drag to move · Wheel: Zoom · Ctrl+Wheel: Opacity · Double-Click or Esc: Close</source>
+        <translation>Arrastrar para mover · Rueda: zoom · Ctrl+rueda: opacidad · Doble clic o Esc: cerrar</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Guardar</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>Abrir en el editor</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Opacidad</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotPins</name>
+    <message>
+        <source>Could Not Save Screenshot</source>
+        <translation>No se pudo guardar la captura</translation>
+    </message>
+    <message>
+        <source>Pinned as a normal window</source>
+        <translation>Fijada como ventana normal</translation>
+    </message>
+    <message>
+        <source>This desktop does not let Nubo Shot keep a pinned shot above other windows; it stays where the desktop puts it.</source>
+        <translation>Este escritorio no permite a Nubo Shot mantener una captura fijada sobre las demás ventanas; se queda donde el escritorio la coloque.</translation>
     </message>
 </context>
 <context>
@@ -2082,6 +2148,33 @@
         <source>d MMM, HH:mm</source>
         <translation>d MMM, HH:mm</translation>
     </message>
+    <message>
+        <source>Delay</source>
+        <translation>Retardo</translation>
+    </message>
+    <message>
+        <source>No Delay</source>
+        <translation>Sin retardo</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n second(s)</source>
+        <translation>
+            <numerusform>%n segundo</numerusform>
+            <numerusform>%n segundos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Pinned</source>
+        <translation>Fijadas</translation>
+    </message>
+    <message>
+        <source>Close All Pins</source>
+        <translation>Cerrar todas las fijadas</translation>
+    </message>
+    <message>
+        <source>Cancel Delayed Capture (%1 s)</source>
+        <translation>Cancelar la captura con retardo (%1 s)</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotStyleBar</name>
@@ -2478,6 +2571,13 @@
     <message>
         <source>Nubo Shot — recording %1</source>
         <translation>Nubo Shot: grabando %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Nubo Shot — capturing in %n second(s)</source>
+        <translation>
+            <numerusform>Nubo Shot — captura en %n segundo</numerusform>
+            <numerusform>Nubo Shot — captura en %n segundos</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -734,6 +734,14 @@
         <source>Keep Open</source>
         <translation>Garder ouvert</translation>
     </message>
+    <message>
+        <source>Pin</source>
+        <translation>Épingler</translation>
+    </message>
+    <message>
+        <source>Pin the shot to the screen, above other windows (Ctrl+Shift+P)</source>
+        <translation>Épingler la capture à l’écran, au-dessus des autres fenêtres (Ctrl+Maj+P)</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotCameraBubble</name>
@@ -878,6 +886,14 @@
     <message>
         <source>Drag to select scroll area, scroll it to its end, then choose Capture Scrolling again · Esc: Cancel</source>
         <translation>Encadrer la zone à faire défiler, la faire défiler jusqu&apos;au bout, puis choisir de nouveau Capture défilante · Échap&#xa0;: Annuler</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>P</translation>
+    </message>
+    <message>
+        <source>Pin it to the screen</source>
+        <translation>L’épingler à l’écran</translation>
     </message>
 </context>
 <context>
@@ -1223,6 +1239,10 @@
         <source>Copy the text</source>
         <translation>Copier le texte</translation>
     </message>
+    <message>
+        <source>Pin to Screen</source>
+        <translation>Épingler à l’écran</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotEmojiPicker</name>
@@ -1403,6 +1423,52 @@
     <message>
         <source>Filebin is public: anyone with the link can see this shot.</source>
         <translation>Filebin est public&#xa0;: toute personne ayant le lien peut voir cette capture.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotPinWindow</name>
+    <message>
+        <source>Pinned Shot</source>
+        <translation>Capture épinglée</translation>
+    </message>
+    <message>
+        <source>Drag to move · Wheel: Zoom · Ctrl+Wheel: Opacity · Double-Click or Esc: Close</source>
+        <translation>Glisser pour déplacer · Molette : zoom · Ctrl+molette : opacité · Double-clic ou Échap : fermer</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>Ouvrir dans l’éditeur</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Opacité</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotPins</name>
+    <message>
+        <source>Could Not Save Screenshot</source>
+        <translation>Impossible d’enregistrer la capture</translation>
+    </message>
+    <message>
+        <source>Pinned as a normal window</source>
+        <translation>Épinglée comme fenêtre normale</translation>
+    </message>
+    <message>
+        <source>This desktop does not let Nubo Shot keep a pinned shot above other windows; it stays where the desktop puts it.</source>
+        <translation>Ce bureau ne permet pas à Nubo Shot de garder une capture épinglée au-dessus des autres fenêtres ; elle reste là où le bureau la place.</translation>
     </message>
 </context>
 <context>
@@ -2082,6 +2148,33 @@
         <source>d MMM, HH:mm</source>
         <translation>d MMM, HH:mm</translation>
     </message>
+    <message>
+        <source>Delay</source>
+        <translation>Délai</translation>
+    </message>
+    <message>
+        <source>No Delay</source>
+        <translation>Sans délai</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n second(s)</source>
+        <translation>
+            <numerusform>%n seconde</numerusform>
+            <numerusform>%n secondes</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Pinned</source>
+        <translation>Épinglées</translation>
+    </message>
+    <message>
+        <source>Close All Pins</source>
+        <translation>Fermer toutes les épingles</translation>
+    </message>
+    <message>
+        <source>Cancel Delayed Capture (%1 s)</source>
+        <translation>Annuler la capture différée (%1 s)</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotStyleBar</name>
@@ -2478,6 +2571,13 @@
     <message>
         <source>Nubo Shot — recording %1</source>
         <translation>Nubo Shot — enregistrement&#xa0;%1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Nubo Shot — capturing in %n second(s)</source>
+        <translation>
+            <numerusform>Nubo Shot — capture dans %n seconde</numerusform>
+            <numerusform>Nubo Shot — capture dans %n secondes</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -734,6 +734,14 @@
         <source>Keep Open</source>
         <translation>Manter aberto</translation>
     </message>
+    <message>
+        <source>Pin</source>
+        <translation>Fixar</translation>
+    </message>
+    <message>
+        <source>Pin the shot to the screen, above other windows (Ctrl+Shift+P)</source>
+        <translation>Fixar a captura na tela, acima das outras janelas (Ctrl+Shift+P)</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotCameraBubble</name>
@@ -878,6 +886,14 @@
     <message>
         <source>Drag to select scroll area, scroll it to its end, then choose Capture Scrolling again · Esc: Cancel</source>
         <translation>Arraste para escolher a área de rolagem, role até o fim e escolha Capturar com rolagem de novo · Esc: Cancelar</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>P</translation>
+    </message>
+    <message>
+        <source>Pin it to the screen</source>
+        <translation>Fixar na tela</translation>
     </message>
 </context>
 <context>
@@ -1223,6 +1239,10 @@
         <source>Copy the text</source>
         <translation>Copiar o texto</translation>
     </message>
+    <message>
+        <source>Pin to Screen</source>
+        <translation>Fixar na tela</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotEmojiPicker</name>
@@ -1403,6 +1423,52 @@
     <message>
         <source>Filebin is public: anyone with the link can see this shot.</source>
         <translation>O Filebin é público: qualquer pessoa com o link pode ver esta captura.</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotPinWindow</name>
+    <message>
+        <source>Pinned Shot</source>
+        <translation>Captura fixada</translation>
+    </message>
+    <message>
+        <source>Drag to move · Wheel: Zoom · Ctrl+Wheel: Opacity · Double-Click or Esc: Close</source>
+        <translation>Arraste para mover · Roda: zoom · Ctrl+roda: opacidade · Clique duplo ou Esc: fechar</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Salvar</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>Abrir no editor</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>Opacidade</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fechar</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotPins</name>
+    <message>
+        <source>Could Not Save Screenshot</source>
+        <translation>Não foi possível salvar a captura</translation>
+    </message>
+    <message>
+        <source>Pinned as a normal window</source>
+        <translation>Fixada como janela normal</translation>
+    </message>
+    <message>
+        <source>This desktop does not let Nubo Shot keep a pinned shot above other windows; it stays where the desktop puts it.</source>
+        <translation>Este ambiente não deixa o Nubo Shot manter uma captura fixada acima das outras janelas; ela fica onde o ambiente a colocar.</translation>
     </message>
 </context>
 <context>
@@ -2082,6 +2148,33 @@
         <source>d MMM, HH:mm</source>
         <translation>d &apos;de&apos; MMM, HH:mm</translation>
     </message>
+    <message>
+        <source>Delay</source>
+        <translation>Atraso</translation>
+    </message>
+    <message>
+        <source>No Delay</source>
+        <translation>Sem atraso</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n second(s)</source>
+        <translation>
+            <numerusform>%n segundo</numerusform>
+            <numerusform>%n segundos</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Pinned</source>
+        <translation>Fixadas</translation>
+    </message>
+    <message>
+        <source>Close All Pins</source>
+        <translation>Fechar todas as fixadas</translation>
+    </message>
+    <message>
+        <source>Cancel Delayed Capture (%1 s)</source>
+        <translation>Cancelar a captura com atraso (%1 s)</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotStyleBar</name>
@@ -2478,6 +2571,13 @@
     <message>
         <source>Nubo Shot — recording %1</source>
         <translation>Nubo Shot — gravando %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Nubo Shot — capturing in %n second(s)</source>
+        <translation>
+            <numerusform>Nubo Shot — captura em %n segundo</numerusform>
+            <numerusform>Nubo Shot — captura em %n segundos</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -733,6 +733,14 @@
         <source>Keep Open</source>
         <translation>保持打开</translation>
     </message>
+    <message>
+        <source>Pin</source>
+        <translation>钉住</translation>
+    </message>
+    <message>
+        <source>Pin the shot to the screen, above other windows (Ctrl+Shift+P)</source>
+        <translation>将截图钉在屏幕上，置于其他窗口之上（Ctrl+Shift+P）</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotCameraBubble</name>
@@ -877,6 +885,14 @@
     <message>
         <source>Drag to select scroll area, scroll it to its end, then choose Capture Scrolling again · Esc: Cancel</source>
         <translation>拖动选择滚动区域，滚动到底后再次选择“滚动截图” · Esc：取消</translation>
+    </message>
+    <message>
+        <source>P</source>
+        <translation>P</translation>
+    </message>
+    <message>
+        <source>Pin it to the screen</source>
+        <translation>钉在屏幕上</translation>
     </message>
 </context>
 <context>
@@ -1220,6 +1236,10 @@
         <source>Copy the text</source>
         <translation>复制文字</translation>
     </message>
+    <message>
+        <source>Pin to Screen</source>
+        <translation>钉在屏幕上</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotEmojiPicker</name>
@@ -1399,6 +1419,52 @@
     <message>
         <source>Filebin is public: anyone with the link can see this shot.</source>
         <translation>Filebin 是公开的：任何拥有链接的人都能看到此截图。</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotPinWindow</name>
+    <message>
+        <source>Pinned Shot</source>
+        <translation>钉住的截图</translation>
+    </message>
+    <message>
+        <source>Drag to move · Wheel: Zoom · Ctrl+Wheel: Opacity · Double-Click or Esc: Close</source>
+        <translation>拖动以移动 · 滚轮：缩放 · Ctrl+滚轮：不透明度 · 双击或 Esc：关闭</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Open in Editor</source>
+        <translation>在编辑器中打开</translation>
+    </message>
+    <message>
+        <source>Opacity</source>
+        <translation>不透明度</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>nubo::ShotPins</name>
+    <message>
+        <source>Could Not Save Screenshot</source>
+        <translation>无法保存截图</translation>
+    </message>
+    <message>
+        <source>Pinned as a normal window</source>
+        <translation>已作为普通窗口钉住</translation>
+    </message>
+    <message>
+        <source>This desktop does not let Nubo Shot keep a pinned shot above other windows; it stays where the desktop puts it.</source>
+        <translation>此桌面不允许 Nubo Shot 将钉住的截图保持在其他窗口之上；它会停留在桌面放置的位置。</translation>
     </message>
 </context>
 <context>
@@ -2077,6 +2143,32 @@
         <source>d MMM, HH:mm</source>
         <translation>M月d日 HH:mm</translation>
     </message>
+    <message>
+        <source>Delay</source>
+        <translation>延时</translation>
+    </message>
+    <message>
+        <source>No Delay</source>
+        <translation>不延时</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n second(s)</source>
+        <translation>
+            <numerusform>%n 秒</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Pinned</source>
+        <translation>已钉住</translation>
+    </message>
+    <message>
+        <source>Close All Pins</source>
+        <translation>关闭所有钉住的截图</translation>
+    </message>
+    <message>
+        <source>Cancel Delayed Capture (%1 s)</source>
+        <translation>取消延时截图（%1 秒）</translation>
+    </message>
 </context>
 <context>
     <name>nubo::ShotStyleBar</name>
@@ -2471,6 +2563,12 @@
     <message>
         <source>Nubo Shot — recording %1</source>
         <translation>Nubo Shot — 正在录制 %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Nubo Shot — capturing in %n second(s)</source>
+        <translation>
+            <numerusform>Nubo Shot — %n 秒后截图</numerusform>
+        </translation>
     </message>
 </context>
 <context>

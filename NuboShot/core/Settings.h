@@ -69,6 +69,8 @@ inline constexpr char recordingAvatarCameraDeviceID[] = "shot.recording.avatar.c
 inline constexpr char recognitionLanguages[] = "shot.recognition.languages";
 // The last framed area: "DISPLAY X Y WIDTH HEIGHT DISPLAY_WIDTH DISPLAY_HEIGHT" in pixels.
 inline constexpr char lastArea[] = "shot.lastArea";
+// Seconds the menu's and the shortcuts' captures wait before the screen is frozen.
+inline constexpr char captureDelay[] = "shot.captureDelay";
 } // namespace keys
 
 // Typed reads over the user's preferences (an INI file under

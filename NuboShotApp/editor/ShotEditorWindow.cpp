@@ -11,6 +11,7 @@
 #include "editor/ShotZoomControls.h"
 #include "output/ShotOutputActions.h"
 #include "render/ShotFonts.h"
+#include "output/ShotBottomBar.h"
 #include "render/ShotRenderer.h"
 #include "style/ShotIcons.h"
 #include "output/ShotClipboard.h"
@@ -144,6 +145,8 @@ ShotEditorWindow::ShotEditorWindow(ShotDocument document, ShotPreferences& prefe
         ->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
                         QKeySequence(Qt::CTRL | Qt::Key_Y)});
     add(tr("Close"), QKeySequence(Qt::CTRL | Qt::Key_W), [this] { close(); });
+    add(tr("Pin to Screen"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_P), [this] { pinToScreen(); });
+    connect(&m_output->bar(), &ShotBottomBar::pinToScreenRequested, this, &ShotEditorWindow::pinToScreen);
     add(tr("Select All"), QKeySequence::SelectAll, [this] { m_model->selectAll(); });
     add(tr("Delete"), QKeySequence::Delete, [this] { m_model->deleteSelection(); });
     add(tr("Copy"), QKeySequence::Copy, [this] { copy(); });
@@ -623,6 +626,16 @@ void ShotEditorWindow::keyPressEvent(QKeyEvent* event)
         break;
     }
     QMainWindow::keyPressEvent(event);
+}
+
+void ShotEditorWindow::pinToScreen()
+{
+    const ShotDocument& document = m_model->document();
+    try {
+        emit pinRequested(document, m_renderer.render(document, m_model->exportScale()));
+    } catch (const Error& error) {
+        showNotice(error.message());
+    }
 }
 
 bool ShotEditorWindow::isPinned() const

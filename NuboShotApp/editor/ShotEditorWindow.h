@@ -75,6 +75,12 @@ public:
     // "#RRGGBB", the colour of the tools, and a short notice.
     void pickColor(QPointF point);
     const QString& lastNotice() const { return m_lastNotice; }
+    // The shot as it is now, pinned to the screen (the editor stays open).
+    void pinToScreen();
+
+signals:
+    // The shot to pin, drawn at its export scale.
+    void pinRequested(const nubo::ShotDocument& document, const QImage& picture);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -102,11 +102,14 @@ ShotBottomBar::ShotBottomBar(QWidget* parent) : QWidget(parent)
     connect(m_cancelUpload, &QPushButton::clicked, this, &ShotBottomBar::cancelUploadRequested);
     layout->addWidget(m_cancelUpload);
     showUpload({}, ShotUploadDestination::filebin, false);
+    m_pinToScreen = button(QStringLiteral("nuboshot-pin"), tr("Pin"),
+                           tr("Pin the shot to the screen, above other windows (Ctrl+Shift+P)"),
+                           &ShotBottomBar::pinToScreenRequested);
     layout->addStretch(1);
 
     m_pin = new QToolButton(this);
     m_pin->setText(tr("Keep Open"));
-    m_pin->setIcon(ShotIcons::icon(QStringLiteral("nuboshot-pin")));
+    m_pin->setIcon(ShotIcons::icon(QStringLiteral("nuboshot-keep-open")));
     m_pin->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_pin->setAutoRaise(true);
     m_pin->setCheckable(true);

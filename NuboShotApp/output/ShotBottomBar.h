@@ -53,6 +53,7 @@ public:
     QToolButton* uploadButton() const { return m_upload; }
     QPushButton* cancelUploadButton() const { return m_cancelUpload; }
     QToolButton* pinButton() const { return m_pin; }
+    QPushButton* pinToScreenButton() const { return m_pinToScreen; }
     ShotDragHandle* dragHandle() const { return m_drag; }
     bool isPinned() const;
     void setShareAvailable(bool available);
@@ -75,9 +76,12 @@ signals:
     void uploadRequested();
     void uploadToRequested(ShotUploadDestination destination);
     void cancelUploadRequested();
+    // "Pin": the shot above the other windows.
+    void pinToScreenRequested();
 
 private:
     QPushButton* m_copy = nullptr;
+    QPushButton* m_pinToScreen = nullptr;
     QPushButton* m_save = nullptr;
     QPushButton* m_saveAs = nullptr;
     QPushButton* m_share = nullptr;

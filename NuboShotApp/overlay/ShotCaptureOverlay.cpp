@@ -189,7 +189,7 @@ QFont overlayFont(const QFont& base)
     return font;
 }
 
-QList<KeyLine> keyLines(bool adjusts, bool recording, bool windows)
+QList<KeyLine> keyLines(bool adjusts, bool recording, bool windows, bool scrolling)
 {
     QList<KeyLine> lines{
         {QCoreApplication::translate("nubo::ShotCaptureOverlay", "Drag"),
@@ -224,6 +224,10 @@ QList<KeyLine> keyLines(bool adjusts, bool recording, bool windows)
                  ? QCoreApplication::translate("nubo::ShotCaptureOverlay", "Record the area")
                  : QCoreApplication::translate("nubo::ShotCaptureOverlay", "Capture the area")});
     }
+    if (!recording && !scrolling) {
+        lines.append({QCoreApplication::translate("nubo::ShotCaptureOverlay", "P"),
+                      QCoreApplication::translate("nubo::ShotCaptureOverlay", "Pin it to the screen")});
+    }
     lines.append({QCoreApplication::translate("nubo::ShotCaptureOverlay", "Esc"),
                   QCoreApplication::translate("nubo::ShotCaptureOverlay", "Cancel")});
     return lines;
@@ -237,7 +241,8 @@ constexpr double keyHelpRow = 24;
 QRectF ShotCaptureOverlay::keyHelpArea() const
 {
     const QFontMetricsF metrics(overlayFont(font()));
-    const auto lines = keyLines(m_adjusts, isRecording(), m_windowPicking && m_mode != Mode::scrolling);
+    const auto lines = keyLines(m_adjusts, isRecording(), m_windowPicking && m_mode != Mode::scrolling,
+                                m_mode == Mode::scrolling);
     double keys = 0, does = metrics.horizontalAdvance(tr("Click here to hide this for good"));
     for (const KeyLine& line : lines) {
         keys = std::max(keys, metrics.horizontalAdvance(line.keys));
@@ -256,7 +261,8 @@ void ShotCaptureOverlay::paintKeyHelp(QPainter& painter)
     painter.setPen(QPen(QColor(255, 255, 255, 70), 1));
     painter.setBrush(QColor(20, 20, 20, 225));
     painter.drawRoundedRect(card.adjusted(0.5, 0.5, -0.5, -0.5), 10, 10);
-    const auto lines = keyLines(m_adjusts, isRecording(), m_windowPicking && m_mode != Mode::scrolling);
+    const auto lines = keyLines(m_adjusts, isRecording(), m_windowPicking && m_mode != Mode::scrolling,
+                                m_mode == Mode::scrolling);
     const QFontMetricsF metrics(painter.font());
     double keys = 0;
     for (const KeyLine& line : lines) {
@@ -594,6 +600,16 @@ void ShotCaptureOverlay::keyPressEvent(QKeyEvent* event)
             acceptSelection();
         }
         return;
+    case Qt::Key_P:
+        // The framing (even while it is dragged) pinned to the screen.
+        if (isRecording() || m_mode == Mode::scrolling) {
+            QWidget::keyPressEvent(event);
+        } else if (m_mode == Mode::window && m_hovered) {
+            accept({ShotCaptureSelection::Window{m_display.id, *m_hovered}}, true);
+        } else if (m_mode != Mode::window) {
+            acceptSelection(true);
+        }
+        return;
     case Qt::Key_Left:
         by = {-step, 0};
         break;
@@ -657,13 +673,13 @@ void ShotCaptureOverlay::takeKeyboard()
     }
 }
 
-void ShotCaptureOverlay::acceptSelection()
+void ShotCaptureOverlay::acceptSelection(bool pin)
 {
     // Only a selection large enough to mean it is taken.
     if (m_selection && m_selection->width() >= minimumSide &&
         m_selection->height() >= minimumSide) {
         accept({ShotCaptureSelection::Area{
-            m_display.id, m_selection->translated(m_display.space.globalFrame.topLeft())}});
+            m_display.id, m_selection->translated(m_display.space.globalFrame.topLeft())}}, pin);
     }
 }
 
@@ -674,10 +690,10 @@ void ShotCaptureOverlay::acceptWholeDisplay()
     }
 }
 
-void ShotCaptureOverlay::accept(const ShotCaptureSelection& selection)
+void ShotCaptureOverlay::accept(const ShotCaptureSelection& selection, bool pin)
 {
     if (!m_recording) {
-        emit answered({ShotOverlayOutcome::Capture{selection}});
+        emit answered({ShotOverlayOutcome::Capture{selection, pin}});
     } else if (const auto* area = std::get_if<ShotCaptureSelection::Area>(&selection.framing)) {
         emit answered(
             {ShotOverlayOutcome::Recording{{RecordingTarget::Area{*m_recording, area->rect}}}});

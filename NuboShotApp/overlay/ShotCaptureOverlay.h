@@ -16,6 +16,7 @@ namespace nubo {
 struct ShotOverlayOutcome {
     struct Capture {
         ShotCaptureSelection selection;
+        bool pin = false; // P: pinned to the screen instead of edited
         bool operator==(const Capture&) const = default;
     };
     struct Recording {
@@ -116,8 +117,8 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    void accept(const ShotCaptureSelection& selection);
-    void acceptSelection();
+    void accept(const ShotCaptureSelection& selection, bool pin = false);
+    void acceptSelection(bool pin = false);
     void acceptWholeDisplay();
     std::optional<CapturableWindow> windowAt(QPointF local) const;
     QRectF localFrame(const CapturableWindow& window) const;

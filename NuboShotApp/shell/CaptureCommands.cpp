@@ -284,20 +284,49 @@ int runCaptureCommand(const QStringList& arguments)
     const QString help = QStringLiteral("capture");
     if (arguments.contains(QLatin1String("-h")) || arguments.contains(QLatin1String("--help"))) {
         print(QStringLiteral(
-            "Usage: nuboshot capture area|window|fullscreen|scrolling|text|last-area|recording\n\n"
+            "Usage: nuboshot capture area|window|fullscreen|scrolling|text|last-area|recording\n"
+            "                        [--delay SECONDS] [--pin]\n\n"
             "Asks the running Nubo Shot (started if needed) to capture, as its menu does;\n"
             "\"text\" copies the text of the framed area, \"last-area\" takes the area framed\n"
-            "last time again, \"recording\" starts a recording, or stops the one running."));
+            "last time again, \"recording\" starts a recording, or stops the one running.\n\n"
+            "  --delay SECONDS  freeze the screen that many seconds later (the tray icon\n"
+            "                   counts down; Escape cancels)\n"
+            "  --pin            pin the shot to the screen instead of opening the editor\n"
+            "                   (area, window, fullscreen, last-area)"));
         return success;
     }
-    const auto mode =
-        arguments.size() == 1 ? fromString<CaptureMode>(arguments.first()) : std::nullopt;
-    const bool recording =
-        arguments.size() == 1 && arguments.first() == QLatin1String("recording");
+    QStringList words;
+    QVariantMap options;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const QString& word = arguments[i];
+        if (word == QLatin1String("--pin")) {
+            options.insert(QStringLiteral("pin"), true);
+        } else if (word == QLatin1String("--delay") || word.startsWith(QLatin1String("--delay="))) {
+            const QString value = word.contains(u'=') ? word.section(u'=', 1)
+                                                      : arguments.value(++i);
+            bool ok = false;
+            const int seconds = value.toInt(&ok);
+            if (!ok || seconds < 0) {
+                return usage(QStringLiteral("--delay takes a whole number of seconds, not \u201c%1\u201d")
+                                 .arg(value),
+                             help);
+            }
+            options.insert(QStringLiteral("delay"), seconds);
+        } else if (word.startsWith(QLatin1String("--"))) {
+            return usage(QStringLiteral("unknown option %1").arg(word), help);
+        } else {
+            words << word;
+        }
+    }
+    const auto mode = words.size() == 1 ? fromString<CaptureMode>(words.first()) : std::nullopt;
+    const bool recording = words.size() == 1 && words.first() == QLatin1String("recording");
     if (!mode && !recording) {
         return usage(QStringLiteral("capture takes area, window, fullscreen, scrolling, text, last-area or "
                                     "recording"),
                      help);
+    }
+    if (recording && !options.isEmpty()) {
+        return usage(QStringLiteral("--delay and --pin are for still captures"), help);
     }
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
@@ -321,9 +350,9 @@ int runCaptureCommand(const QStringList& arguments)
     QDBusMessage call = QDBusMessage::createMethodCall(name, QLatin1String(GrabOverBus::path),
                                                        QLatin1String(GrabOverBus::interface),
                                                        recording ? QStringLiteral("ToggleRecording")
-                                                                 : QStringLiteral("CaptureShot"));
+                                                                 : QStringLiteral("CaptureShotWith"));
     if (mode) {
-        call.setArguments({toString(*mode)});
+        call.setArguments({toString(*mode), options});
     }
     const QDBusMessage reply = bus.call(call, QDBus::Block, 30000);
     if (reply.type() == QDBusMessage::ErrorMessage) {

@@ -38,18 +38,53 @@ void ShotBusService::ToggleRecording(const QDBusMessage&)
 
 void ShotBusService::CaptureShot(const QString& mode, const QDBusMessage& message)
 {
+    CaptureShotWith(mode, {}, message);
+}
+
+void ShotBusService::CaptureShotWith(const QString& mode, const QVariantMap& options,
+                                     const QDBusMessage& message)
+{
+    const auto refuseWith = [&message](const QString& text) {
+        message.setDelayedReply(true);
+        QDBusConnection::sessionBus().send(
+            message.createErrorReply(QLatin1String(GrabOverBus::errorName), text));
+    };
     const auto parsed = fromString<CaptureMode>(mode);
     if (!parsed) {
-        QDBusConnection::sessionBus().send(message.createErrorReply(
-            QLatin1String(GrabOverBus::errorName),
-            QStringLiteral("\u201c%1\u201d is not a capture mode: area, window, fullscreen, scrolling, text or last-area.")
-                .arg(mode)));
-        message.setDelayedReply(true);
+        refuseWith(QStringLiteral("\u201c%1\u201d is not a capture mode: area, window, fullscreen, "
+                                  "scrolling, text or last-area.")
+                       .arg(mode));
+        return;
+    }
+    ShotCaptureOptions chosen;
+    for (auto option = options.cbegin(); option != options.cend(); ++option) {
+        const QVariant& value = option.value();
+        bool ok = false;
+        if (option.key() == QLatin1String("delay") && value.typeId() != QMetaType::Bool) {
+            const qlonglong seconds = value.toLongLong(&ok);
+            ok = ok && seconds >= 0 && seconds <= ShotCaptureOptions::maximumDelay;
+            chosen.delaySeconds = int(seconds);
+        } else if (option.key() == QLatin1String("pin") && value.typeId() == QMetaType::Bool) {
+            ok = true;
+            chosen.pin = value.toBool();
+        }
+        if (!ok) {
+            refuseWith(QStringLiteral("The option \u201c%1\u201d of a capture is unknown or out of "
+                                      "range: \u201cdelay\u201d takes 0 to %2 seconds, "
+                                      "\u201cpin\u201d true or false.")
+                           .arg(option.key())
+                           .arg(ShotCaptureOptions::maximumDelay));
+            return;
+        }
+    }
+    if (chosen.pin && (*parsed == CaptureMode::text || *parsed == CaptureMode::scrolling)) {
+        refuseWith(QStringLiteral("Only a capture of an area, a window, the screen or the previous "
+                                  "area can be pinned."));
         return;
     }
     // Answer at once; the capture runs its course (and reports) in the app.
     QMetaObject::invokeMethod(
-        this, [this, mode = *parsed] { m_feature.capture(mode); }, Qt::QueuedConnection);
+        this, [this, mode = *parsed, chosen] { m_feature.capture(mode, chosen); }, Qt::QueuedConnection);
 }
 
 void ShotBusService::OpenImage(const QStringList& files, const QDBusMessage& message)

@@ -3,6 +3,7 @@
 #include <QDBusMessage>
 #include <QObject>
 #include <QVariantList>
+#include <QVariantMap>
 
 #include "recording/ScreenRecording.h"
 
@@ -27,6 +28,8 @@ public slots:
     // The automation intents: a capture by mode ("area", "window",
     // "fullscreen"), and images opened in editors.
     void CaptureShot(const QString& mode, const QDBusMessage& message);
+    // The same with options: "delay" (seconds, int) and "pin" (bool).
+    void CaptureShotWith(const QString& mode, const QVariantMap& options, const QDBusMessage& message);
     void OpenImage(const QStringList& files, const QDBusMessage& message);
     void Annotate(const QStringList& files, const QDBusMessage& message);
 

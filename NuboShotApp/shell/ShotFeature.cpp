@@ -2,6 +2,7 @@
 
 #include "core/Logging.h"
 #include "core/Settings.h"
+#include "editor/ShotCanvasView.h"
 #include "editor/ShotEditorWindow.h"
 #include "export/ShotExporter.h"
 #include "output/ShotClipboard.h"
@@ -9,6 +10,8 @@
 #include "output/ShotRawClipboardTracker.h"
 #include "output/ShotOutput.h"
 #include "overlay/ShotOverlayController.h"
+#include "pin/ShotPinWindow.h"
+#include "pin/ShotPins.h"
 #include "recents/ShotRecentStore.h"
 #include "scrolling/ShotScrollingPanel.h"
 #include "scrolling/ShotScrollingSession.h"
@@ -23,6 +26,7 @@
 #include <QMessageBox>
 #include <QPainter>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QThread>
 #include <QtConcurrent>
 
@@ -35,8 +39,10 @@ void drawPointer(ScreenCapturing& capturer, QList<DisplayCapture>& displays);
 ShotFeature::ShotFeature(std::shared_ptr<CapturePlatform> platform, ShotPreferences& preferences,
                          ShotRenderer& renderer, QObject* parent)
     : QObject(parent), m_platform(std::move(platform)), m_preferences(preferences),
-      m_renderer(renderer), m_overlay(std::make_unique<ShotOverlayController>())
+      m_renderer(renderer), m_overlay(std::make_unique<ShotOverlayController>()),
+      m_pins(std::make_unique<ShotPins>(preferences))
 {
+    m_pins->openInEditor = [this](const ShotDocument& document) { openEditor(document); };
     presentAlert = [](const QString& title, const QString& text) {
         QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok);
         box.setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -51,8 +57,9 @@ ShotFeature::ShotFeature(std::shared_ptr<CapturePlatform> platform, ShotPreferen
     });
     connect(m_overlay.get(), &ShotOverlayController::answered, this,
             [this](const ShotOverlayOutcome& outcome) {
-                const ShotCaptureSelection& selection =
-                    std::get<ShotOverlayOutcome::Capture>(outcome.outcome).selection;
+                const auto& capture = std::get<ShotOverlayOutcome::Capture>(outcome.outcome);
+                const ShotCaptureSelection& selection = capture.selection;
+                m_pin = m_pin || capture.pin;
                 if (m_mode == CaptureMode::scrolling) {
                     startScrolling(selection);
                 } else {
@@ -104,6 +111,11 @@ ShotEditorWindow* ShotFeature::openEditor(ShotDocument document)
         });
     }
     editor->setAttribute(Qt::WA_DeleteOnClose);
+    connect(editor, &ShotEditorWindow::pinRequested, this,
+            [this, editor](const ShotDocument& shot, const QImage& picture) {
+                // Over the editor's shot, where the user was looking.
+                m_pins->pin(shot, picture, editor->view().mapToGlobal(QPoint(24, 24)));
+            });
     m_editors.append(editor);
     editor->show();
     editor->raise();
@@ -112,10 +124,11 @@ ShotEditorWindow* ShotFeature::openEditor(ShotDocument document)
     return editor;
 }
 
-void ShotFeature::capture(CaptureMode mode)
+void ShotFeature::capture(CaptureMode mode, ShotCaptureOptions options)
 {
     Q_ASSERT(QThread::currentThread() == QCoreApplication::instance()->thread());
-    qCInfo(lcApp, "Capture requested mode=%s active=%d", qPrintable(toString(mode)),
+    qCInfo(lcApp, "Capture requested mode=%s delay=%d pin=%d active=%d", qPrintable(toString(mode)),
+           options.delaySeconds, int(options.pin),
            int(QGuiApplication::applicationState() == Qt::ApplicationActive));
     if (mode == CaptureMode::scrolling && m_scrolling) {
         m_scrolling->finish(); // asked again: the scrolling capture under way is done
@@ -129,54 +142,93 @@ void ShotFeature::capture(CaptureMode mode)
         failed(m_platform->problem());
         return;
     }
-    if (m_capturing) {
+    if (isCapturing()) {
         qCInfo(lcApp, "Capture ignored: another one is under way");
         return; // one capture at a time
     }
-    std::optional<LastArea> lastArea;
+    if (mode == CaptureMode::lastArea && !storedLastArea(m_preferences)) {
+        failed(tr("No area has been captured yet. Frame one with Capture Area first."));
+        return;
+    }
+    if (options.delaySeconds <= 0) {
+        begin(mode, options);
+        return;
+    }
+    // The screen is frozen when the delay is over: menus opened meanwhile
+    // are in the shot. Escape drops the capture while the delay runs.
+    m_delayed = {mode, options};
+    m_delayLeft = options.delaySeconds;
+    try {
+        m_escape = m_platform->makeGlobalShortcuts();
+    } catch (const Error& error) {
+        qCInfo(lcApp, "Escape cannot cancel the delay: %s", qPrintable(error.message()));
+    }
+    if (m_escape) {
+        m_escape->activated = [this](const QString&) {
+            QMetaObject::invokeMethod(this, &ShotFeature::cancelDelay, Qt::QueuedConnection);
+        };
+        const QStringList problems = m_escape->bind({{QStringLiteral("cancelDelay"), QKeySequence(Qt::Key_Escape)}});
+        if (!problems.isEmpty()) {
+            qCInfo(lcApp, "Escape cannot cancel the delay: %s", qPrintable(problems.join(u' ')));
+        }
+    }
+    if (!m_delayTimer) {
+        m_delayTimer = new QTimer(this);
+        m_delayTimer->setInterval(1000);
+        connect(m_delayTimer, &QTimer::timeout, this, &ShotFeature::countDown);
+    }
+    m_delayTimer->start();
+    emit delayChanged(m_delayLeft);
+}
+
+void ShotFeature::countDown()
+{
+    if (--m_delayLeft > 0) {
+        emit delayChanged(m_delayLeft);
+        return;
+    }
+    m_delayTimer->stop();
+    m_escape.reset();
+    emit delayChanged(0);
+    auto [mode, options] = m_delayed;
+    options.delaySeconds = 0;
+    // The tray icon's last change is drawn before the screen is frozen.
+    QTimer::singleShot(50, this, [this, mode, options] { begin(mode, options); });
+}
+
+void ShotFeature::cancelDelay()
+{
+    if (m_delayLeft <= 0) {
+        return;
+    }
+    qCInfo(lcApp, "Delayed capture cancelled");
+    m_delayLeft = 0;
+    m_delayTimer->stop();
+    m_escape.reset();
+    emit delayChanged(0);
+}
+
+void ShotFeature::begin(CaptureMode mode, ShotCaptureOptions options)
+{
+    Freezing freezing{mode, QCursor::pos(), false,
+                      m_preferences.boolean(keys::includePointer, false), std::nullopt};
     if (mode == CaptureMode::lastArea) {
-        lastArea = storedLastArea(m_preferences);
+        const std::optional<LastArea> lastArea = storedLastArea(m_preferences);
         if (!lastArea) {
             failed(tr("No area has been captured yet. Frame one with Capture Area first."));
             return;
         }
+        m_lastArea = *lastArea;
+        freezing.display = lastArea->display;
     }
     m_capturing = true;
     m_mode = mode;
+    m_pin = options.pin;
     m_requested.start();
-    // Fullscreen freezes only the display it takes: the one under the pointer.
-    const QPoint pointer = QCursor::pos();
     // Where the desktop lists its windows to nobody, its dialog picks.
-    const bool picker = mode == CaptureMode::window && m_platform->features().windowPicker;
-    const bool withPointer = m_preferences.boolean(keys::includePointer, false);
-    if (lastArea) {
-        m_lastArea = *lastArea;
-        freezeThenShow(mode, [capturer = m_platform->capturer(), id = lastArea->display, withPointer] {
-            Frozen result;
-            try {
-                capturer->probe();
-                const QList<CaptureDisplay> displays = capturer->displays();
-                if (std::none_of(displays.begin(), displays.end(),
-                                 [id](const CaptureDisplay& d) { return d.id == id; })) {
-                    result.error = tr("The display of the previous area is no longer connected.");
-                    return result;
-                }
-                result.displays = capturer->captureDisplays(id);
-                if (withPointer) {
-                    drawPointer(*capturer, result.displays);
-                }
-            } catch (const CaptureError& error) {
-                result.cancelled = error.code() == CaptureError::Code::cancelled;
-                result.error = error.message();
-            } catch (const Error& error) {
-                result.error = error.message();
-            }
-            return result;
-        });
-        return;
-    }
-    freezeThenShow(mode, [capturer = m_platform->capturer(), mode, pointer, picker, withPointer] {
-        return freeze(*capturer, mode, pointer, picker, withPointer);
+    freezing.pickWindow = mode == CaptureMode::window && m_platform->features().windowPicker;
+    freezeThenShow(mode, [capturer = m_platform->capturer(), freezing] {
+        return freeze(*capturer, freezing);
     });
 }
 
@@ -205,12 +257,12 @@ void drawPointer(ScreenCapturing& capturer, QList<DisplayCapture>& displays)
 
 } // namespace
 
-ShotFeature::Frozen ShotFeature::freeze(ScreenCapturing& capturer, CaptureMode mode, QPoint pointer,
-                                        bool pickWindow, bool withPointer)
+ShotFeature::Frozen ShotFeature::freeze(ScreenCapturing& capturer, const Freezing& freezing)
 {
     Frozen result;
+    const CaptureMode mode = freezing.mode;
     try {
-        if (pickWindow) {
+        if (freezing.pickWindow) {
             result.picked = capturer.pickWindow();
             return result;
         }
@@ -220,11 +272,19 @@ ShotFeature::Frozen ShotFeature::freeze(ScreenCapturing& capturer, CaptureMode m
         // permissionDenied from its probe itself.
         capturer.probe();
         qCInfo(lcApp, "Capture permission preflight passed");
-        if (mode == CaptureMode::fullscreen) {
+        if (freezing.display) {
+            const QList<CaptureDisplay> displays = capturer.displays();
+            if (std::none_of(displays.begin(), displays.end(),
+                             [id = *freezing.display](const CaptureDisplay& d) { return d.id == id; })) {
+                result.error = tr("The display of the previous area is no longer connected.");
+                return result;
+            }
+            result.displays = capturer.captureDisplays(*freezing.display);
+        } else if (mode == CaptureMode::fullscreen) {
             const QList<CaptureDisplay> displays = capturer.displays();
             quint32 chosen = displays.first().id;
             for (const CaptureDisplay& d : displays) {
-                if (d.space.globalFrame.contains(pointer)) {
+                if (d.space.globalFrame.contains(freezing.pointer)) {
                     chosen = d.id;
                     break;
                 }
@@ -237,7 +297,7 @@ ShotFeature::Frozen ShotFeature::freeze(ScreenCapturing& capturer, CaptureMode m
                 result.windows = capturer.listWindows(false).windows;
             }
         }
-        if (withPointer) {
+        if (freezing.withPointer) {
             drawPointer(capturer, result.displays);
         }
         qCInfo(lcApp, "Frozen displays ready count=%lld",
@@ -286,7 +346,7 @@ void ShotFeature::frozen(CaptureMode mode, const Frozen& result)
     if (mode == CaptureMode::fullscreen) {
         m_accepted.start();
         const DisplayCapture& display = result.displays.first();
-        finishCapture(display.image, display.space.scale);
+        finishCapture(display.image, display.space.scale, {}, display.space.globalFrame.topLeft().toPoint());
         return;
     }
     if (mode == CaptureMode::lastArea) {
@@ -308,7 +368,7 @@ void ShotFeature::framed(const ShotCaptureSelection& selection)
         w && isPickedWindow(w->window)) {
         // Space on the overlay: the desktop's dialog picks the window.
         freezeThenShow(CaptureMode::window, [capturer = m_platform->capturer()] {
-            return freeze(*capturer, CaptureMode::window, {}, true);
+            return freeze(*capturer, {CaptureMode::window, {}, true, false, std::nullopt});
         });
         return;
     }
@@ -328,7 +388,9 @@ void ShotFeature::framed(const ShotCaptureSelection& selection)
                 if (m_mode == CaptureMode::text) {
                     copyText(image, d.space.scale);
                 } else {
-                    finishCapture(image, d.space.scale);
+                    finishCapture(image, d.space.scale, {},
+                                  (d.space.globalFrame.topLeft() +
+                                   QPointF(region.pixelRect.topLeft()) / d.space.scale).toPoint());
                 }
                 return;
             }
@@ -390,7 +452,9 @@ void ShotFeature::captureLastArea(const LastArea& area, const QList<DisplayCaptu
                        .arg(display.image.height()));
             return;
         }
-        finishCapture(display.image.copy(area.pixels), display.space.scale);
+        finishCapture(display.image.copy(area.pixels), display.space.scale, {},
+                      (display.space.globalFrame.topLeft() +
+                       QPointF(area.pixels.topLeft()) / display.space.scale).toPoint());
         return;
     }
     failed(tr("The display of the previous area is no longer connected."));
@@ -448,9 +512,22 @@ void ShotFeature::failed(const QString& message)
     presentAlert(tr("Could Not Capture Screen"), message);
 }
 
-void ShotFeature::finishCapture(const QImage& image, double scale, const QString& notice)
+void ShotFeature::finishCapture(const QImage& image, double scale, const QString& notice,
+                                std::optional<QPoint> where)
 {
     m_capturing = false;
+    if (std::exchange(m_pin, false)) {
+        try {
+            // Where it was on the screen, else in the middle of the screen.
+            const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+            const QPoint at = where.value_or(screen.center() - QPoint(int(image.width() / scale / 2),
+                                                                      int(image.height() / scale / 2)));
+            m_pins->pin(ShotDocument::fromImage(image, scale), image, at);
+        } catch (const Error& error) {
+            failed(error.message());
+        }
+        return;
+    }
     qCInfo(lcApp, "Capture opening editor size=%dx%d", image.width(), image.height());
     ShotDocument document;
     try {

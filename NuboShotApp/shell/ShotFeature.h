@@ -8,18 +8,28 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
 
 namespace nubo {
 
+class GlobalShortcuts;
 class ShotEditorWindow;
 class ShotOverlayController;
+class ShotPins;
 class ShotPreferences;
 class ShotRenderer;
 class ShotRecentStore;
 class ShotScrollingSession;
+
+// How a capture is asked for beyond its mode.
+struct ShotCaptureOptions {
+    static constexpr int maximumDelay = 3600; // seconds
+    int delaySeconds = 0; // the screen is frozen this long after the request
+    bool pin = false;     // the shot is pinned to the screen instead of edited
+};
 
 // Runs still captures and opens their results, and images from files, in
 // editor windows. Captures run on worker threads; the tray stays
@@ -31,9 +41,16 @@ public:
     ~ShotFeature() override;
 
     // A capture request as the menu, the shortcuts and automation make it.
-    void capture(CaptureMode mode);
-    // A capture is under way (from the request to the editor or the alert).
-    bool isCapturing() const { return m_capturing; }
+    void capture(CaptureMode mode, ShotCaptureOptions options = {});
+    // A capture is under way (from the request, its delay included, to the
+    // editor or the alert).
+    bool isCapturing() const { return m_capturing || m_delayLeft > 0; }
+    // The seconds a delayed capture still waits; 0 when none waits.
+    int delayLeft() const { return m_delayLeft; }
+    // Drops the delayed capture (Escape does it too, while the delay runs).
+    void cancelDelay();
+    // The shots pinned to the screen.
+    ShotPins& pins() { return *m_pins; }
     // Opens image files (or shot archives) in editors. The files are read on
     // a worker thread (a slow disk or a hostile file never stalls the
     // tray); `done` then gets, on the main thread, the messages of those
@@ -57,6 +74,8 @@ public:
 
 signals:
     void editorOpened(ShotEditorWindow* editor);
+    // Each second of a delay, and 0 when it ends (captured or cancelled).
+    void delayChanged(int secondsLeft);
 
 private:
     // What a capture's worker brings back.
@@ -67,11 +86,17 @@ private:
         QString error; // empty on success
         bool cancelled = false;
     };
-    // The screens frozen for `mode` (the display under `pointer` alone for
-    // fullscreen), or the window picked in the desktop's dialog; a failure
-    // is in the result. On a worker thread.
-    static Frozen freeze(ScreenCapturing& capturer, CaptureMode mode, QPoint pointer,
-                         bool pickWindow, bool withPointer = false);
+    // What to freeze.
+    struct Freezing {
+        CaptureMode mode = CaptureMode::area;
+        QPoint pointer;                   // fullscreen takes the display under it
+        bool pickWindow = false;          // the desktop's dialog picks a window
+        bool withPointer = false;         // the pointer is painted in
+        std::optional<quint32> display;   // this display alone (Capture Previous Area)
+    };
+    // The screens frozen as asked, or the window picked in the desktop's
+    // dialog; a failure is in the result. On a worker thread.
+    static Frozen freeze(ScreenCapturing& capturer, const Freezing& freezing);
     // The area framed last, on its display, in the display's pixels; the
     // display's size then, to refuse one that changed.
     struct LastArea {
@@ -81,6 +106,9 @@ private:
     };
     static std::optional<LastArea> storedLastArea(const ShotPreferences& preferences);
     void rememberLastArea(const LastArea& area);
+    // The capture itself, once its delay is over.
+    void begin(CaptureMode mode, ShotCaptureOptions options);
+    void countDown();
     // Capture Previous Area: the display frozen alone, the same pixels cut.
     void captureLastArea(const LastArea& area, const QList<DisplayCapture>& displays);
     // Runs `work` off the main thread, then frozen() with its result.
@@ -90,7 +118,10 @@ private:
     void startScrolling(const ShotCaptureSelection& selection);
     void failed(const QString& message);
     ShotEditorWindow* openEditor(ShotDocument document);
-    void finishCapture(const QImage& image, double scale, const QString& notice = {});
+    // The editor on the shot, or a pin placed where the shot was (global
+    // points) when the capture pins.
+    void finishCapture(const QImage& image, double scale, const QString& notice = {},
+                       std::optional<QPoint> where = std::nullopt);
     // Capture Text: the picture's text on the clipboard and a notification
     // that opens the picture in an editor.
     void copyText(const QImage& image, double scale);
@@ -106,6 +137,13 @@ private:
     QPointer<ShotScrollingSession> m_scrolling;
     ShotRecentStore* m_recents = nullptr;
     CaptureMode m_mode = CaptureMode::area; // of the capture under way
+    bool m_pin = false;                     // the capture under way is pinned
+    std::unique_ptr<ShotPins> m_pins;
+    // A delayed capture: what it takes, its countdown, the Escape that drops it.
+    std::pair<CaptureMode, ShotCaptureOptions> m_delayed;
+    int m_delayLeft = 0;
+    QTimer* m_delayTimer = nullptr;
+    std::unique_ptr<GlobalShortcuts> m_escape;
     LastArea m_lastArea;                    // taken again by the capture under way
     QList<DisplayCapture> m_frozen; // the displays under the overlay
     bool m_capturing = false;

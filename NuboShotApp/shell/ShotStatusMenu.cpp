@@ -4,6 +4,7 @@
 
 #include "style/ShotIcons.h"
 
+#include <QActionGroup>
 #include <QProxyStyle>
 
 
@@ -45,6 +46,37 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
         item->setEnabled(!m_actions.isOffered || m_actions.isOffered(mode));
         connect(item, &QAction::triggered, this, [this, mode] { m_actions.capture(mode); });
     }
+    // The delay of the captures above: menus opened meanwhile are in the shot.
+    m_delay.setTitle(tr("Delay"));
+    m_delay.setObjectName(QStringLiteral("shot.delay"));
+    m_delay.setIcon(ShotIcons::icon(QStringLiteral("nuboshot-timer")));
+    auto* delays = new QActionGroup(&m_delay);
+    for (const int seconds : {0, 3, 5, 10}) {
+        QAction* item = m_delay.addAction(seconds == 0 ? tr("No Delay")
+                                                       : tr("%n second(s)", nullptr, seconds));
+        item->setCheckable(true);
+        item->setData(seconds);
+        delays->addAction(item);
+        connect(item, &QAction::triggered, this, [this, seconds] {
+            if (m_actions.setCaptureDelay) {
+                m_actions.setCaptureDelay(seconds);
+            }
+        });
+    }
+    connect(&m_delay, &QMenu::aboutToShow, this, [this] {
+        const int chosen = m_actions.captureDelay ? m_actions.captureDelay() : 0;
+        for (QAction* item : m_delay.actions()) {
+            item->setChecked(item->data().toInt() == chosen);
+        }
+    });
+    m_menu.addMenu(&m_delay);
+    m_cancelDelay = m_menu.addAction(ShotIcons::icon(QStringLiteral("window-close")), QString());
+    connect(m_cancelDelay, &QAction::triggered, this, [this] {
+        if (m_actions.cancelDelay) {
+            m_actions.cancelDelay();
+        }
+    });
+    refreshDelay();
     m_recordScreen =
         m_menu.addAction(ShotIcons::icon(QStringLiteral("media-record")), tr("Record Screen"));
     connect(m_recordScreen, &QAction::triggered, this, [this] {
@@ -83,9 +115,13 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
         }
     });
     m_clock.setInterval(250);
-    connect(&m_clock, &QTimer::timeout, this, &ShotStatusMenu::refreshRecording);
+    connect(&m_clock, &QTimer::timeout, this, [this] {
+        refreshRecording();
+        refreshDelay();
+    });
     connect(&m_menu, &QMenu::aboutToShow, this, [this] {
         refreshRecording();
+        refreshDelay();
         m_clock.start();
     });
     connect(&m_menu, &QMenu::aboutToHide, &m_clock, &QTimer::stop);
@@ -103,6 +139,15 @@ ShotStatusMenu::ShotStatusMenu(Actions actions, QObject* parent)
     m_menu.addMenu(&m_recent);
     connect(&m_menu, &QMenu::aboutToShow, this, &ShotStatusMenu::refreshRecent);
     refreshRecent();
+    m_pinned.setTitle(tr("Pinned"));
+    m_pinned.setObjectName(QStringLiteral("shot.pinned"));
+    auto* pinnedStyle = new ThumbnailMenuStyle;
+    pinnedStyle->setParent(&m_pinned);
+    m_pinned.setStyle(pinnedStyle);
+    m_pinned.setIcon(ShotIcons::icon(QStringLiteral("nuboshot-pin")));
+    m_menu.addMenu(&m_pinned);
+    connect(&m_menu, &QMenu::aboutToShow, this, &ShotStatusMenu::refreshPinned);
+    refreshPinned();
     if (m_actions.uploads) {
         QAction* uploads = m_menu.addAction(ShotIcons::icon(QStringLiteral("nuboshot-upload")),
                                             tr("Recent Uploads…"));
@@ -177,6 +222,37 @@ void ShotStatusMenu::refreshRecent()
     connect(clear, &QAction::triggered, this, [this] {
         if (m_actions.clearRecent) {
             m_actions.clearRecent();
+        }
+    });
+}
+
+void ShotStatusMenu::refreshDelay()
+{
+    const int left = m_actions.delayLeft ? m_actions.delayLeft() : 0;
+    m_cancelDelay->setVisible(left > 0);
+    m_cancelDelay->setText(tr("Cancel Delayed Capture (%1 s)").arg(left));
+}
+
+void ShotStatusMenu::refreshPinned()
+{
+    const QList<PinnedItem> items =
+        m_actions.pinnedItems ? m_actions.pinnedItems() : QList<PinnedItem>();
+    m_pinned.menuAction()->setVisible(!items.isEmpty());
+    m_pinned.clear();
+    for (int i = 0; i < items.size(); ++i) {
+        QAction* item = m_pinned.addAction(QIcon(QPixmap::fromImage(items[i].thumbnail)), items[i].label);
+        connect(item, &QAction::triggered, this, [this, i] {
+            if (m_actions.raisePin) {
+                m_actions.raisePin(i);
+            }
+        });
+    }
+    m_pinned.addSeparator();
+    QAction* close = m_pinned.addAction(ShotIcons::icon(QStringLiteral("window-close")),
+                                        tr("Close All Pins"));
+    connect(close, &QAction::triggered, this, [this] {
+        if (m_actions.closePins) {
+            m_actions.closePins();
         }
     });
 }

@@ -20,6 +20,10 @@ class ShotFeature;
 class ShotStatusMenu : public QObject {
     Q_OBJECT
 public:
+    struct PinnedItem {
+        QString label;
+        QImage thumbnail;
+    };
     struct Actions {
         std::function<void(CaptureMode)> capture;
         std::function<void()> openImage;
@@ -45,6 +49,16 @@ public:
         std::function<void()> resumeRecording;
         std::function<void()> stopRecording;
         std::function<void()> cancelRecording;
+        // The Delay submenu: the seconds the menu's and the shortcuts'
+        // captures wait; while one waits, its seconds and how to cancel it.
+        std::function<int()> captureDelay;
+        std::function<void(int seconds)> setCaptureDelay;
+        std::function<int()> delayLeft;
+        std::function<void()> cancelDelay;
+        // The Pinned submenu, shown while shots are pinned.
+        std::function<QList<PinnedItem>()> pinnedItems;
+        std::function<void(int index)> raisePin;
+        std::function<void()> closePins;
     };
 
     ShotStatusMenu(Actions actions, QObject* parent = nullptr);
@@ -61,6 +75,12 @@ public:
     // the menu is open, four times a second).
     void refreshRecording();
     QMenu& recordWindowMenu() { return m_recordWindow; }
+    QMenu& delayMenu() { return m_delay; }
+    QMenu& pinnedMenu() { return m_pinned; }
+    // Shows the delay under way, or hides its item.
+    void refreshDelay();
+    // Fills the Pinned submenu again (also done each time the menu opens).
+    void refreshPinned();
     // Shows the recording shortcut beside "Record Screen".
     void setRecordingShortcut(const QKeySequence& keys);
     // "Title — Application", or whichever of the two the window has.
@@ -74,6 +94,9 @@ private:
     QMenu m_menu;
     QMenu m_recent;
     QMenu m_recordWindow;
+    QMenu m_delay;
+    QMenu m_pinned;
+    QAction* m_cancelDelay = nullptr;
     QAction* m_recordScreen = nullptr;
     QAction* m_elapsed = nullptr;
     QAction* m_pause = nullptr;

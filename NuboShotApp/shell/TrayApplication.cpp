@@ -12,6 +12,8 @@
 #include "shell/GrabRequest.h"
 #include "shell/ShotBusService.h"
 #include "shell/ShotFeature.h"
+#include "pin/ShotPinWindow.h"
+#include "pin/ShotPins.h"
 #include "shortcuts/ShotGlobalShortcuts.h"
 #include "output/ShotClipboard.h"
 #include "output/ShotNotifications.h"
@@ -112,7 +114,7 @@ void TrayApplication::capture(CaptureMode mode)
         qCInfo(lcApp, "Capture ignored: a recording is being set up");
         return;
     }
-    m_feature->capture(mode);
+    m_feature->capture(mode, {std::clamp(int(m_preferences->integer(keys::captureDelay).value_or(0)), 0, 60), false});
 }
 
 void TrayApplication::shortcutPressed(const QString& action)
@@ -210,6 +212,38 @@ void TrayApplication::showRecordingState(const RecordingState& state)
                           ? tr("Nubo Shot — saving the recording")
                           : (paused ? tr("Nubo Shot — paused at %1") : tr("Nubo Shot — recording %1"))
                                 .arg(recordingElapsedText(elapsed.value_or(RecordingDuration(0)))));
+}
+
+void TrayApplication::showDelay(int secondsLeft)
+{
+    if (m_menu->menu().isVisible()) {
+        m_menu->refreshDelay();
+    }
+    if (secondsLeft <= 0) {
+        showRecordingState(m_recording->state());
+        return;
+    }
+    // The seconds left, large on the icon: the capture is coming.
+    QIcon icon;
+    for (const int side : {16, 22, 24, 32, 48, 64}) {
+        QPixmap pixmap(side, side);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor(38, 110, 220));
+        painter.drawEllipse(QRectF(0.5, 0.5, side - 1, side - 1));
+        QFont font = painter.font();
+        font.setBold(true);
+        font.setPixelSize(secondsLeft >= 10 ? side * 9 / 16 : side * 11 / 16);
+        painter.setFont(font);
+        painter.setPen(Qt::white);
+        painter.drawText(QRect(0, 0, side, side), Qt::AlignCenter, QString::number(secondsLeft));
+        painter.end();
+        icon.addPixmap(pixmap);
+    }
+    m_tray.setIcon(icon);
+    m_tray.setToolTip(tr("Nubo Shot — capturing in %n second(s)", nullptr, secondsLeft));
 }
 
 TrayApplication::Start TrayApplication::start()
@@ -343,6 +377,32 @@ ShotStatusMenu::Actions TrayApplication::menuActions()
     actions.resumeRecording = [this, tolerant] { tolerant([this] { m_recording->resume(); }); };
     actions.stopRecording = [this, tolerant] { tolerant([this] { m_recording->stop(); }); };
     actions.cancelRecording = [this] { m_recording->cancel(); };
+    actions.captureDelay = [this] { return int(m_preferences->integer(keys::captureDelay).value_or(0)); };
+    actions.setCaptureDelay = [this](int seconds) {
+        m_preferences->setValue(keys::captureDelay, seconds);
+        m_preferences->sync();
+    };
+    actions.delayLeft = [this] { return m_feature->delayLeft(); };
+    actions.cancelDelay = [this] { m_feature->cancelDelay(); };
+    actions.pinnedItems = [this] {
+        QList<ShotStatusMenu::PinnedItem> items;
+        for (const ShotPinWindow* pin : m_feature->pins().pins()) {
+            items.append({QStringLiteral("%1 × %2 · %3")
+                              .arg(pin->picture().width())
+                              .arg(pin->picture().height())
+                              .arg(pin->pinnedAt().toString(QStringLiteral("HH:mm"))),
+                          pin->picture().scaled(80, 80, Qt::KeepAspectRatio, Qt::SmoothTransformation)});
+        }
+        return items;
+    };
+    actions.raisePin = [this](int index) {
+        const QList<ShotPinWindow*> pins = m_feature->pins().pins();
+        if (index >= 0 && index < pins.size()) {
+            pins[index]->raise();
+            pins[index]->activateWindow();
+        }
+    };
+    actions.closePins = [this] { m_feature->pins().closeAll(); };
     return actions;
 }
 
@@ -358,6 +418,8 @@ void TrayApplication::makeMenu()
             });
     connect(m_recents.get(), &ShotRecentStore::changed, m_menu.get(),
             &ShotStatusMenu::refreshRecent);
+    connect(&m_feature->pins(), &ShotPins::changed, m_menu.get(), &ShotStatusMenu::refreshPinned);
+    connect(m_feature.get(), &ShotFeature::delayChanged, this, &TrayApplication::showDelay);
     m_recents->applyPreference();
     m_tray.setContextMenu(&m_menu->menu());
     // A left click opens the same menu as a right click: every capture is

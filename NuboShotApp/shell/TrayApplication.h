@@ -63,6 +63,8 @@ private:
     void shortcutPressed(const QString& action);
     // The tray icon shows whether a recording runs, and whether it is paused.
     void showRecordingState(const RecordingState& state);
+    // The tray icon counts a delayed capture's seconds down.
+    void showDelay(int secondsLeft);
 
     QSystemTrayIcon m_tray;
     QIcon m_icon; // the program's own, at rest

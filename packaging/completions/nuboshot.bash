@@ -60,8 +60,13 @@ _nuboshot()
     esac
     case "$command" in
         capture)
-            [ "$cword" -eq 2 ] &&
-                COMPREPLY=($(compgen -W "area window fullscreen scrolling text last-area recording -h --help" -- "$cur")) ;;
+            if [ "$cword" -eq 2 ]; then
+                COMPREPLY=($(compgen -W "area window fullscreen scrolling text last-area recording -h --help" -- "$cur"))
+            elif [ "$prev" = --delay ]; then
+                COMPREPLY=($(compgen -W "3 5 10" -- "$cur"))
+            else
+                COMPREPLY=($(compgen -W "--delay --pin" -- "$cur"))
+            fi ;;
         displays | windows)
             COMPREPLY=($(compgen -W "--json -h --help" -- "$cur")) ;;
         grab)

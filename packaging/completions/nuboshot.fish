@@ -33,6 +33,8 @@ for i in (seq 1 2 (count $described))
 end
 
 complete -c nuboshot -n "__fish_seen_subcommand_from capture" -a "area window fullscreen scrolling text last-area recording"
+complete -c nuboshot -n "__fish_seen_subcommand_from capture" -l delay -x -a "3 5 10" -d "Seconds before the screen is frozen"
+complete -c nuboshot -n "__fish_seen_subcommand_from capture" -l pin -d "Pin the shot to the screen"
 complete -c nuboshot -n "__fish_seen_subcommand_from displays windows" -l json -d "As JSON"
 
 complete -c nuboshot -n "__fish_seen_subcommand_from grab; and not __fish_seen_subcommand_from fullscreen window region" -a "fullscreen window region"

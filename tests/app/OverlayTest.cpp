@@ -369,7 +369,7 @@ TEST(ShotStatusMenu, OffersItsItemsInOrderAndRunsThem)
     }
     EXPECT_EQ(titles.join(u'|'),
               QStringLiteral("Capture Area|Capture Window|Capture Fullscreen|Capture Scrolling|"
-                             "Capture Text|Capture Previous Area|Record Screen|Record Window|-|"
+                             "Capture Text|Capture Previous Area|Delay|Record Screen|Record Window|-|"
                              "Open Image in Nubo Shot\u2026|-|Settings\u2026|-|Quit Nubo Shot"))
         << titles.join(u'|').toStdString(); // Recent shows only while recents are on
     EXPECT_EQ(shown[0]->data().toString(), QStringLiteral("area"));
@@ -377,12 +377,14 @@ TEST(ShotStatusMenu, OffersItsItemsInOrderAndRunsThem)
     EXPECT_EQ(shown[3]->data().toString(), QStringLiteral("scrolling"));
     EXPECT_EQ(shown[4]->data().toString(), QStringLiteral("text"));
     EXPECT_EQ(shown[5]->data().toString(), QStringLiteral("last-area"));
-    EXPECT_EQ(shown[7]->menu()->objectName(), QStringLiteral("shot.recordWindow"));
-    EXPECT_EQ(shown[9]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
+    ASSERT_EQ(shown.size(), 15);
+    EXPECT_EQ(shown[6]->menu()->objectName(), QStringLiteral("shot.delay"));
+    EXPECT_EQ(shown[8]->menu()->objectName(), QStringLiteral("shot.recordWindow"));
+    EXPECT_EQ(shown[10]->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_O));
     EXPECT_EQ(shown.last()->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Q));
     shown[1]->trigger();
     EXPECT_EQ(chosen, CaptureMode::window);
-    shown[9]->trigger();
+    shown[10]->trigger();
     EXPECT_TRUE(opened);
     shown.last()->trigger();
     EXPECT_TRUE(quit);
@@ -425,7 +427,8 @@ TEST(ShotStatusMenu, RecordingItemsFollowTheRecording)
     actions.stopRecording = [&] { done << QStringLiteral("stop"); };
     actions.cancelRecording = [&] { done << QStringLiteral("cancel"); };
     ShotStatusMenu menu(std::move(actions));
-    const auto captures = qsizetype(enumCount<CaptureMode>()); // the items before the recording's
+    // The items before the recording's: the captures, Delay and its cancel item.
+    const auto captures = qsizetype(enumCount<CaptureMode>()) + 2;
     const auto visible = [&] {
         QStringList titles;
         for (const QAction* action : menu.menu().actions()) {
@@ -484,6 +487,68 @@ TEST(ShotStatusMenu, RecordingItemsFollowTheRecording)
     EXPECT_EQ(windows.join(u'|'), QStringLiteral("Notes && Plans \u2014 Writer|Terminal"));
     menu.recordWindowMenu().actions().at(1)->trigger();
     EXPECT_EQ(done.last(), QStringLiteral("12"));
+}
+
+// The Delay submenu shows the stored delay and stores the one chosen; while
+// a delay runs, its seconds and its cancel item show. The Pinned submenu
+// lists the pins only while there are some.
+TEST(ShotStatusMenu, DelayAndPinnedFollowWhatIsUnderWay)
+{
+    int stored = 5, left = 0, raised = -1;
+    bool cancelled = false, closed = false;
+    QList<ShotStatusMenu::PinnedItem> pinned;
+    ShotStatusMenu::Actions actions;
+    actions.captureDelay = [&] { return stored; };
+    actions.setCaptureDelay = [&](int seconds) { stored = seconds; };
+    actions.delayLeft = [&] { return left; };
+    actions.cancelDelay = [&] { cancelled = true; };
+    actions.pinnedItems = [&] { return pinned; };
+    actions.raisePin = [&](int index) { raised = index; };
+    actions.closePins = [&] { closed = true; };
+    ShotStatusMenu menu(std::move(actions));
+
+    emit menu.delayMenu().aboutToShow();
+    QStringList checked;
+    for (const QAction* item : menu.delayMenu().actions()) {
+        checked << (item->isChecked() ? QStringLiteral("[%1]") : QStringLiteral("%1")).arg(item->data().toInt());
+    }
+    EXPECT_EQ(checked.join(u'|'), QStringLiteral("0|3|[5]|10"));
+    menu.delayMenu().actions().at(1)->trigger();
+    EXPECT_EQ(stored, 3);
+
+    const auto cancelItem = [&]() -> QAction* {
+        for (QAction* item : menu.menu().actions()) {
+            if (item->text().startsWith(QStringLiteral("Cancel Delayed Capture"))) {
+                return item;
+            }
+        }
+        return nullptr;
+    };
+    ASSERT_NE(cancelItem(), nullptr);
+    menu.refreshDelay();
+    EXPECT_FALSE(cancelItem()->isVisible());
+    left = 4;
+    menu.refreshDelay();
+    EXPECT_TRUE(cancelItem()->isVisible());
+    EXPECT_EQ(cancelItem()->text(), QStringLiteral("Cancel Delayed Capture (4 s)"));
+    cancelItem()->trigger();
+    EXPECT_TRUE(cancelled);
+
+    menu.refreshPinned();
+    EXPECT_FALSE(menu.pinnedMenu().menuAction()->isVisible());
+    pinned = {{QStringLiteral("120 × 90 · 10:04"), QImage(40, 30, QImage::Format_RGB32)},
+              {QStringLiteral("1920 × 1080 · 10:05"), QImage(40, 22, QImage::Format_RGB32)}};
+    emit menu.menu().aboutToShow();
+    EXPECT_TRUE(menu.pinnedMenu().menuAction()->isVisible());
+    QStringList titles;
+    for (const QAction* item : menu.pinnedMenu().actions()) {
+        titles << (item->isSeparator() ? QStringLiteral("-") : item->text());
+    }
+    EXPECT_EQ(titles.join(u'|'), QStringLiteral("120 × 90 · 10:04|1920 × 1080 · 10:05|-|Close All Pins"));
+    menu.pinnedMenu().actions().at(1)->trigger();
+    EXPECT_EQ(raised, 1);
+    menu.pinnedMenu().actions().last()->trigger();
+    EXPECT_TRUE(closed);
 }
 
 // The recording variant answers with what to record: the dragged area, the

@@ -81,14 +81,14 @@ protected:
     }
     static void key(const QString& keys) { run(QStringLiteral("xdotool"), {"key", keys}); }
     // Opens the tray menu's "Record Window" submenu with the keyboard: the
-    // item after the captures and Record Screen, its first entry (the
+    // item after the captures, Delay and Record Screen, its first entry (the
     // front-most window) active.
     bool openRecordWindowMenu()
     {
         if (!openTrayMenu()) {
             return false;
         }
-        for (int i = 0; i < int(enumCount<CaptureMode>()) + 2; ++i) {
+        for (int i = 0; i < int(enumCount<CaptureMode>()) + 3; ++i) {
             key(QStringLiteral("Down"));
         }
         key(QStringLiteral("Right"));

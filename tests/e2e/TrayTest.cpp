@@ -610,6 +610,144 @@ TEST_F(Tray, ThePreviousAreaIsTakenAgainFromTheScreenAsItIsNow)
     }
 }
 
+// The pixels of `a` (top-left `at` of the screen) that differ from `b`,
+// bottom panel left out: the tray icon counts down there.
+QList<QPoint> changedPixels(const QImage& a, const QImage& b, int panelTop)
+{
+    QList<QPoint> changed;
+    for (int y = 0; y < std::min(a.height(), panelTop); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            if (a.pixel(x, y) != b.pixel(x, y)) {
+                changed << QPoint(x, y);
+            }
+        }
+    }
+    return changed;
+}
+
+TEST_F(Tray, ADelayedCaptureCountsDownThenTakesTheScreenAsItIsThen)
+{
+    {
+        ShotPreferences preferences;
+        preferences.setValue(keys::copyRawOnCapture, true);
+        preferences.sync();
+    }
+    ASSERT_NO_FATAL_FAILURE(startTray());
+    QScreen* screen = QGuiApplication::primaryScreen();
+    QRect icon;
+    ASSERT_TRUE(waitUntil([&] { return !(icon = trayIconGeometry()).isEmpty(); }));
+    const auto iconNow = [&] { return screen->grabWindow(0, icon.x(), icon.y(), icon.width(), icon.height()).toImage(); };
+    QImage resting;
+    ASSERT_TRUE(waitUntil([&] {
+        const QImage a = iconNow();
+        QThread::msleep(100);
+        resting = iconNow();
+        return a == resting; // drawn and settled
+    }));
+
+    // Cancelled with Escape: the icon counts, then rests again, and nothing is taken.
+    ASSERT_EQ(test::runNuboShot({"capture", "fullscreen", "--delay", "3"}).exitCode, 0);
+    ASSERT_TRUE(waitUntil([&] { return iconNow() != resting; }, 3000)) << "the icon does not count down";
+    saveArtifact(screen->grabWindow(0).toImage(), QStringLiteral("delay-countdown.png"));
+    run(QStringLiteral("xdotool"), {"key", "Escape"});
+    ASSERT_TRUE(waitForLog(QStringLiteral("Delayed capture cancelled"), 2500)) << m_log.toStdString();
+    EXPECT_TRUE(waitUntil([&] { return iconNow() == resting; }, 3000)) << "the icon kept counting";
+    EXPECT_FALSE(waitUntil([] { return windowShown(QStringLiteral("1920 \u00d7 1080")); }, 4000))
+        << "the cancelled capture was taken";
+
+    // A menu opened during the delay is in the shot.
+    QProcess terminal;
+    terminal.start(QStringLiteral("xterm"), {"-geometry", "60x12+200+200", "-e", "sleep 60"});
+    const auto stop = qScopeGuard([&] {
+        terminal.terminate();
+        terminal.waitForFinished();
+    });
+    ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("sleep 60")); }));
+    QImage before;
+    ASSERT_TRUE(waitUntil([&] {
+        const QImage a = screen->grabWindow(0).toImage();
+        QThread::msleep(100);
+        before = screen->grabWindow(0).toImage();
+        return a == before;
+    }));
+    const int panelTop = icon.top() - 8;
+    ASSERT_EQ(test::runNuboShot({"capture", "fullscreen", "--delay", "2"}).exitCode, 0);
+    // xterm's main menu shows while Ctrl and the button are held.
+    run(QStringLiteral("xdotool"), {"mousemove", "260", "260", "keydown", "ctrl", "mousedown", "1"});
+    QImage during;
+    ASSERT_TRUE(waitUntil([&] {
+        during = screen->grabWindow(0).toImage();
+        return changedPixels(during, before, panelTop).size() > 2000;
+    }, 1500)) << "xterm's menu did not open";
+    const bool frozen = waitForLog(QStringLiteral("Frozen displays ready"), 5000);
+    run(QStringLiteral("xdotool"), {"mousemove", "1200", "700", "mouseup", "1", "keyup", "ctrl"});
+    ASSERT_TRUE(frozen) << m_log.toStdString();
+    QImage shot;
+    ASSERT_TRUE(waitUntil([&] {
+        const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+        shot = mime ? QImage::fromData(mime->data(QStringLiteral("image/png")), "PNG") : QImage();
+        return shot.size() == before.size();
+    })) << "no shot on the clipboard";
+    saveArtifact(shot, QStringLiteral("delay-shot.png"));
+    const QList<QPoint> menu = changedPixels(during, before, panelTop);
+    qsizetype missing = 0;
+    for (const QPoint& p : menu) {
+        missing += shot.pixel(p) != during.pixel(p);
+    }
+    EXPECT_EQ(missing, 0) << "of the menu's " << menu.size() << " pixels";
+    {
+        ShotPreferences preferences;
+        preferences.remove(keys::copyRawOnCapture);
+        preferences.sync();
+    }
+}
+
+TEST_F(Tray, PKeyPinsTheFramedAreaWhereItWasAndTheTrayClosesThePins)
+{
+    ASSERT_NO_FATAL_FAILURE(startTray());
+    QProcess rows;
+    rows.start(QStringLiteral(NUBOSHOT_TEST_WINDOW),
+               {"--geometry", "400x300+300+250", "--numbered-rows", "--undecorated"});
+    ASSERT_TRUE(rows.waitForReadyRead(5000));
+    ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("Test Window")); }));
+    QScreen* screen = QGuiApplication::primaryScreen();
+    const QImage framed = screen->grabWindow(0, 350, 300, 120, 90).toImage();
+
+    ASSERT_EQ(test::runNuboShot({"capture", "area"}).exitCode, 0);
+    ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("Nubo Shot Capture")); }));
+    run(QStringLiteral("xdotool"), {"mousemove", "350", "300", "mousedown", "1", "mousemove", "400",
+                                    "350", "mousemove", "470", "390"});
+    run(QStringLiteral("xdotool"), {"key", "p"});
+    run(QStringLiteral("xdotool"), {"mouseup", "1"});
+    ASSERT_TRUE(waitUntil([] { return windowShown(QStringLiteral("Pinned Shot")); })) << m_log.toStdString();
+    EXPECT_FALSE(windowShown(QStringLiteral("Nubo Shot Capture")));
+    EXPECT_FALSE(windowShown(QStringLiteral("120 \u00d7 90"))) << "an editor opened too";
+    // The pin covers the area exactly; the window under it moves away and
+    // the pin still shows what was framed.
+    rows.terminate();
+    rows.waitForFinished();
+    ASSERT_TRUE(waitUntil([] { return !windowShown(QStringLiteral("Test Window")); }));
+    QImage shown;
+    EXPECT_TRUE(waitUntil([&] {
+        shown = screen->grabWindow(0, 350, 300, 120, 90).toImage();
+        return test::compareImages(shown, framed, 0).pixelsOver == 0;
+    })) << "the pin does not show the framed pixels where they were";
+    EXPECT_EQ(test::shownWindowGeometry(QStringLiteral("^Pinned Shot$")), QRect(349, 299, 122, 92));
+
+    // The command line pins too; the tray's Pinned submenu closes them all.
+    ASSERT_EQ(test::runNuboShot({"capture", "last-area", "--pin"}).exitCode, 0);
+    const auto pinCount = [] {
+        return run(QStringLiteral("xdotool"), {"search", "--onlyvisible", "--name", "^Pinned Shot$"})
+            .split(u'\n', Qt::SkipEmptyParts)
+            .size();
+    };
+    ASSERT_TRUE(waitUntil([&] { return pinCount() == 2; })) << m_log.toStdString();
+    ASSERT_TRUE(openTrayMenu());
+    // From the bottom: Quit, Settings, Recent Uploads, Pinned; its last item.
+    run(QStringLiteral("xdotool"), {"key", "Up", "Up", "Up", "Up", "Right", "Up", "Return"});
+    EXPECT_TRUE(waitUntil([&] { return pinCount() == 0; })) << "the pins stayed";
+}
+
 TEST_F(Tray, TheBusGrabRefusesWhatItCannotDoAsAsked)
 {
     ASSERT_NO_FATAL_FAILURE(startTray());
