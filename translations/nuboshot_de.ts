@@ -1700,10 +1700,6 @@
         <translation>Wiederholen (Strg+Umschalt+Z)</translation>
     </message>
     <message>
-        <source>Export quality</source>
-        <translation>Exportqualität</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
@@ -1778,6 +1774,66 @@
     <message>
         <source>Exported “%1”</source>
         <translation>„%1“ exportiert</translation>
+    </message>
+    <message>
+        <source>Export format and size</source>
+        <translation>Exportformat und -größe</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>MP4 Movie</source>
+        <translation>MP4-Film</translation>
+    </message>
+    <message>
+        <source>GIF</source>
+        <translation>GIF</translation>
+    </message>
+    <message>
+        <source>Animated WebP</source>
+        <translation>Animiertes WebP</translation>
+    </message>
+    <message>
+        <source>Frame Rate</source>
+        <translation>Bildrate</translation>
+    </message>
+    <message>
+        <source>%1 fps</source>
+        <translation>%1 fps</translation>
+    </message>
+    <message>
+        <source>Width · Never upscaled</source>
+        <translation>Breite · Nie vergrößert</translation>
+    </message>
+    <message>
+        <source>Original (%1 px)</source>
+        <translation>Original (%1 px)</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>MP4 · %1</source>
+        <translation>MP4 · %1</translation>
+    </message>
+    <message>
+        <source>%1 · %2 fps · %3 px</source>
+        <translation>%1 · %2 fps · %3 px</translation>
+    </message>
+    <message>
+        <source>WebP</source>
+        <translation>WebP</translation>
+    </message>
+    <message>
+        <source>GIF animation (*.gif)</source>
+        <translation>GIF-Animation (*.gif)</translation>
+    </message>
+    <message>
+        <source>Animated WebP (*.webp)</source>
+        <translation>Animiertes WebP (*.webp)</translation>
     </message>
 </context>
 <context>

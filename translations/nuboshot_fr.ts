@@ -1433,7 +1433,7 @@
     </message>
     <message>
         <source>Drag to move · Wheel: Zoom · Ctrl+Wheel: Opacity · Double-Click or Esc: Close</source>
-        <translation>Glisser pour déplacer · Molette : zoom · Ctrl+molette : opacité · Double-clic ou Échap : fermer</translation>
+        <translation>Glisser pour déplacer · Molette&#xa0;: zoom · Ctrl+molette&#xa0;: opacité · Double-clic ou Échap&#xa0;: fermer</translation>
     </message>
     <message>
         <source>Copy</source>
@@ -1468,7 +1468,7 @@
     </message>
     <message>
         <source>This desktop does not let Nubo Shot keep a pinned shot above other windows; it stays where the desktop puts it.</source>
-        <translation>Ce bureau ne permet pas à Nubo Shot de garder une capture épinglée au-dessus des autres fenêtres ; elle reste là où le bureau la place.</translation>
+        <translation>Ce bureau ne permet pas à Nubo Shot de garder une capture épinglée au-dessus des autres fenêtres&#xa0;; elle reste là où le bureau la place.</translation>
     </message>
 </context>
 <context>
@@ -1700,10 +1700,6 @@
         <translation>Rétablir (Ctrl+Maj+Z)</translation>
     </message>
     <message>
-        <source>Export quality</source>
-        <translation>Qualité d&apos;export</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
     </message>
@@ -1778,6 +1774,66 @@
     <message>
         <source>Exported “%1”</source>
         <translation>«&#xa0;%1&#xa0;» exporté</translation>
+    </message>
+    <message>
+        <source>Export format and size</source>
+        <translation>Format et taille de l’export</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>MP4 Movie</source>
+        <translation>Film MP4</translation>
+    </message>
+    <message>
+        <source>GIF</source>
+        <translation>GIF</translation>
+    </message>
+    <message>
+        <source>Animated WebP</source>
+        <translation>WebP animé</translation>
+    </message>
+    <message>
+        <source>Frame Rate</source>
+        <translation>Images par seconde</translation>
+    </message>
+    <message>
+        <source>%1 fps</source>
+        <translation>%1 i/s</translation>
+    </message>
+    <message>
+        <source>Width · Never upscaled</source>
+        <translation>Largeur · Jamais agrandie</translation>
+    </message>
+    <message>
+        <source>Original (%1 px)</source>
+        <translation>Originale (%1 px)</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>MP4 · %1</source>
+        <translation>MP4 · %1</translation>
+    </message>
+    <message>
+        <source>%1 · %2 fps · %3 px</source>
+        <translation>%1 · %2 i/s · %3 px</translation>
+    </message>
+    <message>
+        <source>WebP</source>
+        <translation>WebP</translation>
+    </message>
+    <message>
+        <source>GIF animation (*.gif)</source>
+        <translation>Animation GIF (*.gif)</translation>
+    </message>
+    <message>
+        <source>Animated WebP (*.webp)</source>
+        <translation>WebP animé (*.webp)</translation>
     </message>
 </context>
 <context>

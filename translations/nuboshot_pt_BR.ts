@@ -1700,10 +1700,6 @@
         <translation>Refazer (Ctrl+Shift+Z)</translation>
     </message>
     <message>
-        <source>Export quality</source>
-        <translation>Qualidade de exportação</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>Cancelar</translation>
     </message>
@@ -1778,6 +1774,66 @@
     <message>
         <source>Exported “%1”</source>
         <translation>“%1” exportado</translation>
+    </message>
+    <message>
+        <source>Export format and size</source>
+        <translation>Formato e tamanho da exportação</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Formato</translation>
+    </message>
+    <message>
+        <source>MP4 Movie</source>
+        <translation>Filme MP4</translation>
+    </message>
+    <message>
+        <source>GIF</source>
+        <translation>GIF</translation>
+    </message>
+    <message>
+        <source>Animated WebP</source>
+        <translation>WebP animado</translation>
+    </message>
+    <message>
+        <source>Frame Rate</source>
+        <translation>Quadros por segundo</translation>
+    </message>
+    <message>
+        <source>%1 fps</source>
+        <translation>%1 qps</translation>
+    </message>
+    <message>
+        <source>Width · Never upscaled</source>
+        <translation>Largura · Nunca ampliada</translation>
+    </message>
+    <message>
+        <source>Original (%1 px)</source>
+        <translation>Original (%1 px)</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 px</translation>
+    </message>
+    <message>
+        <source>MP4 · %1</source>
+        <translation>MP4 · %1</translation>
+    </message>
+    <message>
+        <source>%1 · %2 fps · %3 px</source>
+        <translation>%1 · %2 qps · %3 px</translation>
+    </message>
+    <message>
+        <source>WebP</source>
+        <translation>WebP</translation>
+    </message>
+    <message>
+        <source>GIF animation (*.gif)</source>
+        <translation>Animação GIF (*.gif)</translation>
+    </message>
+    <message>
+        <source>Animated WebP (*.webp)</source>
+        <translation>WebP animado (*.webp)</translation>
     </message>
 </context>
 <context>

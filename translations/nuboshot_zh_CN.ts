@@ -1696,10 +1696,6 @@
         <translation>重做 (Ctrl+Shift+Z)</translation>
     </message>
     <message>
-        <source>Export quality</source>
-        <translation>导出质量</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>取消</translation>
     </message>
@@ -1774,6 +1770,66 @@
     <message>
         <source>Exported “%1”</source>
         <translation>已导出“%1”</translation>
+    </message>
+    <message>
+        <source>Export format and size</source>
+        <translation>导出格式和尺寸</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>格式</translation>
+    </message>
+    <message>
+        <source>MP4 Movie</source>
+        <translation>MP4 影片</translation>
+    </message>
+    <message>
+        <source>GIF</source>
+        <translation>GIF</translation>
+    </message>
+    <message>
+        <source>Animated WebP</source>
+        <translation>动画 WebP</translation>
+    </message>
+    <message>
+        <source>Frame Rate</source>
+        <translation>帧率</translation>
+    </message>
+    <message>
+        <source>%1 fps</source>
+        <translation>%1 帧/秒</translation>
+    </message>
+    <message>
+        <source>Width · Never upscaled</source>
+        <translation>宽度 · 从不放大</translation>
+    </message>
+    <message>
+        <source>Original (%1 px)</source>
+        <translation>原始（%1 像素）</translation>
+    </message>
+    <message>
+        <source>%1 px</source>
+        <translation>%1 像素</translation>
+    </message>
+    <message>
+        <source>MP4 · %1</source>
+        <translation>MP4 · %1</translation>
+    </message>
+    <message>
+        <source>%1 · %2 fps · %3 px</source>
+        <translation>%1 · %2 帧/秒 · %3 像素</translation>
+    </message>
+    <message>
+        <source>WebP</source>
+        <translation>WebP</translation>
+    </message>
+    <message>
+        <source>GIF animation (*.gif)</source>
+        <translation>GIF 动画 (*.gif)</translation>
+    </message>
+    <message>
+        <source>Animated WebP (*.webp)</source>
+        <translation>动画 WebP (*.webp)</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,8 @@
 
 #include "media/MediaOwners.h"
 
+#include <functional>
+
 namespace nubo::media {
 
 // A recording opened for reading, its best video stream and its first
@@ -29,6 +31,13 @@ struct Input {
     // Seeks a stream to the key frame at or before `time`.
     int seek(int stream, VideoTime time) const;
 };
+
+// Decodes the pictures of `input`'s video whose time lies in `stretch`
+// (from the key frame before it) and hands each with its source time to
+// `each`; `poll` runs between packets (a cancel check may throw from it).
+// Throws VideoEditError (exportFailed with FFmpeg's reason).
+void decodeStretch(const Input& input, VideoTimeRange stretch, const std::function<void()>& poll,
+                   const std::function<void(AVFrame*, VideoTime)>& each);
 
 // The time of a stream's timestamp.
 inline VideoTime streamTime(const AVStream* stream, int64_t ts)

@@ -419,50 +419,9 @@ private:
         check(av_frame_get_buffer(m_target.get(), 0));
     }
 
-    // Decodes the pictures whose time lies in `stretch` (from the key frame
-    // before it) and hands each with its source time to `each`.
     void decodeStretch(VideoTimeRange stretch, const std::function<void(AVFrame*, VideoTime)>& each)
     {
-        AVStream* stream = m_input.videoStream();
-        media::Codec decoder = m_input.decoder(m_input.video, 0);
-        media::Packet packet = media::packet();
-        media::Frame decoded = media::frame();
-        check(m_input.seek(m_input.video, stretch.start));
-        bool done = false, flushed = false;
-        while (!done) {
-            checkCancelled();
-            if (!flushed) {
-                if (av_read_frame(m_input.format, packet.get()) < 0) {
-                    avcodec_send_packet(decoder.get(), nullptr);
-                    flushed = true;
-                } else if (packet->stream_index == m_input.video) {
-                    const int sent = avcodec_send_packet(decoder.get(), packet.get());
-                    if (sent < 0 && sent != AVERROR_INVALIDDATA) {
-                        av_packet_unref(packet.get());
-                        media::fail(sent);
-                    }
-                }
-                av_packet_unref(packet.get());
-            }
-            while (!done) {
-                const int status = avcodec_receive_frame(decoder.get(), decoded.get());
-                if (status == AVERROR(EAGAIN)) {
-                    break;
-                }
-                if (status == AVERROR_EOF) {
-                    done = true;
-                    break;
-                }
-                check(status);
-                const VideoTime t = media::streamTime(stream, decoded->best_effort_timestamp);
-                if (t >= stretch.end()) {
-                    done = true;
-                } else if (t >= stretch.start) {
-                    each(decoded.get(), t);
-                }
-                av_frame_unref(decoded.get());
-            }
-        }
+        media::decodeStretch(m_input, stretch, [this] { checkCancelled(); }, each);
     }
 
     void encodePictures()
@@ -716,7 +675,8 @@ QString canonical(const QString& path)
 
 std::optional<VideoExportResult> VideoEditExportSession::run(const VideoEditList& list, const QString& destination,
                                                              const std::atomic<bool>& cancelled,
-                                                             const Progress& progress)
+                                                             const Progress& progress,
+                                                             const AnimationOptions& animation)
 {
     if (canonical(list.source) == canonical(destination)) {
         throw VideoEditError(VideoEditError::Code::sourceIsDestination);
@@ -733,7 +693,10 @@ std::optional<VideoExportResult> VideoEditExportSession::run(const VideoEditList
                                  .arg(destination, *kind));
     }
     // Written beside the destination under a hidden name, renamed when complete.
-    QTemporaryFile partial(target.absolutePath() + QStringLiteral("/.%1-XXXXXX.mp4").arg(target.completeBaseName()));
+    const std::optional<AnimationFormat> animated = animationFormatOf(destination);
+    QTemporaryFile partial(target.absolutePath() +
+                           QStringLiteral("/.%1-XXXXXX.%2")
+                               .arg(target.completeBaseName(), animated ? target.suffix().toLower() : QStringLiteral("mp4")));
     if (!partial.open()) {
         throw VideoEditError(VideoEditError::Code::cannotCreateExport,
                              QStringLiteral("%1 (%2)").arg(partial.errorString(), target.absolutePath()));
@@ -743,7 +706,15 @@ std::optional<VideoExportResult> VideoEditExportSession::run(const VideoEditList
     const bool cutOnly = list.isCutOnly();
     try {
         std::optional<VideoExportResult> result;
-        if (cutOnly) {
+        if (animated) {
+            const std::optional<int64_t> pictures =
+                exportAnimation(list, temporary, *animated, animation, cancelled, progress);
+            if (!pictures) {
+                throw Cancelled{};
+            }
+            result = VideoExportResult{};
+            result->encodedFrames = *pictures;
+        } else if (cutOnly) {
             try {
                 result = Export(list, temporary, cancelled, progress).run(true);
             } catch (const CopyImpossible& impossible) {
@@ -778,16 +749,18 @@ std::optional<VideoExportResult> VideoEditExportSession::run(const VideoEditList
 struct VideoEditExportSession::Run {
     VideoEditList list;
     QString destination;
+    AnimationOptions animation;
     std::atomic<bool> cancelled{false};
     std::atomic<double> fraction{0};
     std::thread thread;
 };
 
-VideoEditExportSession::VideoEditExportSession(VideoEditList list, QString destination)
+VideoEditExportSession::VideoEditExportSession(VideoEditList list, QString destination, AnimationOptions animation)
     : session(std::make_unique<Run>())
 {
     session->list = std::move(list);
     session->destination = std::move(destination);
+    session->animation = animation;
 }
 
 VideoEditExportSession::~VideoEditExportSession()
@@ -809,7 +782,7 @@ void VideoEditExportSession::start(Progress progress, Finished finished)
                 if (progress) {
                     progress(f);
                 }
-            });
+            }, run->animation);
             outcome.cancelled = !outcome.result;
         } catch (const VideoEditError& error) {
             qCWarning(lcVideoEdit, "Export to %s failed: %s", qPrintable(run->destination), qPrintable(error.message()));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "video/AnimatedExport.h"
 #include "video/VideoEditList.h"
 #include "video/VideoSource.h"
 
@@ -42,7 +43,9 @@ public:
     using Progress = std::function<void(double fraction)>;
     using Finished = std::function<void(const VideoExportOutcome&)>;
 
-    VideoEditExportSession(VideoEditList list, QString destination);
+    // A destination ending in .gif or .webp gets an animation of the edit
+    // (AnimatedExport) instead of a movie.
+    VideoEditExportSession(VideoEditList list, QString destination, AnimationOptions animation = {});
     // Cancels a running export and waits for it to end.
     ~VideoEditExportSession();
     VideoEditExportSession(const VideoEditExportSession&) = delete;
@@ -57,7 +60,8 @@ public:
     // The export itself, on the calling thread. Throws VideoEditError;
     // returns nothing when `cancelled` was set.
     static std::optional<VideoExportResult> run(const VideoEditList& list, const QString& destination,
-                                                const std::atomic<bool>& cancelled, const Progress& progress = {});
+                                                const std::atomic<bool>& cancelled, const Progress& progress = {},
+                                                const AnimationOptions& animation = {});
 
 private:
     struct Run;

@@ -175,6 +175,55 @@ int Input::seek(int index, VideoTime time) const
                          AVSEEK_FLAG_BACKWARD);
 }
 
+void decodeStretch(const Input& input, VideoTimeRange stretch, const std::function<void()>& poll,
+                   const std::function<void(AVFrame*, VideoTime)>& each)
+{
+    AVStream* stream = input.videoStream();
+    Codec decoder = input.decoder(input.video, 0);
+    Packet packet = media::packet();
+    Frame decoded = media::frame();
+    if (const int status = input.seek(input.video, stretch.start); status < 0) {
+        fail(status);
+    }
+    bool done = false, flushed = false;
+    while (!done) {
+        poll();
+        if (!flushed) {
+            if (av_read_frame(input.format, packet.get()) < 0) {
+                avcodec_send_packet(decoder.get(), nullptr);
+                flushed = true;
+            } else if (packet->stream_index == input.video) {
+                const int sent = avcodec_send_packet(decoder.get(), packet.get());
+                if (sent < 0 && sent != AVERROR_INVALIDDATA) {
+                    av_packet_unref(packet.get());
+                    fail(sent);
+                }
+            }
+            av_packet_unref(packet.get());
+        }
+        while (!done) {
+            const int status = avcodec_receive_frame(decoder.get(), decoded.get());
+            if (status == AVERROR(EAGAIN)) {
+                break;
+            }
+            if (status == AVERROR_EOF) {
+                done = true;
+                break;
+            }
+            if (status < 0) {
+                fail(status);
+            }
+            const VideoTime t = streamTime(stream, decoded->best_effort_timestamp);
+            if (t >= stretch.end()) {
+                done = true;
+            } else if (t >= stretch.start) {
+                each(decoded.get(), t);
+            }
+            av_frame_unref(decoded.get());
+        }
+    }
+}
+
 } // namespace media
 
 VideoSourceInfo VideoSourceInfo::read(const QString& file)

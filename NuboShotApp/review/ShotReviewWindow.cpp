@@ -118,23 +118,12 @@ QLayout* ShotReviewWindow::makeTools()
     m_mute->setEnabled(m_info.hasAudio);
     m_undo = toolButton(tr("Undo"), tr("Undo (Ctrl+Z)"), this);
     m_redo = toolButton(tr("Redo"), tr("Redo (Ctrl+Shift+Z)"), this);
-    m_quality = toolButton(QString(), tr("Export quality"), this);
+    m_quality = toolButton(QString(), tr("Export format and size"), this);
     m_quality->setObjectName(QStringLiteral("reviewQuality"));
     m_quality->setPopupMode(QToolButton::InstantPopup);
     auto* qualityMenu = new QMenu(m_quality);
     qualityMenu->setToolTipsVisible(true);
-    auto* caption = qualityMenu->addAction(videoExportQualityCaption);
-    caption->setEnabled(false);
-    for (VideoExportQuality quality : {VideoExportQuality::original, VideoExportQuality::p1080, VideoExportQuality::p720}) {
-        QAction* action = qualityMenu->addAction(videoExportQualityTitle(quality));
-        action->setCheckable(true);
-        action->setData(int(quality));
-        connect(action, &QAction::triggered, this, [this, quality] {
-            VideoEditList next = m_history.current;
-            next.setQuality(quality);
-            commit(next);
-        });
-    }
+    connect(qualityMenu, &QMenu::aboutToShow, this, &ShotReviewWindow::fillFormatMenu);
     m_quality->setMenu(qualityMenu);
     for (QWidget* w : std::initializer_list<QWidget*>{m_play, splitButton, removeButton, m_blurMode, m_cropMode, m_mute}) {
         tools->addWidget(w);
@@ -321,15 +310,83 @@ void ShotReviewWindow::loadThumbnails()
     }));
 }
 
+namespace {
+
+QString suffixOf(std::optional<AnimationFormat> format)
+{
+    return !format ? QStringLiteral("mp4") : *format == AnimationFormat::gif ? QStringLiteral("gif") : QStringLiteral("webp");
+}
+
+} // namespace
+
 QString ShotReviewWindow::exportPath() const
 {
     const QString folder = recordingFolder(m_preferences);
     const QString base = QFileInfo(m_recording).completeBaseName() + QStringLiteral(" (edited)");
-    QString path = folder + QLatin1Char('/') + base + QStringLiteral(".mp4");
+    const QString suffix = suffixOf(m_format);
+    QString path = folder + QLatin1Char('/') + base + QLatin1Char('.') + suffix;
     for (int n = 2; QFileInfo::exists(path) && path != m_exportedFile; ++n) {
-        path = folder + QLatin1Char('/') + base + QStringLiteral(" (%1).mp4").arg(n);
+        path = folder + QLatin1Char('/') + base + QStringLiteral(" (%1).%2").arg(n).arg(suffix);
     }
     return path;
+}
+
+void ShotReviewWindow::setExportFormat(std::optional<AnimationFormat> format, AnimationOptions options)
+{
+    m_format = format;
+    m_animation = options;
+    applied();
+}
+
+void ShotReviewWindow::fillFormatMenu()
+{
+    QMenu* menu = m_quality->menu();
+    menu->clear();
+    const auto caption = [menu](const QString& text) { menu->addAction(text)->setEnabled(false); };
+    const auto item = [menu](const QString& text, bool checked, auto act) {
+        QAction* action = menu->addAction(text);
+        action->setCheckable(true);
+        action->setChecked(checked);
+        QObject::connect(action, &QAction::triggered, menu, act);
+        return action;
+    };
+    caption(tr("Format"));
+    item(tr("MP4 Movie"), !m_format, [this] { setExportFormat(std::nullopt, m_animation); });
+    item(tr("GIF"), m_format == AnimationFormat::gif, [this] { setExportFormat(AnimationFormat::gif, m_animation); });
+    item(tr("Animated WebP"), m_format == AnimationFormat::webp,
+         [this] { setExportFormat(AnimationFormat::webp, m_animation); });
+    menu->addSeparator();
+    const VideoEditList& list = m_history.current;
+    if (!m_format) {
+        caption(videoExportQualityCaption);
+        for (VideoExportQuality quality : {VideoExportQuality::original, VideoExportQuality::p1080, VideoExportQuality::p720}) {
+            item(videoExportQualityTitle(quality), list.quality == quality, [this, quality] {
+                VideoEditList next = m_history.current;
+                next.setQuality(quality);
+                commit(next);
+            });
+        }
+        return;
+    }
+    caption(tr("Frame Rate"));
+    for (const int rate : AnimationOptions::frameRates) {
+        item(tr("%1 fps").arg(rate), m_animation.framesPerSecond == rate, [this, rate] {
+            AnimationOptions next = m_animation;
+            next.framesPerSecond = rate;
+            setExportFormat(m_format, next);
+        });
+    }
+    caption(tr("Width · Never upscaled"));
+    const int widest = animationSize(list, m_info, 0).width();
+    for (const int width : AnimationOptions::widths) {
+        QAction* action = item(width == 0 ? tr("Original (%1 px)").arg(widest) : tr("%1 px").arg(width),
+                               m_animation.width == width, [this, width] {
+                                   AnimationOptions next = m_animation;
+                                   next.width = width;
+                                   setExportFormat(m_format, next);
+                               });
+        action->setEnabled(width == 0 || width < widest);
+    }
 }
 
 bool ShotReviewWindow::hasUnexportedEdits() const
@@ -358,11 +415,14 @@ void ShotReviewWindow::applied()
     m_mute->setChecked(list.isMuted);
     m_undo->setEnabled(m_history.canUndo());
     m_redo->setEnabled(m_history.canRedo());
-    m_quality->setText(videoExportQualityTitle(list.quality));
-    for (QAction* action : m_quality->menu()->actions()) {
-        if (action->data().isValid()) {
-            action->setChecked(action->data().toInt() == int(list.quality));
-        }
+    if (!m_format) {
+        m_quality->setText(tr("MP4 · %1").arg(videoExportQualityTitle(list.quality)));
+    } else {
+        const QSize size = animationSize(list, m_info, m_animation.width);
+        m_quality->setText(tr("%1 · %2 fps · %3 px")
+                               .arg(*m_format == AnimationFormat::gif ? tr("GIF") : tr("WebP"))
+                               .arg(m_animation.framesPerSecond)
+                               .arg(size.width()));
     }
     const bool anything = !list.keptRanges().empty();
     m_export->setEnabled(anything && !m_session);
@@ -378,12 +438,14 @@ void ShotReviewWindow::updateLabels()
     const auto edited = list.editedTime(position);
     m_time->setText(QStringLiteral("%1 / %2").arg(edited ? clock(*edited) : QStringLiteral("\u2013"),
                                                    clock(list.keptDuration())));
-    const QSize size = videoOutputSize(m_info.size, list.cropRect, list.quality);
+    const QSize size = m_format ? animationSize(list, m_info, m_animation.width)
+                                : videoOutputSize(m_info.size, list.cropRect, list.quality);
+    const int64_t bytes = m_format ? animationSizeEstimate(list, m_info, *m_format, m_animation)
+                                   : videoSizeEstimate(list, m_info);
     m_estimate->setText(tr("%1 × %2 · about %3")
                             .arg(size.width())
                             .arg(size.height())
-                            .arg(QLocale().formattedDataSize(videoSizeEstimate(list, m_info), 1,
-                                                             QLocale::DataSizeSIFormat)));
+                            .arg(QLocale().formattedDataSize(bytes, 1, QLocale::DataSizeSIFormat)));
 }
 
 void ShotReviewWindow::undo()
@@ -493,10 +555,13 @@ void ShotReviewWindow::keyPressEvent(QKeyEvent* event)
 
 void ShotReviewWindow::saveAs()
 {
-    const QString file = QFileDialog::getSaveFileName(this, tr("Save Edited Recording"),
-                                                      exportPath(), tr("MPEG-4 movie (*.mp4)"));
+    const QString filter = !m_format                              ? tr("MPEG-4 movie (*.mp4)")
+                           : *m_format == AnimationFormat::gif ? tr("GIF animation (*.gif)")
+                                                               : tr("Animated WebP (*.webp)");
+    const QString file = QFileDialog::getSaveFileName(this, tr("Save Edited Recording"), exportPath(), filter);
     if (!file.isEmpty()) {
-        exportTo(file.endsWith(QLatin1String(".mp4"), Qt::CaseInsensitive) ? file : file + QStringLiteral(".mp4"));
+        const QString suffix = QLatin1Char('.') + suffixOf(m_format);
+        exportTo(file.endsWith(suffix, Qt::CaseInsensitive) ? file : file + suffix);
     }
 }
 
@@ -505,8 +570,8 @@ void ShotReviewWindow::copy()
     // The recording itself when nothing is edited; else the file as it is
     // exported now, exported first when the edits changed.
     const bool unedited = !m_history.hasEdits() && QFileInfo::exists(m_recording);
-    if (unedited || (!m_exportedFile.isEmpty() && m_exportedList == m_history.current &&
-                     QFileInfo::exists(m_exportedFile))) {
+    if ((unedited && !m_format) || (!m_exportedFile.isEmpty() && m_exportedList == m_history.current &&
+                                    m_exportedFormat == m_format && QFileInfo::exists(m_exportedFile))) {
         const QString file = unedited ? m_recording : m_exportedFile;
         auto* data = new QMimeData;
         data->setUrls({QUrl::fromLocalFile(file)});
@@ -527,7 +592,7 @@ void ShotReviewWindow::exportTo(const QString& file, bool thenCopy)
     }
     m_player->pause();
     const VideoEditList list = m_history.current;
-    m_session = std::make_unique<VideoEditExportSession>(list, file);
+    m_session = std::make_unique<VideoEditExportSession>(list, file, m_animation);
     m_progress->setValue(0);
     m_progress->show();
     m_cancel->show();
@@ -542,11 +607,12 @@ void ShotReviewWindow::exportTo(const QString& file, bool thenCopy)
                 }
             });
         },
-        [self, thenCopy, list](const VideoExportOutcome& outcome) {
-            QMetaObject::invokeMethod(qApp, [self, thenCopy, outcome, list] {
+        [self, thenCopy, list, format = animationFormatOf(file)](const VideoExportOutcome& outcome) {
+            QMetaObject::invokeMethod(qApp, [self, thenCopy, outcome, list, format] {
                 if (self) {
                     if (outcome.result) {
                         self->m_exportedList = list;
+                        self->m_exportedFormat = format;
                     }
                     self->exportEnded(outcome, thenCopy);
                 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "video/AnimatedExport.h"
 #include "video/VideoEditHistory.h"
 #include "video/VideoSource.h"
 
@@ -44,6 +45,10 @@ public:
     bool isExporting() const { return m_session != nullptr; }
 
     void exportTo(const QString& file, bool thenCopy = false);
+    // What Export writes: a movie (none) or an animation, and the
+    // animation's rate and width.
+    std::optional<AnimationFormat> exportFormat() const { return m_format; }
+    void setExportFormat(std::optional<AnimationFormat> format, AnimationOptions options);
 
 signals:
     void exportFinished(const QString& file, const QString& error);
@@ -58,6 +63,8 @@ private:
     QLayout* makeTools();
     QLayout* makeBottomBar();
     void connectButtons();
+    // The format menu's items, ticked as the export stands.
+    void fillFormatMenu();
     void connectPlayer();
     void connectEdits();
 
@@ -90,7 +97,10 @@ private:
     QToolButton* m_blurMode = nullptr;
     QToolButton* m_cropMode = nullptr;
     QToolButton* m_mute = nullptr;
-    QToolButton* m_quality = nullptr;
+    QToolButton* m_quality = nullptr; // the export's format and size
+    std::optional<AnimationFormat> m_format;
+    AnimationOptions m_animation;
+    std::optional<AnimationFormat> m_exportedFormat;
     QToolButton* m_undo = nullptr;
     QToolButton* m_redo = nullptr;
     QPushButton* m_export = nullptr;

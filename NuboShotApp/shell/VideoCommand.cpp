@@ -6,6 +6,8 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+
 #include <csignal>
 #include <cstdio>
 #include <unistd.h>
@@ -21,7 +23,9 @@ export writes an edited copy of a recording; the recording is not changed.
 Times are seconds ("12", "12.5"), rectangles are fractions of the picture
 ("0.25,0,0.5,1" is the middle half).
 
-  -o, --output FILE          the MP4 to write (replaced whole when complete)
+  -o, --output FILE          the MP4 to write (replaced whole when complete);
+                             a FILE ending in .gif or .webp gets an animated
+                             picture instead, without sound
   --cut START-END            cut this stretch out (repeatable)
   --in T, --out T            keep only what lies between these times
   --crop X,Y,W,H             keep this part of the picture
@@ -30,6 +34,9 @@ Times are seconds ("12", "12.5"), rectangles are fractions of the picture
   --mute                     leave the sound out
   --quality original|1080|720
                              the output height, capped (never upscaled)
+  --fps 10|15|24|30          pictures a second of a GIF or WebP (15)
+  --width original|1280|960|640
+                             the width of a GIF or WebP (never upscaled)
 
 An export that only cuts copies the recording's own pictures and encodes
 only those between a cut and the next key frame. Ctrl+C cancels; nothing is
@@ -103,12 +110,15 @@ int runExport(const QStringList& arguments)
     std::optional<QRectF> crop;
     bool mute = false;
     VideoExportQuality quality = VideoExportQuality::original;
+    AnimationOptions animation;
+    bool animationAsked = false;
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const QString& argument = arguments[i];
         const bool takesValue = argument == QLatin1String("-o") || argument == QLatin1String("--output") ||
                                 argument == QLatin1String("--cut") || argument == QLatin1String("--in") ||
                                 argument == QLatin1String("--out") || argument == QLatin1String("--crop") ||
-                                argument == QLatin1String("--blur") || argument == QLatin1String("--quality");
+                                argument == QLatin1String("--blur") || argument == QLatin1String("--quality") ||
+                                argument == QLatin1String("--fps") || argument == QLatin1String("--width");
         if (takesValue && i + 1 >= arguments.size()) {
             return usage(QStringLiteral("%1 needs a value").arg(argument), help);
         }
@@ -152,6 +162,22 @@ int runExport(const QStringList& arguments)
             } else {
                 return usage(QStringLiteral("the quality is original, 1080 or 720"), help);
             }
+        } else if (argument == QLatin1String("--fps")) {
+            const int rate = value.toInt();
+            if (std::find(AnimationOptions::frameRates.begin(), AnimationOptions::frameRates.end(), rate) ==
+                AnimationOptions::frameRates.end()) {
+                return usage(QStringLiteral("--fps is 10, 15, 24 or 30"), help);
+            }
+            animation.framesPerSecond = rate;
+            animationAsked = true;
+        } else if (argument == QLatin1String("--width")) {
+            const int width = value == QLatin1String("original") ? 0 : value.toInt();
+            if (std::find(AnimationOptions::widths.begin(), AnimationOptions::widths.end(), width) ==
+                AnimationOptions::widths.end()) {
+                return usage(QStringLiteral("--width is original, 1280, 960 or 640"), help);
+            }
+            animation.width = width;
+            animationAsked = true;
         } else if (argument.startsWith(u'-') && argument.size() > 1) {
             return usage(QStringLiteral("unknown option \u201c%1\u201d").arg(argument), help);
         } else if (source.isEmpty()) {
@@ -165,6 +191,9 @@ int runExport(const QStringList& arguments)
     }
     if (output.isEmpty()) {
         return usage(QStringLiteral("the output file is missing (-o FILE)"), help);
+    }
+    if (animationAsked && !animationFormatOf(output)) {
+        return usage(QStringLiteral("--fps and --width are for a GIF or WebP output (-o FILE.gif)"), help);
     }
     if (in && out && *out <= *in) {
         return usage(QStringLiteral("the in point (--in %1) must come before the out point (--out %2)")
@@ -208,7 +237,7 @@ int runExport(const QStringList& arguments)
                 std::fprintf(stderr, "\rExporting %s\u2026 %3d%%", qPrintable(QFileInfo(output).fileName()), percent);
                 std::fflush(stderr);
             }
-        });
+        }, animation);
         if (terminal) {
             std::fputc('\n', stderr);
         }

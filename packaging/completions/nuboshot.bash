@@ -51,7 +51,14 @@ _nuboshot()
         --format) COMPREPLY=($(compgen -W "png jpeg heic webp" -- "$cur")); return ;;
         --scale) COMPREPLY=($(compgen -W "1 2" -- "$cur")); return ;;
         --destination) COMPREPLY=($(compgen -W "auto r2 filebin" -- "$cur")); return ;;
-        --fps) COMPREPLY=($(compgen -W "30 60" -- "$cur")); return ;;
+        --fps)
+            if [ "$command" = video ]; then
+                COMPREPLY=($(compgen -W "10 15 24 30" -- "$cur"))
+            else
+                COMPREPLY=($(compgen -W "30 60" -- "$cur"))
+            fi
+            return ;;
+        --width) COMPREPLY=($(compgen -W "original 1280 960 640" -- "$cur")); return ;;
         --resolution) COMPREPLY=($(compgen -W "native standard" -- "$cur")); return ;;
         --codec) COMPREPLY=($(compgen -W "h264 hevc" -- "$cur")); return ;;
         --quality)
@@ -106,7 +113,7 @@ _nuboshot()
             if [ "$cword" -eq 2 ]; then
                 COMPREPLY=($(compgen -W "export info -h --help" -- "$cur"))
             elif [ "$sub" = export ]; then
-                _nuboshot_options_or -f "-o --output --cut --in --out --crop --blur --mute --quality -h --help"
+                _nuboshot_options_or -f "-o --output --cut --in --out --crop --blur --mute --quality --fps --width -h --help"
             else
                 COMPREPLY=($(compgen -f -- "$cur"))
             fi ;;

@@ -84,3 +84,5 @@ complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subc
 complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l blur -x -d "X,Y,W,H@START-END"
 complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l mute
 complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l quality -x -a "original 1080 720"
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l fps -x -a "10 15 24 30" -d "Pictures a second of a GIF or WebP"
+complete -c nuboshot -n "__fish_seen_subcommand_from video; and __fish_seen_subcommand_from export" -l width -x -a "original 1280 960 640" -d "Width of a GIF or WebP"

@@ -256,6 +256,17 @@ TEST(VideoCommand, ExportsWhatTheOptionsSayAndPrintsTheFile)
     EXPECT_EQ(numbers, expected);
     EXPECT_FALSE(test::decodeSound(out).opened) << "muted: no sound at all";
 
+    // An animation of the first two seconds, 10 pictures a second; asked
+    // 1280 wide, it stays as wide as the recording.
+    const QString gif = dir.filePath("start.gif");
+    const test::ProcessResult animated =
+        test::runNuboShot({"video", "export", movie, "-o", gif, "--out", "2", "--fps", "10", "--width", "1280"});
+    ASSERT_EQ(animated.exitCode, 0) << animated.err.toStdString();
+    EXPECT_EQ(animated.out.trimmed(), gif);
+    const test::DecodedMovie pictures = test::decodeMovie(gif);
+    EXPECT_EQ(QSize(pictures.width, pictures.height), QSize(640, 360));
+    EXPECT_EQ(pictures.frames.size(), 20);
+
     const test::ProcessResult info = test::runNuboShot({"video", "info", movie});
     EXPECT_EQ(info.exitCode, 0);
     EXPECT_TRUE(info.out.contains("size: 640x360")) << info.out.toStdString();
