@@ -12,6 +12,7 @@
 #include "video/VideoEditExport.h"
 #include "video/VideoEditRenderer.h"
 
+#include <QActionGroup>
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
@@ -342,11 +343,18 @@ void ShotReviewWindow::fillFormatMenu()
 {
     QMenu* menu = m_quality->menu();
     menu->clear();
-    const auto caption = [menu](const QString& text) { menu->addAction(text)->setEnabled(false); };
-    const auto item = [menu](const QString& text, bool checked, auto act) {
+    qDeleteAll(menu->findChildren<QActionGroup*>(Qt::FindDirectChildrenOnly));
+    // Each caption starts a group of choices, one of which is ticked.
+    QActionGroup* group = nullptr;
+    const auto caption = [menu, &group](const QString& text) {
+        menu->addAction(text)->setEnabled(false);
+        group = new QActionGroup(menu);
+    };
+    const auto item = [menu, &group](const QString& text, bool checked, auto act) {
         QAction* action = menu->addAction(text);
         action->setCheckable(true);
         action->setChecked(checked);
+        group->addAction(action);
         QObject::connect(action, &QAction::triggered, menu, act);
         return action;
     };
