@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QPainter>
 #include <QScreen>
+#include <QTimer>
 #include <QWindow>
 
 #include <cmath>
@@ -95,6 +96,9 @@ void ShotPinWindow::copy()
 
 void ShotPinWindow::paintEvent(QPaintEvent*)
 {
+    if (!std::exchange(m_painted, true)) {
+        QTimer::singleShot(0, this, &ShotPinWindow::firstPainted);
+    }
     QPainter painter(this);
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(90, 90, 90));

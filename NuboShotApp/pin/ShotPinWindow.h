@@ -44,6 +44,8 @@ public:
 
 signals:
     void closed();
+    // The first time the pin was painted: it is on the screen.
+    void firstPainted();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -66,6 +68,7 @@ private:
     QDateTime m_pinnedAt = QDateTime::currentDateTime();
     double m_zoom = 1;
     std::optional<QPoint> m_grip; // where a drag holds the pin, from its corner
+    bool m_painted = false;
 };
 
 } // namespace nubo

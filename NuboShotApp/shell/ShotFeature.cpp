@@ -522,7 +522,13 @@ void ShotFeature::finishCapture(const QImage& image, double scale, const QString
             const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
             const QPoint at = where.value_or(screen.center() - QPoint(int(image.width() / scale / 2),
                                                                       int(image.height() / scale / 2)));
-            m_pins->pin(ShotDocument::fromImage(image, scale), image, at);
+            ShotPinWindow* pin = m_pins->pin(ShotDocument::fromImage(image, scale), image, at);
+            if (m_accepted.isValid()) {
+                connect(pin, &ShotPinWindow::firstPainted, this, [this] {
+                    qCInfo(lcApp, "Pin shown after %lld ms", static_cast<long long>(m_accepted.elapsed()));
+                    m_accepted.invalidate();
+                });
+            }
         } catch (const Error& error) {
             failed(error.message());
         }
