@@ -31,8 +31,11 @@ constexpr int closeEnough = 9 * 5 * 5;
 // is within this many levels of it, and each channel within the second:
 // a movie's compression noise, which would otherwise be written again and
 // again.
-constexpr int stillLuma = 2;
-constexpr int stillChannel = 8;
+constexpr int stillLuma = 4;
+constexpr int stillChannel = 16;
+// A colour the palette holds exactly (a background, the text) comes back
+// when it is more than a level of brightness from what is shown.
+constexpr int stillLumaExact = 1;
 
 inline int redOf(uint32_t c) { return int(c >> 16) & 0xff; }
 inline int greenOf(uint32_t c) { return int(c >> 8) & 0xff; }
@@ -46,13 +49,14 @@ inline int distance(int r1, int g1, int b1, uint32_t c)
 }
 
 // Whether a pixel's new colour may go unwritten where `shown` is shown: the
-// brightness within a level or two, the colour within a few.
-inline bool isStill(uint32_t colour, uint32_t shown)
+// brightness within `lumaLimit` levels, each channel within stillChannel.
+inline bool isStill(uint32_t colour, uint32_t shown, int lumaLimit)
 {
     const int dr = redOf(colour) - redOf(shown), dg = greenOf(colour) - greenOf(shown),
               db = blueOf(colour) - blueOf(shown);
-    const int luma = (77 * dr + 150 * dg + 29 * db) / 256;
-    return std::abs(luma) <= stillLuma && std::max({std::abs(dr), std::abs(dg), std::abs(db)}) <= stillChannel;
+    const int luma = ((77 * redOf(colour) + 150 * greenOf(colour) + 29 * blueOf(colour)) >> 8) -
+                     ((77 * redOf(shown) + 150 * greenOf(shown) + 29 * blueOf(shown)) >> 8);
+    return std::abs(luma) <= lumaLimit && std::max({std::abs(dr), std::abs(dg), std::abs(db)}) <= stillChannel;
 }
 
 // Spreads a key over a table: the high half of a Fibonacci product.
@@ -309,9 +313,12 @@ std::vector<uint32_t> paletteOf(const std::vector<uint32_t>& pixels)
         return colours;
     }
     // Backgrounds, text and the flat fills of a screen stay exact.
-    const uint64_t common = std::max<uint64_t>(pixels.size() / 1000, 16);
+    // (A third of a per cent of the picture each, at most 100 of them: more
+    // exact colours leave too few entries for the rest and cost more than
+    // they give.)
+    const uint64_t common = std::max<uint64_t>(pixels.size() / 300, 16);
     size_t popular = 0;
-    while (popular < entries.size() && popular < 160 && entries[popular].count >= common) {
+    while (popular < entries.size() && popular < 100 && entries[popular].count >= common) {
         colours.push_back(entries[popular++].colour);
     }
     const std::vector<uint32_t> rest = medianCut(
@@ -570,7 +577,8 @@ void GifEncoder::add(const QImage& picture, qint64 startMs)
             }
             // Compression noise over what is shown already: left unwritten.
             const uint32_t was = d->canvas[i];
-            if (was != noColour && isStill(d->current[i], was)) {
+            if (was != noColour &&
+                isStill(d->current[i], was, palette.exactIndex(d->current[i]) >= 0 ? stillLumaExact : stillLuma)) {
                 d->indices[i] = transparent;
                 continue;
             }

@@ -20,7 +20,9 @@ namespace nubo {
 //   pixel that does not change keeps its index from picture to picture.
 // - Only the rectangle that changed is written, and inside it the pixels
 //   that show what the screen already shows are transparent: a still
-//   screen costs a few bytes a picture. A picture identical to the one
+//   screen costs a few bytes a picture. A change of a few levels (the
+//   compression noise of the recording) is not written either, except back
+//   to a colour the palette holds exactly. A picture identical to the one
 //   before lengthens it instead.
 // - The timing follows the clock given, to the hundredth of a second GIF
 //   counts in, without the error of the rounded delays adding up.
