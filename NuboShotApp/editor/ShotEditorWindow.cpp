@@ -434,17 +434,24 @@ void ShotEditorWindow::reportAddProblem(const QString& problem)
     }
 }
 
-void ShotEditorWindow::copyText()
+void ShotEditorWindow::withReadText(std::function<void()> use)
 {
     if (m_textLayer->state() != ShotTextLayer::State::read &&
         m_textLayer->state() != ShotTextLayer::State::failed) {
         showNotice(tr("Reading the text\u2026"));
     }
-    m_textLayer->whenRead([this] {
+    m_textLayer->whenRead([this, use = std::move(use)] {
         if (m_textLayer->state() == ShotTextLayer::State::failed) {
             showNotice(m_textLayer->error());
             return;
         }
+        use();
+    });
+}
+
+void ShotEditorWindow::copyText()
+{
+    withReadText([this] {
         const bool chosen = m_model->activeTool() == ShotToolKind::selectText &&
                             m_textLayer->selectedWordCount() > 0;
         const QString text = chosen ? m_textLayer->selectedText() : m_textLayer->text().text();
@@ -465,15 +472,7 @@ void ShotEditorWindow::hideSensitiveText()
     if (!m_model->isIdle()) {
         return; // a crop, a text or a drag under way
     }
-    if (m_textLayer->state() != ShotTextLayer::State::read &&
-        m_textLayer->state() != ShotTextLayer::State::failed) {
-        showNotice(tr("Reading the text\u2026"));
-    }
-    m_textLayer->whenRead([this] {
-        if (m_textLayer->state() == ShotTextLayer::State::failed) {
-            showNotice(m_textLayer->error());
-            return;
-        }
+    withReadText([this] {
         const QList<SensitiveFind> finds = findSensitiveText(m_textLayer->text());
         if (finds.isEmpty()) {
             showNotice(tr("No sensitive text found"));

@@ -6,6 +6,8 @@
 
 #include <QMainWindow>
 
+#include <functional>
+
 #include <memory>
 
 class QActionGroup;
@@ -89,6 +91,9 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    // Runs `use` once the shot's text is read (saying so meanwhile), or
+    // tells why it could not be.
+    void withReadText(std::function<void()> use);
     void startTextEditor(const QUuid& id);
     void finishTextEditor();
     void updateTitle();

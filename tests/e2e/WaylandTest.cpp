@@ -460,6 +460,65 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
     }
 }
 
+// A pin under sway: the desktop, not the client, decides what stays on top,
+// so the pin is a normal window, and the user is told so once. The screen
+// is taken when the delay ends: a background changed during the delay is
+// in the pin, one changed after it is not.
+TEST_F(Wayland, ADelayedPinShowsTheScreenAfterItsDelayPixelForPixel)
+{
+    ASSERT_NO_FATAL_FAILURE(twoOutputsOfNoise(1));
+    const QJsonArray displays =
+        QJsonDocument::fromJson(test::runNuboShot({"displays", "--json"}).out.toUtf8()).array();
+    ASSERT_FALSE(displays.isEmpty());
+    const QJsonObject first = displays.first().toObject();
+    const QJsonArray pixels = first["pixels"].toArray();
+    ASSERT_EQ(pixels.size(), 4);
+    {
+        // The area framed last: 120 × 90 pixels at (300, 200) of the first screen.
+        QSettings preferences(QSettings::IniFormat, QSettings::UserScope,
+                              QStringLiteral("NuboShot"), QStringLiteral("NuboShot"));
+        preferences.setValue(QStringLiteral("shot.lastArea"), QStringLiteral("%1 300 200 120 90 %2 %3")
+                                                                  .arg(first["id"].toInteger())
+                                                                  .arg(pixels[2].toInt())
+                                                                  .arg(pixels[3].toInt()));
+    }
+    ASSERT_NO_FATAL_FAILURE(startTray());
+    const auto background = [&](quint32 seed) {
+        const QString file = m_dir.filePath(QStringLiteral("background-%1.png").arg(seed));
+        EXPECT_TRUE(noise(QSize(1920, 1080), seed).save(file));
+        QFile::setPermissions(file, QFileDevice::ReadOwner | QFileDevice::ReadOther);
+        const QImage before = grim(m_dir.path(), {"-o", "HEADLESS-1"});
+        run(QStringLiteral("swaymsg"), {"output", "HEADLESS-1", "bg", file, "fill"});
+        QImage now;
+        EXPECT_TRUE(waitFor([&] {
+            now = grim(m_dir.path(), {"-o", "HEADLESS-1"});
+            return now.pixel(700, 10) != before.pixel(700, 10) && now == grim(m_dir.path(), {"-o", "HEADLESS-1"});
+        })) << "the new background was never drawn";
+        return now;
+    };
+
+    QElapsedTimer asked;
+    asked.start();
+    ASSERT_EQ(test::runNuboShot({"capture", "last-area", "--pin", "--delay", "5"}).exitCode, 0);
+    const QImage during = background(41); // within the delay
+    ASSERT_LT(asked.elapsed(), 4500) << "the background took too long to be drawn for this test";
+    ASSERT_FALSE(tree().contains(u"Pinned Shot")) << "pinned before its delay ended";
+    ASSERT_TRUE(waitFor([] { return tree().contains(u"Pinned Shot"); })) << "no pin";
+    background(42); // after it
+    const QRect window = windowRect(QStringLiteral("Pinned Shot"));
+    ASSERT_FALSE(window.isEmpty());
+    const QRect picture(window.topLeft() + QPoint(1, 1), QSize(120, 90));
+    QImage shown;
+    EXPECT_TRUE(waitFor([&] {
+        shown = grim(m_dir.path(), {"-g", QStringLiteral("%1,%2 %3x%4").arg(picture.x()).arg(picture.y())
+                                                 .arg(picture.width()).arg(picture.height())});
+        return firstDifference(shown, during.copy(300, 200, 120, 90)).isEmpty();
+    })) << firstDifference(shown, during.copy(300, 200, 120, 90)).toStdString();
+    EXPECT_TRUE(waitFor([] {
+        return run(QStringLiteral("dunstctl"), {"history"}).contains(QStringLiteral("Pinned as a normal window"));
+    })) << "the user was not told the pin cannot stay on top";
+}
+
 // Recording under sway through the screen cast: the tests' counter window
 // fills the first screen and paints a new number on every frame; every
 // movie holds those numbers in order, at the size the screen's pixels (or,
