@@ -257,9 +257,9 @@ public:
     }
     // A pixel's index: its own colour when the palette has it, else the
     // nearest to the colour moved by the dither pattern at (x, y).
-    int index(uint32_t colour, int x, int y)
+    // `exact` is exactIndex(colour), looked up by the caller already.
+    int index(uint32_t colour, int exact, int x, int y)
     {
-        const int exact = exactIndex(colour);
         if (exact >= 0) {
             return exact;
         }
@@ -577,12 +577,12 @@ void GifEncoder::add(const QImage& picture, qint64 startMs)
             }
             // Compression noise over what is shown already: left unwritten.
             const uint32_t was = d->canvas[i];
-            if (was != noColour &&
-                isStill(d->current[i], was, palette.exactIndex(d->current[i]) >= 0 ? stillLumaExact : stillLuma)) {
+            const int exact = palette.exactIndex(d->current[i]);
+            if (was != noColour && isStill(d->current[i], was, exact >= 0 ? stillLumaExact : stillLuma)) {
                 d->indices[i] = transparent;
                 continue;
             }
-            const int index = palette.index(d->current[i], x, y);
+            const int index = palette.index(d->current[i], exact, x, y);
             const uint32_t shown = palette.colours()[size_t(index)];
             if (shown == d->canvas[i]) {
                 d->indices[i] = transparent;
