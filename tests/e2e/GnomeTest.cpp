@@ -235,7 +235,7 @@ TEST_F(Gnome, AWindowIsPickedInTheDesktopsDialog)
     finished(*grab);
     const QImage window = pixels(file);
     // The window's own pixels, at its size, where the desktop shows it.
-    EXPECT_EQ(window.size(), QSize(400, 300));
+    ASSERT_EQ(window.size(), QSize(400, 300));
     // (once the dialog over it has faded out)
     QImage shown;
     QElapsedTimer waited;
@@ -270,25 +270,35 @@ TEST_F(Gnome, TheTraysCaptureWindowAsksTheDesktopsDialog)
     ASSERT_TRUE(answerScreenShare());
     finished(*grab);
     const QImage window = pixels(file);
+    ASSERT_EQ(window.size(), QSize(400, 300));
 
     const auto tray = nuboshot({});
     const auto asked = nuboshot({"capture", "window"});
     finished(*asked);
     ASSERT_TRUE(answerScreenShare());
-    // The window gone, its pixels are on the screen only in the editor.
-    counter->kill();
-    counter->waitForFinished();
+    // The window gone once its picture is taken: its pixels are then on the
+    // screen only in the editor.
+    QString log;
     QElapsedTimer waited;
     waited.start();
+    while (!log.contains(QStringLiteral("Window picked by the desktop")) && waited.elapsed() < 20000) {
+        tray->waitForReadyRead(500);
+        log += QString::fromUtf8(tray->readAllStandardError());
+    }
+    counter->kill();
+    counter->waitForFinished();
     std::optional<QPoint> shown;
     QImage now;
+    waited.restart();
     while (!shown && waited.elapsed() < 10000) {
         now = screen();
         shown = findIn(now, window);
     }
     if (!shown) {
         now.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/gnome-tray-window.png"));
-        ADD_FAILURE() << "no editor shows the window's picture";
+        log += QString::fromUtf8(tray->readAllStandardError());
+        ADD_FAILURE() << "no editor shows the window's picture; the program's log:\n"
+                      << log.toStdString();
     }
     tray->kill();
     tray->waitForFinished();

@@ -84,6 +84,8 @@ struct PipeWireFrames::Private {
         pw_stream* stream = nullptr;
         spa_hook listener{};
         spa_video_info_raw format{};
+        quint32 node = 0;
+        int framesPerSecond = 0;
         bool negotiated = false;
         std::optional<Frame> latest; // guarded by the owner's mutex
         // A picture nobody holds any more, filled again by the next frame:
@@ -195,6 +197,52 @@ struct PipeWireFrames::Private {
                 s->cursor.image = image;
             }
         }
+    }
+
+    // Offers the formats taken and links the stream to its node.
+    static int link(Stream& s)
+    {
+        uint8_t buffer[1024];
+        spa_pod_builder b = SPA_POD_BUILDER_INIT(buffer, sizeof(buffer));
+        spa_pod_frame f[2];
+        spa_pod_builder_push_object(&b, &f[0], SPA_TYPE_OBJECT_Format, SPA_PARAM_EnumFormat);
+        spa_pod_builder_prop(&b, SPA_FORMAT_mediaType, 0);
+        spa_pod_builder_id(&b, SPA_MEDIA_TYPE_video);
+        spa_pod_builder_prop(&b, SPA_FORMAT_mediaSubtype, 0);
+        spa_pod_builder_id(&b, SPA_MEDIA_SUBTYPE_raw);
+        spa_pod_builder_prop(&b, SPA_FORMAT_VIDEO_format, 0);
+        spa_pod_builder_push_choice(&b, &f[1], SPA_CHOICE_Enum, 0);
+        spa_pod_builder_id(&b, acceptedFormats[0]); // the default
+        for (const spa_video_format format : acceptedFormats) {
+            spa_pod_builder_id(&b, format);
+        }
+        spa_pod_builder_pop(&b, &f[1]);
+        spa_pod_builder_prop(&b, SPA_FORMAT_VIDEO_size, 0);
+        spa_pod_builder_push_choice(&b, &f[1], SPA_CHOICE_Range, 0);
+        spa_pod_builder_rectangle(&b, 1920, 1080);
+        spa_pod_builder_rectangle(&b, 1, 1);
+        spa_pod_builder_rectangle(&b, 16384, 16384);
+        spa_pod_builder_pop(&b, &f[1]);
+        spa_pod_builder_prop(&b, SPA_FORMAT_VIDEO_framerate, 0);
+        spa_pod_builder_push_choice(&b, &f[1], SPA_CHOICE_Range, 0);
+        spa_pod_builder_fraction(&b, 30, 1);
+        spa_pod_builder_fraction(&b, 0, 1);
+        spa_pod_builder_fraction(&b, 1000, 1);
+        spa_pod_builder_pop(&b, &f[1]);
+        if (s.framesPerSecond > 0) {
+            // No more pictures than are taken: each one is copied out.
+            spa_pod_builder_prop(&b, SPA_FORMAT_VIDEO_maxFramerate, 0);
+            spa_pod_builder_push_choice(&b, &f[1], SPA_CHOICE_Range, 0);
+            spa_pod_builder_fraction(&b, uint32_t(s.framesPerSecond), 1);
+            spa_pod_builder_fraction(&b, 1, 1);
+            spa_pod_builder_fraction(&b, uint32_t(s.framesPerSecond), 1);
+            spa_pod_builder_pop(&b, &f[1]);
+        }
+        const spa_pod* params[] = {static_cast<const spa_pod*>(spa_pod_builder_pop(&b, &f[0]))};
+        return pw_stream_connect(s.stream, PW_DIRECTION_INPUT, s.node,
+                                 pw_stream_flags(PW_STREAM_FLAG_AUTOCONNECT |
+                                                 PW_STREAM_FLAG_MAP_BUFFERS),
+                                 params, 1);
     }
 
     static void onProcess(void* data)
@@ -334,53 +382,15 @@ int PipeWireFrames::connect(quint32 node, int framesPerSecond)
     pw_thread_loop_lock(d->loop);
     Private::Stream& s = d->streams.emplace_back();
     s.owner = d.get();
+    s.node = node;
+    s.framesPerSecond = framesPerSecond;
     s.stream = pw_stream_new(d->core, "Nubo Shot",
                              pw_properties_new(PW_KEY_MEDIA_TYPE, "Video", PW_KEY_MEDIA_CATEGORY,
                                                "Capture", PW_KEY_MEDIA_ROLE, "Screen", nullptr));
     int result = -1;
     if (s.stream) {
         pw_stream_add_listener(s.stream, &s.listener, &streamEvents, &s);
-        uint8_t buffer[1024];
-        spa_pod_builder b = SPA_POD_BUILDER_INIT(buffer, sizeof(buffer));
-        spa_pod_frame f[2];
-        spa_pod_builder_push_object(&b, &f[0], SPA_TYPE_OBJECT_Format, SPA_PARAM_EnumFormat);
-        spa_pod_builder_prop(&b, SPA_FORMAT_mediaType, 0);
-        spa_pod_builder_id(&b, SPA_MEDIA_TYPE_video);
-        spa_pod_builder_prop(&b, SPA_FORMAT_mediaSubtype, 0);
-        spa_pod_builder_id(&b, SPA_MEDIA_SUBTYPE_raw);
-        spa_pod_builder_prop(&b, SPA_FORMAT_VIDEO_format, 0);
-        spa_pod_builder_push_choice(&b, &f[1], SPA_CHOICE_Enum, 0);
-        spa_pod_builder_id(&b, acceptedFormats[0]); // the default
-        for (const spa_video_format format : acceptedFormats) {
-            spa_pod_builder_id(&b, format);
-        }
-        spa_pod_builder_pop(&b, &f[1]);
-        spa_pod_builder_prop(&b, SPA_FORMAT_VIDEO_size, 0);
-        spa_pod_builder_push_choice(&b, &f[1], SPA_CHOICE_Range, 0);
-        spa_pod_builder_rectangle(&b, 1920, 1080);
-        spa_pod_builder_rectangle(&b, 1, 1);
-        spa_pod_builder_rectangle(&b, 16384, 16384);
-        spa_pod_builder_pop(&b, &f[1]);
-        spa_pod_builder_prop(&b, SPA_FORMAT_VIDEO_framerate, 0);
-        spa_pod_builder_push_choice(&b, &f[1], SPA_CHOICE_Range, 0);
-        spa_pod_builder_fraction(&b, 30, 1);
-        spa_pod_builder_fraction(&b, 0, 1);
-        spa_pod_builder_fraction(&b, 1000, 1);
-        spa_pod_builder_pop(&b, &f[1]);
-        if (framesPerSecond > 0) {
-            // No more pictures than are taken: each one is copied out.
-            spa_pod_builder_prop(&b, SPA_FORMAT_VIDEO_maxFramerate, 0);
-            spa_pod_builder_push_choice(&b, &f[1], SPA_CHOICE_Range, 0);
-            spa_pod_builder_fraction(&b, uint32_t(framesPerSecond), 1);
-            spa_pod_builder_fraction(&b, 1, 1);
-            spa_pod_builder_fraction(&b, uint32_t(framesPerSecond), 1);
-            spa_pod_builder_pop(&b, &f[1]);
-        }
-        const spa_pod* params[] = {static_cast<const spa_pod*>(spa_pod_builder_pop(&b, &f[0]))};
-        result = pw_stream_connect(s.stream, PW_DIRECTION_INPUT, node,
-                                   pw_stream_flags(PW_STREAM_FLAG_AUTOCONNECT |
-                                                   PW_STREAM_FLAG_MAP_BUFFERS),
-                                   params, 1);
+        result = Private::link(s);
     }
     const int index = int(d->streams.size()) - 1;
     pw_thread_loop_unlock(d->loop);
@@ -390,6 +400,29 @@ int PipeWireFrames::connect(quint32 node, int framesPerSecond)
                         .arg(QString::fromLocal8Bit(spa_strerror(result))));
     }
     return index;
+}
+
+void PipeWireFrames::relink(int stream)
+{
+    auto it = d->streams.begin();
+    std::advance(it, stream);
+    Private::Stream& s = *it;
+    pw_thread_loop_lock(d->loop);
+    pw_stream_disconnect(s.stream);
+    {
+        // Unlinked on purpose: not an end.
+        const std::lock_guard lock(d->mutex);
+        s.ended = false;
+        s.failure.clear();
+    }
+    s.negotiated = false;
+    const int result = Private::link(s);
+    pw_thread_loop_unlock(d->loop);
+    if (result < 0) {
+        throw Error(QStringLiteral("The screen cast's stream %1 cannot be received: %2")
+                        .arg(s.node)
+                        .arg(QString::fromLocal8Bit(spa_strerror(result))));
+    }
 }
 
 std::optional<PipeWireFrames::Frame> PipeWireFrames::next(int stream, quint64 after,

@@ -40,6 +40,10 @@ public:
     // `framesPerSecond`, the desktop is asked for no more pictures a second
     // than that.
     int connect(quint32 node, int framesPerSecond = 0);
+    // Unlinks the stream and links it to its node again. GNOME sends a
+    // window's picture only when the window draws or the stream starts, and
+    // may miss the start: a still window then sends nothing until linked again.
+    void relink(int stream);
     // The stream's first picture newer than `after` (a sequence number;
     // 0 takes any), waiting up to `timeout`. Nothing on time-out or once
     // stopped; throws Error when the stream failed or ended.

@@ -322,9 +322,17 @@ PortalScreenCapturer::DisplayCast PortalScreenCapturer::castWindow(PortalScreenC
     result.cast = std::make_shared<PortalScreenCast>(options);
     result.frames = std::make_shared<PipeWireFrames>(result.cast->openPipeWireRemote());
     result.stream = result.frames->connect(result.cast->streams().constFirst().node, framesPerSecond);
-    if (!result.frames->next(result.stream, 0, firstPictureTimeout)) {
-        throw Error(QStringLiteral("The window's cast sent no picture within %1 s.")
-                        .arg(firstPictureTimeout.count()));
+    // A still window draws nothing: its picture is sent when the stream
+    // starts, and GNOME can miss that moment. Linked again, it sends it.
+    constexpr std::chrono::milliseconds relinkAfter{800};
+    const auto deadline = std::chrono::steady_clock::now() + firstPictureTimeout;
+    while (!result.frames->next(result.stream, 0, relinkAfter)) {
+        if (std::chrono::steady_clock::now() >= deadline) {
+            throw Error(QStringLiteral("The window's cast sent no picture within %1 s.")
+                            .arg(firstPictureTimeout.count()));
+        }
+        qCInfo(lcCapture, "No picture of the window yet: its stream is linked again");
+        result.frames->relink(result.stream);
     }
     return result;
 }
