@@ -5,6 +5,7 @@
 #include <QIODevice>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstring>
 #include <vector>
@@ -204,15 +205,8 @@ public:
 
     const std::vector<uint32_t>& colours() const { return m_colours; }
     int transparent() const { return int(m_colours.size()); }
-    // Bits of the colour table written with it (2 to 8).
-    int tableBits() const
-    {
-        int bits = 1;
-        while ((1 << bits) < int(m_colours.size()) + 1) {
-            ++bits;
-        }
-        return std::max(bits, 1);
-    }
+    // Bits of the colour table written with it (1 to 8).
+    int tableBits() const;
 
     // The index of an exact colour, or -1.
     int exactIndex(uint32_t colour) const
@@ -362,7 +356,7 @@ public:
                 }
                 m_keys[at] = key;
                 m_codes[at] = uint16_t(m_available++);
-            } else {
+            } else if (worthClearing(i)) {
                 put(clear);
                 reset();
             }
@@ -379,12 +373,36 @@ public:
 
 private:
     static constexpr size_t tableSize = 1 << 14;
+    static constexpr size_t clearCheck = 16384;
+    static constexpr double clearWorse = 1.5;
 
     void reset()
     {
         std::fill(m_keys.begin(), m_keys.end(), 0);
         m_bits = m_minimumBits + 1;
         m_available = (1 << m_minimumBits) + 2;
+        m_checkedAt = 0;
+    }
+    size_t written() const { return size_t(m_out.size() + m_block.size()) * 8 + size_t(m_filled); }
+    // A full table is kept while it codes as well as it did: a screen's
+    // runs of unchanged pixels stay one code each. Cleared (and filled
+    // anew) once a stretch costs more bits a pixel than the best before.
+    bool worthClearing(size_t at)
+    {
+        if (m_checkedAt == 0) {
+            m_checkedAt = at;
+            m_checkedBits = written();
+            m_bestCost = 1e9;
+            return false;
+        }
+        if (at - m_checkedAt < clearCheck) {
+            return false;
+        }
+        const double cost = double(written() - m_checkedBits) / double(at - m_checkedAt);
+        m_checkedAt = at;
+        m_checkedBits = written();
+        m_bestCost = std::min(m_bestCost, cost);
+        return cost > m_bestCost * clearWorse;
     }
     void put(int code)
     {
@@ -415,6 +433,9 @@ private:
     int m_available = 0;
     uint32_t m_buffer = 0;
     int m_filled = 0;
+    size_t m_checkedAt = 0;
+    size_t m_checkedBits = 0;
+    double m_bestCost = 0;
     std::vector<uint32_t> m_keys;
     std::vector<uint16_t> m_codes;
 };
@@ -433,6 +454,36 @@ void putTable(QByteArray& out, const std::vector<uint32_t>& colours, int bits)
         out.append(char(greenOf(c)));
         out.append(char(blueOf(c)));
     }
+}
+
+// Bits of a colour table holding `colours` and the transparent index.
+int tableBits(size_t colours)
+{
+    int bits = 1;
+    while ((size_t(1) << bits) < colours + 1) {
+        ++bits;
+    }
+    return bits;
+}
+
+// An image's packed field, its own colour table when it has one, and its
+// pixels' LZW.
+QByteArray imageData(const std::vector<uint8_t>& indices, const std::vector<uint32_t>* table, int bits)
+{
+    QByteArray data;
+    if (table) {
+        data.append(char(0x80 | (bits - 1)));
+        putTable(data, *table, bits);
+    } else {
+        data.append(char(0));
+    }
+    LzwWriter(data, std::max(2, bits)).encode(indices.data(), indices.size());
+    return data;
+}
+
+int Palette::tableBits() const
+{
+    return nubo::tableBits(m_colours.size());
 }
 
 // A hundredth of a second, GIF's unit of time, rounded.
@@ -604,6 +655,12 @@ void GifEncoder::add(const QImage& picture, qint64 startMs)
         left = top = right = bottom = 0; // the first picture is written all the same
     }
 
+    std::vector<uint8_t> part;
+    part.reserve(size_t(right - left + 1) * size_t(bottom - top + 1));
+    for (int y = top; y <= bottom; ++y) {
+        const uint8_t* row = d->indices.data() + size_t(y) * size_t(width);
+        part.insert(part.end(), row + left, row + right + 1);
+    }
     QByteArray frame;
     frame.append(char(transparent)); // read back by flushPending
     frame.append(char(0x2c));
@@ -612,19 +669,37 @@ void GifEncoder::add(const QImage& picture, qint64 startMs)
     putShort(frame, right - left + 1);
     putShort(frame, bottom - top + 1);
     const int bits = palette.tableBits();
-    if (&palette != d->global) {
-        frame.append(char(0x80 | (bits - 1)));
-        putTable(frame, palette.colours(), bits);
-    } else {
-        frame.append(char(0));
+    QByteArray pixels = imageData(part, &palette == d->global ? nullptr : &palette.colours(), bits);
+
+    // A change in a few of the palette's colours: a table of just those
+    // gives shorter codes, and is taken when the whole comes out smaller.
+    std::array<int, 256> local;
+    local.fill(-1);
+    std::vector<uint32_t> used;
+    for (uint8_t& index : part) {
+        if (index != transparent) {
+            if (local[index] < 0) {
+                local[index] = int(used.size());
+                used.push_back(palette.colours()[index]);
+            }
+            index = uint8_t(local[index]);
+        } else {
+            index = 0xff; // renumbered below, once the count is known
+        }
     }
-    std::vector<uint8_t> part;
-    part.reserve(size_t(right - left + 1) * size_t(bottom - top + 1));
-    for (int y = top; y <= bottom; ++y) {
-        const uint8_t* row = d->indices.data() + size_t(y) * size_t(width);
-        part.insert(part.end(), row + left, row + right + 1);
+    const int fewBits = tableBits(used.size());
+    if (fewBits < bits) {
+        const auto localTransparent = uint8_t(used.size());
+        for (uint8_t& index : part) {
+            index = index == 0xff ? localTransparent : index;
+        }
+        QByteArray few = imageData(part, &used, fewBits);
+        if (few.size() < pixels.size()) {
+            pixels = std::move(few);
+            frame[0] = char(localTransparent);
+        }
     }
-    LzwWriter(frame, std::max(2, bits)).encode(part.data(), part.size());
+    frame.append(pixels);
 
     d->flushPending(startMs);
     d->pending = std::move(frame);

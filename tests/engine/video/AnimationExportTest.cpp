@@ -185,5 +185,73 @@ TEST(GifEncoder, StillPicturesAreMergedAndChangesWrittenAlone)
     EXPECT_EQ(movie.frames[1].pixel(10, 10), qRgb(240, 240, 236));
 }
 
+// Every pixel comes back exactly where the colours are few and far apart:
+// the LZW table filled, kept full, and cleared, and a change in three
+// colours written with a table of its own.
+TEST(GifEncoder, PicturesOfFewColoursComeBackExactly)
+{
+    const QSize size(640, 360);
+    QList<QRgb> colours; // 216, 40 levels apart on every channel: none passes for another
+    for (int r = 0; r < 6; ++r) {
+        for (int g = 0; g < 6; ++g) {
+            for (int b = 0; b < 6; ++b) {
+                colours.append(qRgb(r * 40 + 20, g * 40 + 20, b * 40 + 20));
+            }
+        }
+    }
+    quint32 seed = 7;
+    const auto noise = [&](int count) {
+        seed = seed * 1664525u + 1013904223u;
+        return colours[int((seed >> 8) % quint32(count))];
+    };
+    QImage first(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            // Cheap noise that fills the table, dear noise that gets it
+            // cleared, then runs that a full table codes well.
+            first.setPixel(x, y, y < 120 ? noise(4) : y < 240 ? noise(216) : colours[(x / 37 + y / 9) % 216]);
+        }
+    }
+    QImage second = first;
+    for (int y = 100; y < 300; ++y) {
+        for (int x = 200; x < 500; ++x) {
+            second.setPixel(x, y, colours[int(colours.size()) - 1 - (x * 7 + y * 3) % 3]);
+        }
+    }
+    QImage third(size, QImage::Format_RGB32);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            third.setPixel(x, y, noise(216)); // a new scene
+        }
+    }
+    const QList<QImage> pictures{first, second, third};
+
+    QTemporaryDir dir;
+    const QString file = dir.filePath("exact.gif");
+    QFile written(file);
+    ASSERT_TRUE(written.open(QIODevice::WriteOnly));
+    GifEncoder gif(written, size);
+    for (int k = 0; k < pictures.size(); ++k) {
+        gif.add(pictures[k], k * 100);
+    }
+    gif.finish(300);
+    written.close();
+    const test::DecodedMovie movie = test::decodeMovie(file);
+    ASSERT_EQ(movie.frames.size(), pictures.size());
+    for (int k = 0; k < pictures.size(); ++k) {
+        const QImage decoded = movie.frames[k].convertToFormat(QImage::Format_RGB32);
+        int wrong = 0;
+        QPoint at;
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x) {
+                if (decoded.pixel(x, y) != pictures[k].pixel(x, y) && wrong++ == 0) {
+                    at = QPoint(x, y);
+                }
+            }
+        }
+        EXPECT_EQ(wrong, 0) << "picture " << k << " differs first at " << at.x() << "," << at.y();
+    }
+}
+
 } // namespace
 } // namespace nubo
