@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <vector>
 
 namespace nubo {
@@ -32,11 +33,11 @@ constexpr int closeEnough = 9 * 5 * 5;
 // is within this many levels of it, and each channel within the second:
 // a movie's compression noise, which would otherwise be written again and
 // again.
-constexpr int stillLuma = 4;
+constexpr int stillLuma = 3;
 constexpr int stillChannel = 16;
 // A colour the palette holds exactly (a background, the text) comes back
-// when it is more than a level of brightness from what is shown.
-constexpr int stillLumaExact = 1;
+// when it is more than two levels of brightness from what is shown.
+constexpr int stillLumaExact = 2;
 
 inline int redOf(uint32_t c) { return int(c >> 16) & 0xff; }
 inline int greenOf(uint32_t c) { return int(c >> 8) & 0xff; }
@@ -319,6 +320,39 @@ std::vector<uint32_t> paletteOf(const std::vector<uint32_t>& pixels)
         std::vector<ColourCounts::Entry>(entries.begin() + ptrdiff_t(popular), entries.end()),
         maximumColours - int(popular));
     colours.insert(colours.end(), rest.begin(), rest.end());
+    // Each cut colour moved to the mean of the colours nearest it, five
+    // times over, from the 20000 most common colours: less error than the
+    // boxes' means, which the unwritten noise then spends.
+    const size_t sample = std::min(entries.size(), size_t(20000));
+    for (int round = 0; round < 5; ++round) {
+        std::vector<uint64_t> sums(colours.size() * 4, 0);
+        for (size_t e = popular; e < sample; ++e) {
+            const uint32_t c = entries[e].colour;
+            const int r = redOf(c), g = greenOf(c), b = blueOf(c);
+            size_t best = 0;
+            int bestDistance = std::numeric_limits<int>::max();
+            for (size_t k = 0; k < colours.size(); ++k) {
+                const int d = distance(r, g, b, colours[k]);
+                if (d < bestDistance) {
+                    bestDistance = d;
+                    best = k;
+                }
+            }
+            uint64_t* sum = &sums[best * 4];
+            sum[0] += uint64_t(r) * entries[e].count;
+            sum[1] += uint64_t(g) * entries[e].count;
+            sum[2] += uint64_t(b) * entries[e].count;
+            sum[3] += entries[e].count;
+        }
+        for (size_t k = popular; k < colours.size(); ++k) {
+            const uint64_t* sum = &sums[k * 4];
+            if (sum[3] > 0) {
+                const uint64_t w = sum[3];
+                colours[k] = uint32_t(((sum[0] + w / 2) / w) << 16 | ((sum[1] + w / 2) / w) << 8 |
+                                      ((sum[2] + w / 2) / w));
+            }
+        }
+    }
     return colours;
 }
 
