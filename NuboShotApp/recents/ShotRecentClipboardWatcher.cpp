@@ -58,9 +58,12 @@ ShotRecentClipboardWatcher::ShotRecentClipboardWatcher(
     : QObject(parent), m_clipboard(clipboard), m_sourceApp(std::move(sourceApp)),
       m_receive(std::move(receive))
 {
-    m_timer.setTimerType(Qt::PreciseTimer);
-    m_timer.setInterval(interval);
-    connect(&m_timer, &QTimer::timeout, this, &ShotRecentClipboardWatcher::poll);
+    // Looked at once the change is complete, not while it is being made.
+    connect(&m_clipboard, &ShotClipboard::changed, this, [this] {
+        if (m_isRunning) {
+            QMetaObject::invokeMethod(this, &ShotRecentClipboardWatcher::poll, Qt::QueuedConnection);
+        }
+    });
 }
 
 void ShotRecentClipboardWatcher::start()
@@ -71,14 +74,12 @@ void ShotRecentClipboardWatcher::start()
     m_isRunning = true;
     ++m_generation;
     m_lastChange = m_clipboard.changeCount(); // what is there now is never taken
-    m_timer.start();
 }
 
 void ShotRecentClipboardWatcher::stop()
 {
     m_isRunning = false;
     ++m_generation;
-    m_timer.stop();
 }
 
 std::optional<ShotRecentImagePayload>

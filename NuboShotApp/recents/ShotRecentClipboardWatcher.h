@@ -3,7 +3,6 @@
 #include "recents/ShotRecentRecord.h"
 
 #include <QObject>
-#include <QTimer>
 
 #include <functional>
 #include <optional>
@@ -14,16 +13,16 @@ namespace nubo {
 
 class ShotClipboard;
 
-// Watches the clipboard for images copied in other applications: every
-// 0.4 s it compares the clipboard's change count with the last one seen and
-// only then looks at the content. Whatever is on the clipboard when it
+// Watches the clipboard for images copied in other applications: on each
+// change the window system reports, it compares the clipboard's change
+// count with the last one seen and only then looks at the content. Nothing
+// runs while the clipboard stays as it is. Whatever is on the clipboard when it
 // starts is never taken; our own writes, concealed or transient content
 // (password managers), oversized data and anything that is not an image are
 // passed over silently. Main thread.
 class ShotRecentClipboardWatcher : public QObject {
     Q_OBJECT
 public:
-    static constexpr int interval = 400; // ms
     static constexpr qint64 maximumBytes = 200'000'000;
     static constexpr qint64 maximumPixels = 100'000'000;
 
@@ -39,7 +38,7 @@ public:
     void start();
     void stop();
     bool isRunning() const { return m_isRunning; }
-    // One tick of the timer.
+    // One look, made after each change of the clipboard.
     void poll();
     // How many ticks found a change and looked at the clipboard's content.
     qint64 pollsThatLooked() const { return m_looked; }
@@ -55,7 +54,6 @@ private:
     std::function<std::optional<QString>()> m_sourceApp;
     Receive m_receive;
     long m_lastChange = 0;
-    QTimer m_timer;
     int m_generation = 0;
     bool m_isRunning = false;
     qint64 m_looked = 0;
