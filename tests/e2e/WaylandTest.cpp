@@ -463,7 +463,7 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
 // A pin under sway: the desktop, not the client, decides what stays on top,
 // so the pin is a normal window, and the user is told so once. The screen
 // is taken when the delay ends: a background changed during the delay is
-// in the pin.
+// in the pin. A drag moves it through the desktop's own move.
 TEST_F(Wayland, ADelayedPinShowsTheScreenAfterItsDelayPixelForPixel)
 {
     ASSERT_NO_FATAL_FAILURE(twoOutputsOfNoise(1));
@@ -520,6 +520,18 @@ TEST_F(Wayland, ADelayedPinShowsTheScreenAfterItsDelayPixelForPixel)
     EXPECT_TRUE(waitFor([] {
         return run(QStringLiteral("dunstctl"), {"history"}).contains(QStringLiteral("Pinned as a normal window"));
     })) << "the user was not told the pin cannot stay on top";
+
+    // Dragged, it is moved by the desktop itself, as far as the pointer went.
+    ASSERT_NO_FATAL_FAILURE(startPointer(3200, 1080));
+    const QPoint grip = picture.center();
+    ASSERT_NO_FATAL_FAILURE(pointer({QStringLiteral("at %1 %2").arg(grip.x()).arg(grip.y()).toUtf8(),
+                                     "press", "move 60 40", "move 60 40", "release"}));
+    QRect moved;
+    EXPECT_TRUE(waitFor([&] {
+        moved = windowRect(QStringLiteral("Pinned Shot"));
+        return moved.topLeft() == window.topLeft() + QPoint(120, 80);
+    })) << "the pin went from " << window.x() << "," << window.y() << " to " << moved.x() << ","
+        << moved.y();
 }
 
 // Recording under sway through the screen cast: the tests' counter window
