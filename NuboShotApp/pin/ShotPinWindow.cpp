@@ -15,6 +15,10 @@
 #include <QTimer>
 #include <QWindow>
 
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+
 #include <cmath>
 
 namespace nubo {
@@ -22,6 +26,32 @@ namespace nubo {
 namespace {
 constexpr double zoomStep = 1.25;
 constexpr double smallestZoom = 0.1, largestZoom = 8;
+
+// Whether translucent windows are blended with what lies under them: always
+// on Wayland; on X11 while a compositing manager owns its selection.
+bool windowsComposited()
+{
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+        return true;
+    }
+    const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    xcb_connection_t* connection = x11 ? x11->connection() : nullptr;
+    if (!connection) {
+        return false;
+    }
+    static constexpr char name[] = "_NET_WM_CM_S0"; // Qt's screens share one X screen
+    xcb_intern_atom_reply_t* atom = xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, 0, sizeof(name) - 1, name), nullptr);
+    if (!atom) {
+        return false;
+    }
+    xcb_get_selection_owner_reply_t* owner = xcb_get_selection_owner_reply(
+        connection, xcb_get_selection_owner(connection, atom->atom), nullptr);
+    const bool composited = owner && owner->owner != XCB_NONE;
+    free(owner);
+    free(atom);
+    return composited;
+}
 } // namespace
 
 ShotPinWindow::ShotPinWindow(ShotDocument document, QImage picture, QWidget* parent)
@@ -29,7 +59,12 @@ ShotPinWindow::ShotPinWindow(ShotDocument document, QImage picture, QWidget* par
       m_document(std::move(document)), m_picture(std::move(picture))
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    if (windowsComposited()) {
+        m_margin = shadow;
+        setAttribute(Qt::WA_TranslucentBackground);
+    } else {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    }
     setWindowTitle(tr("Pinned Shot"));
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::OpenHandCursor);
@@ -52,8 +87,8 @@ QSize ShotPinWindow::shownSize() const
 
 void ShotPinWindow::showAt(QPoint topLeft)
 {
-    setFixedSize(shownSize() + QSize(2 * frame, 2 * frame));
-    move(topLeft - QPoint(frame, frame));
+    setFixedSize(shownSize() + QSize(2 * m_margin, 2 * m_margin));
+    move(topLeft - QPoint(m_margin, m_margin));
     show();
     raise();
     activateWindow();
@@ -69,13 +104,13 @@ void ShotPinWindow::setZoom(double zoom, std::optional<QPoint> keep)
         return;
     }
     // The point of the picture under `keep` (a global point) stays there.
-    const QPoint anchor = keep.value_or(geometry().topLeft() + QPoint(frame, frame));
-    const QPointF from = anchor - (geometry().topLeft() + QPoint(frame, frame));
+    const QPoint anchor = keep.value_or(geometry().topLeft() + QPoint(m_margin, m_margin));
+    const QPointF from = anchor - (geometry().topLeft() + QPoint(m_margin, m_margin));
     const double by = zoom / m_zoom;
     m_zoom = zoom;
     const QPoint corner = anchor - (from * by).toPoint();
-    setFixedSize(shownSize() + QSize(2 * frame, 2 * frame));
-    move(corner - QPoint(frame, frame));
+    setFixedSize(shownSize() + QSize(2 * m_margin, 2 * m_margin));
+    move(corner - QPoint(m_margin, m_margin));
     update();
 }
 
@@ -101,9 +136,26 @@ void ShotPinWindow::paintEvent(QPaintEvent*)
     }
     QPainter painter(this);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(90, 90, 90));
-    painter.drawRect(rect());
-    const QRect inside = rect().adjusted(frame, frame, -frame, -frame);
+    const QRect inside = rect().adjusted(m_margin, m_margin, -m_margin, -m_margin);
+    if (m_margin == shadow) {
+        // Rings fading outwards, a little lower than the picture, as light
+        // from above casts it; then a hairline at the picture's edge.
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+        painter.fillRect(rect(), Qt::transparent);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+        painter.setRenderHint(QPainter::Antialiasing);
+        for (int ring = shadow - 1; ring >= 1; --ring) {
+            const double fade = 1.0 - double(ring) / shadow;
+            painter.setBrush(QColor(0, 0, 0, int(std::lround(20 * fade * fade))));
+            painter.drawRoundedRect(QRectF(inside).adjusted(-ring, -ring + 3, ring, ring + 3), ring, ring);
+        }
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        painter.setBrush(QColor(0, 0, 0, 70));
+        painter.drawRect(inside.adjusted(-1, -1, 1, 1));
+    } else {
+        painter.setBrush(QColor(90, 90, 90));
+        painter.drawRect(rect());
+    }
     if (m_zoom == 1) {
         QImage exact = m_picture;
         exact.setDevicePixelRatio(screenRatio());

@@ -18,11 +18,14 @@ namespace nubo {
 // shows the picture at its real size, each of its pixels on one pixel of
 // the screen. Drag to move, wheel to zoom, Ctrl+wheel for opacity, Ctrl+C
 // copies, Escape or a double click closes, and a right click offers the
-// rest. Main thread only.
+// rest. Where windows are composited it casts a soft shadow; elsewhere (a
+// translucent shadow would be drawn black there) a thin grey frame goes
+// round it. Main thread only.
 class ShotPinWindow : public QWidget {
     Q_OBJECT
 public:
-    static constexpr int frame = 1; // points of frame around the picture
+    static constexpr int frame = 1;   // points of frame around the picture, uncomposited
+    static constexpr int shadow = 12; // points of shadow around it, composited
     static constexpr double minimumOpacity = 0.2;
 
     // `picture` is `document` drawn at its own scale.
@@ -32,6 +35,8 @@ public:
     const QImage& picture() const { return m_picture; }
     QDateTime pinnedAt() const { return m_pinnedAt; }
     double zoom() const { return m_zoom; }
+    // Points between the window's edge and the picture: the frame or the shadow.
+    int margin() const { return m_margin; }
     // Shows the pin with the picture's top-left corner at `topLeft` (global points).
     void showAt(QPoint topLeft);
     void setZoom(double zoom, std::optional<QPoint> keep = std::nullopt);
@@ -69,6 +74,7 @@ private:
     double m_zoom = 1;
     std::optional<QPoint> m_grip; // where a drag holds the pin, from its corner
     bool m_painted = false;
+    int m_margin = frame;
 };
 
 } // namespace nubo

@@ -37,8 +37,8 @@ protected:
     {
         const double ratio = QGuiApplication::primaryScreen()->devicePixelRatio();
         const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
-        const QRect inside = pin.geometry().adjusted(ShotPinWindow::frame, ShotPinWindow::frame,
-                                                     -ShotPinWindow::frame, -ShotPinWindow::frame);
+        const QRect inside = pin.geometry().adjusted(pin.margin(), pin.margin(),
+                                                     -pin.margin(), -pin.margin());
         return screen
             .copy(QRect((QPointF(inside.topLeft()) * ratio).toPoint(),
                         (QSizeF(inside.size()) * ratio).toSize()))
@@ -97,7 +97,7 @@ TEST_F(Pins, APinShowsTheShotPixelForPixelAndAnswersThePointerAndTheKeys)
     xdotool(at(over) << "click" << "4");
     EXPECT_DOUBLE_EQ(pin->zoom(), 1.25);
     EXPECT_TRUE(settleUntil([&] {
-        return pin->width() == 300 + 2 * ShotPinWindow::frame && pin->height() == 200 + 2 * ShotPinWindow::frame;
+        return pin->width() == 300 + 2 * pin->margin() && pin->height() == 200 + 2 * pin->margin();
     })) << pin->width() << "x" << pin->height();
     xdotool(at(over) << "click" << "5");
     EXPECT_DOUBLE_EQ(pin->zoom(), 1);

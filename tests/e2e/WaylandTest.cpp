@@ -510,7 +510,14 @@ TEST_F(Wayland, ADelayedPinShowsTheScreenAfterItsDelayPixelForPixel)
     ASSERT_TRUE(waitFor([] { return tree().contains(u"Pinned Shot"); })) << "no pin";
     const QRect window = windowRect(QStringLiteral("Pinned Shot"));
     ASSERT_FALSE(window.isEmpty());
-    const QRect picture(window.topLeft() + QPoint(1, 1), QSize(120, 90));
+    // The picture in the middle of the window, the shadow round it.
+    const QRect picture(window.topLeft() + QPoint((window.width() - 120) / 2, (window.height() - 90) / 2),
+                        QSize(120, 90));
+    EXPECT_GT(window.width(), 120 + 8) << "no room for a shadow round the pin";
+    QDir().mkpath(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS));
+    grim(m_dir.path(), {"-g", QStringLiteral("%1,%2 %3x%4").arg(window.x() - 20).arg(window.y() - 20)
+                                  .arg(window.width() + 40).arg(window.height() + 40)})
+        .save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/wayland-pin.png"));
     QImage shown;
     EXPECT_TRUE(waitFor([&] {
         shown = grim(m_dir.path(), {"-g", QStringLiteral("%1,%2 %3x%4").arg(picture.x()).arg(picture.y())
