@@ -75,6 +75,9 @@ public:
     // The name of the application that owns the clipboard now, when the
     // window system can tell. Main thread.
     virtual std::optional<QString> clipboardOwner() { return std::nullopt; }
+    // Whether translucent windows are blended with what lies under them
+    // (Wayland always; X11 while a compositing manager runs). Main thread.
+    virtual bool windowsComposited() { return true; }
 };
 
 // Why no backend fits: one line for the user.

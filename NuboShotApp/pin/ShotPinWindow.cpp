@@ -15,9 +15,6 @@
 #include <QTimer>
 #include <QWindow>
 
-#include <xcb/xcb.h>
-
-#include <cstdlib>
 
 #include <cmath>
 
@@ -27,39 +24,14 @@ namespace {
 constexpr double zoomStep = 1.25;
 constexpr double smallestZoom = 0.1, largestZoom = 8;
 
-// Whether translucent windows are blended with what lies under them: always
-// on Wayland; on X11 while a compositing manager owns its selection.
-bool windowsComposited()
-{
-    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
-        return true;
-    }
-    const auto* x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    xcb_connection_t* connection = x11 ? x11->connection() : nullptr;
-    if (!connection) {
-        return false;
-    }
-    static constexpr char name[] = "_NET_WM_CM_S0"; // Qt's screens share one X screen
-    xcb_intern_atom_reply_t* atom = xcb_intern_atom_reply(
-        connection, xcb_intern_atom(connection, 0, sizeof(name) - 1, name), nullptr);
-    if (!atom) {
-        return false;
-    }
-    xcb_get_selection_owner_reply_t* owner = xcb_get_selection_owner_reply(
-        connection, xcb_get_selection_owner(connection, atom->atom), nullptr);
-    const bool composited = owner && owner->owner != XCB_NONE;
-    free(owner);
-    free(atom);
-    return composited;
-}
 } // namespace
 
-ShotPinWindow::ShotPinWindow(ShotDocument document, QImage picture, QWidget* parent)
+ShotPinWindow::ShotPinWindow(ShotDocument document, QImage picture, bool composited, QWidget* parent)
     : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
       m_document(std::move(document)), m_picture(std::move(picture))
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    if (windowsComposited()) {
+    if (composited) {
         m_margin = shadow;
         setAttribute(Qt::WA_TranslucentBackground);
     } else {

@@ -28,8 +28,9 @@ public:
     static constexpr int shadow = 12; // points of shadow around it, composited
     static constexpr double minimumOpacity = 0.2;
 
-    // `picture` is `document` drawn at its own scale.
-    ShotPinWindow(ShotDocument document, QImage picture, QWidget* parent = nullptr);
+    // `picture` is `document` drawn at its own scale. `composited`: whether
+    // translucent windows are blended here (the shadow), else the frame.
+    ShotPinWindow(ShotDocument document, QImage picture, bool composited, QWidget* parent = nullptr);
 
     const ShotDocument& document() const { return m_document; }
     const QImage& picture() const { return m_picture; }

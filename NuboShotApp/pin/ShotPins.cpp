@@ -31,7 +31,7 @@ bool ShotPins::canKeepOnTop()
 
 ShotPinWindow* ShotPins::pin(const ShotDocument& document, const QImage& picture, QPoint topLeft)
 {
-    auto* window = new ShotPinWindow(document, picture);
+    auto* window = new ShotPinWindow(document, picture, composited && composited());
     window->openInEditor = [this](const ShotDocument& shot) {
         if (openInEditor) {
             openInEditor(shot);

@@ -30,6 +30,8 @@ public:
     void closeAll();
     // Opens a pinned shot in an editor.
     std::function<void(const ShotDocument&)> openInEditor;
+    // Whether translucent windows are blended here: pins cast a shadow then.
+    std::function<bool()> composited;
     // Whether windows can stay above the others here.
     static bool canKeepOnTop();
 

@@ -43,6 +43,7 @@ ShotFeature::ShotFeature(std::shared_ptr<CapturePlatform> platform, ShotPreferen
       m_pins(std::make_unique<ShotPins>(preferences))
 {
     m_pins->openInEditor = [this](const ShotDocument& document) { openEditor(document); };
+    m_pins->composited = [this] { return m_platform && m_platform->windowsComposited(); };
     presentAlert = [](const QString& title, const QString& text) {
         QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok);
         box.setWindowFlag(Qt::WindowStaysOnTopHint);

@@ -7,6 +7,7 @@
 #include "support/LiveProcess.h"
 #include "support/RenderFixtures.h"
 
+#include "capture/CapturePlatformLoader.h"
 #include "pin/ShotPinWindow.h"
 #include "pin/ShotPins.h"
 
@@ -52,6 +53,60 @@ protected:
                     : QImage();
     }
 };
+
+// Under a real compositing manager the pin casts a soft shadow over what
+// lies beneath and its picture stays pixel for pixel; once the manager is
+// gone the next pin has the frame again (a shadow would be drawn black).
+TEST_F(Pins, AShadowWhereACompositingManagerRunsAndAFrameWhereNone)
+{
+    const std::shared_ptr<CapturePlatform> platform = CapturePlatformLoader::load();
+    ASSERT_FALSE(platform->windowsComposited()) << "the test desktop composites already";
+    QProcess compositor;
+    compositor.start(QStringLiteral("xcompmgr"), QStringList());
+    ASSERT_TRUE(compositor.waitForStarted()) << "xcompmgr is missing";
+    ASSERT_TRUE(settleUntil([&] { return platform->windowsComposited(); }))
+        << "xcompmgr never announced itself";
+
+    // A white window under the pin, for the shadow to darken.
+    QWidget under;
+    under.setWindowFlags(Qt::FramelessWindowHint);
+    under.setAutoFillBackground(true);
+    under.setPalette(QPalette(Qt::white));
+    under.setGeometry(250, 150, 400, 300);
+    under.show();
+    const double ratio = QGuiApplication::primaryScreen()->devicePixelRatio();
+    const QImage shot = test::patternImage(int(200 * ratio), int(120 * ratio))
+                            .convertToFormat(QImage::Format_RGB32);
+    ShotPins pins(*m_preferences);
+    pins.composited = [&] { return platform->windowsComposited(); };
+    ShotPinWindow* pin = pins.pin(ShotDocument::fromImage(shot, ratio), shot, QPoint(300, 200));
+    activate(*pin);
+    EXPECT_EQ(pin->margin(), ShotPinWindow::shadow);
+    QImage shown;
+    ASSERT_TRUE(settleUntil([&] {
+        shown = shownPicture(*pin);
+        return test::compareImages(shown, shot, 0).maximum == 0;
+    })) << "not pixel for pixel: " << test::compareImages(shown, shot, 0).pixelsOver << " differ";
+    // Below the picture the white is darkened, less further out, and not
+    // at all past the shadow.
+    const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+    test::saveArtifact(screen, ratio > 1 ? QStringLiteral("pin-shadow@2x.png") : QStringLiteral("pin-shadow.png"));
+    const auto below = [&](int points) { // under the middle of the picture's bottom edge
+        return qGray(screen.pixel(int(400 * ratio), int((320 + points) * ratio)));
+    };
+    EXPECT_LT(below(3), 245) << "no shadow under the pin";
+    EXPECT_GT(below(3), 150) << "a shadow drawn solid";
+    EXPECT_LT(below(3), below(9));
+    EXPECT_EQ(below(ShotPinWindow::shadow + 6), 255);
+    pin->close();
+
+    compositor.kill();
+    compositor.waitForFinished();
+    ASSERT_TRUE(settleUntil([&] { return !platform->windowsComposited(); }));
+    ShotPinWindow* framed = pins.pin(ShotDocument::fromImage(shot, ratio), shot, QPoint(300, 200));
+    EXPECT_EQ(framed->margin(), ShotPinWindow::frame);
+    framed->close();
+}
 
 TEST_F(Pins, APinShowsTheShotPixelForPixelAndAnswersThePointerAndTheKeys)
 {

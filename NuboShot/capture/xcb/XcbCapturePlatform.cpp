@@ -100,36 +100,54 @@ bool XcbCapturePlatform::holdScreenSaver(bool hold)
     }
 }
 
-std::optional<QString> XcbCapturePlatform::clipboardOwner()
+XcbConnection* XcbCapturePlatform::ownerLookup()
 {
     try {
         if (!m_ownerLookup || m_ownerLookup->broken()) {
             m_ownerLookup = std::make_unique<XcbConnection>(m_displayName);
         }
     } catch (const Error&) {
-        return std::nullopt;
+        return nullptr;
     }
-    XcbConnection& x = *m_ownerLookup;
-    const QByteArray name("CLIPBOARD");
+    return m_ownerLookup.get();
+}
+
+quint32 XcbCapturePlatform::selectionOwner(XcbConnection& x, const QByteArray& selection)
+{
     auto atom = xcbReply(xcb_intern_atom_reply(
-        x.c, xcb_intern_atom(x.c, 1, uint16_t(name.size()), name.constData()), nullptr));
+        x.c, xcb_intern_atom(x.c, 1, uint16_t(selection.size()), selection.constData()), nullptr));
     if (!atom || atom->atom == XCB_NONE) {
-        return std::nullopt;
+        return XCB_NONE; // never named: nobody owns it
     }
     auto owner = xcbReply(xcb_get_selection_owner_reply(
         x.c, xcb_get_selection_owner(x.c, atom->atom), nullptr));
-    if (!owner || owner->owner == XCB_NONE) {
+    return owner ? owner->owner : XCB_NONE;
+}
+
+bool XcbCapturePlatform::windowsComposited()
+{
+    // A compositing manager owns _NET_WM_CM_Sn for the screen it draws.
+    XcbConnection* x = ownerLookup();
+    return x && selectionOwner(*x, "_NET_WM_CM_S" + QByteArray::number(x->screenNumber)) != XCB_NONE;
+}
+
+std::optional<QString> XcbCapturePlatform::clipboardOwner()
+{
+    XcbConnection* lookup = ownerLookup();
+    const xcb_window_t ownerWindow = lookup ? selectionOwner(*lookup, "CLIPBOARD") : XCB_NONE;
+    if (ownerWindow == XCB_NONE) {
         return std::nullopt;
     }
+    XcbConnection& x = *lookup;
     // The class in WM_CLASS ("instance\0Class\0") names the application.
     const QList<QByteArray> wmClass =
-        x.property(owner->owner, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 256).split('\0');
+        x.property(ownerWindow, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 256).split('\0');
     if (wmClass.size() >= 2 && !wmClass[1].isEmpty()) {
         return QString::fromUtf8(wmClass[1]);
     }
     // Clipboard windows often have no properties: the program behind the
     // connection that made the window, by its process.
-    xcb_res_client_id_spec_t query{owner->owner, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    xcb_res_client_id_spec_t query{ownerWindow, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
     auto ids = xcbReply(
         xcb_res_query_client_ids_reply(x.c, xcb_res_query_client_ids(x.c, 1, &query), nullptr));
     if (!ids) {

@@ -26,10 +26,17 @@ public:
     std::shared_ptr<ScrollDriving> scrollDriving() override;
     std::unique_ptr<GlobalShortcuts> makeGlobalShortcuts() override;
     std::optional<QString> clipboardOwner() override;
+    bool windowsComposited() override;
     std::unique_ptr<ScreenFrameSource> makeFrameSource() override;
     bool holdScreenSaver(bool hold) override;
 
 private:
+    // The connection for selection owners, made when first asked; null
+    // when X cannot be reached.
+    XcbConnection* ownerLookup();
+    // The window owning a selection, or XCB_NONE.
+    static quint32 selectionOwner(XcbConnection& x, const QByteArray& selection);
+
     QByteArray m_displayName;
     ScaleLookup m_scale;
     std::shared_ptr<XcbScreenCapturer> m_capturer;

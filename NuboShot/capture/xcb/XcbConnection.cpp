@@ -61,7 +61,6 @@ bool windowGone(const xcb_generic_error_t* error)
 
 XcbConnection::XcbConnection(const QByteArray& displayName)
 {
-    int screenNumber = 0;
     c = xcb_connect(displayName.isEmpty() ? nullptr : displayName.constData(), &screenNumber);
     if (xcb_connection_has_error(c)) {
         xcb_disconnect(c);

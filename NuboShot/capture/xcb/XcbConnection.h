@@ -59,6 +59,7 @@ public:
 
     xcb_connection_t* c = nullptr;
     xcb_screen_t* screen = nullptr;
+    int screenNumber = 0; // of `screen`, the display's default
     xcb_window_t root = 0;
     xcb_atom_t atoms[atomCount]{};
     bool shm = false;
