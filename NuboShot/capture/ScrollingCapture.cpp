@@ -89,6 +89,35 @@ QImage ScrollingCapture::finish()
     return m_stitcher.takeImage();
 }
 
+std::optional<ScrollStitcher::Update> ScrollingCapture::continueFramed(const QImage& frame)
+{
+    if (!m_framedStart) {
+        if (m_options.framed.size() != frame.size()) {
+            return std::nullopt;
+        }
+        m_framedStart.emplace(m_options.maximumHeight, m_options.maximumBytes, m_options.scale);
+        try {
+            m_framedStart->add(m_options.framed.convertToFormat(frame.format()));
+        } catch (const Error&) {
+            return std::nullopt; // admits no row: the frames decide
+        }
+    }
+    if (!m_framedStart->previous) {
+        return std::nullopt;
+    }
+    // The same area, or the same content moved: a change in place (what
+    // closed over the area, still drawn) is no start.
+    ScrollStitcher from = *m_framedStart;
+    const ScrollStitcher::Update update = from.add(frame);
+    const bool moved =
+        update == ScrollStitcher::Update::accepted && from.lastOffset.value_or(0) != 0;
+    if (update != ScrollStitcher::Update::unchanged && !moved) {
+        return std::nullopt;
+    }
+    m_stitcher = std::move(from);
+    return update;
+}
+
 void ScrollingCapture::run()
 {
     pthread_setname_np(pthread_self(), "scroll-stitch");
@@ -103,15 +132,22 @@ void ScrollingCapture::run()
     std::optional<ScrollingCaptureEnd> end;
     bool started = false;
     QImage first; // the last frame before stitching starts
-    // Stitching starts on a settled screen: two equal frames in a row, or
-    // after half a second of content that keeps changing by itself.
-    const auto settled = [&first](const QImage& frame, qint64 elapsed) {
+    QElapsedTimer sameSince; // since the frames before stitching stopped changing
+    // Without the framed area, stitching starts on a settled screen: equal
+    // frames for `quietFor`, or content that keeps changing by itself.
+    const auto settled = [&](const QImage& frame, qint64 elapsed) {
         const bool same = !first.isNull() && frame.size() == first.size() &&
                           frame.format() == first.format() &&
                           std::equal(frame.constBits(), frame.constBits() + frame.sizeInBytes(),
                                      first.constBits());
         first = frame;
-        return same || elapsed >= 500;
+        if (!same) {
+            sameSince.invalidate();
+        } else if (!sameSince.isValid()) {
+            sameSince.start();
+        }
+        return (sameSince.isValid() && sameSince.elapsed() >= m_options.quietFor.count()) ||
+               elapsed >= m_options.changingFor.count();
     };
     while (!end) {
         {
@@ -155,11 +191,21 @@ void ScrollingCapture::run()
                 break; // stopped
             }
             frameHeight = frame->image.height();
-            if (!started && !settled(frame->image, clock.elapsed())) {
+            if (started) {
+                progress.update = m_stitcher.add(frame->image);
+            } else if (const auto update = continueFramed(frame->image)) {
+                progress.update = *update;
+                started = true;
+            } else if (settled(frame->image, clock.elapsed())) {
+                if (m_framedStart) {
+                    qCInfo(lcScrolling, "The area changed before the first frame: the capture "
+                                        "starts from the screen as it is now");
+                }
+                progress.update = m_stitcher.add(frame->image);
+                started = true;
+            } else {
                 continue; // the screen is still changing under the closing overlay
             }
-            started = true;
-            progress.update = m_stitcher.add(frame->image);
         } catch (const CaptureError& error) {
             qCWarning(lcScrolling, "Scrolling capture failed: %s (%s)", qPrintable(error.message()),
                       qPrintable(error.detail()));

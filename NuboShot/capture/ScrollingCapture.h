@@ -8,10 +8,12 @@
 #include <QSize>
 #include <QString>
 
+#include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 namespace nubo {
@@ -47,6 +49,17 @@ public:
         // Auto-scroll ends when the content stays still this many frames
         // after a turn of the wheel.
         int stillFramesAtEnd = 8;
+        // Without the framed area, stitching starts once the frames have
+        // stayed the same this long (a compositor may still be drawing
+        // what just closed), or after `changingFor` of content that keeps
+        // changing by itself. Zero: two equal frames in a row.
+        std::chrono::milliseconds quietFor{0};
+        std::chrono::milliseconds changingFor{500};
+        // The area as the user framed it (from the frozen screen), in the
+        // stream's pixels. Stitching starts from it when the first frames
+        // continue it, so what scrolled away before the stream's first
+        // frame is kept. Null: stitching starts on a settled screen.
+        QImage framed;
     };
     struct Reports {
         std::function<void(const ScrollingCaptureProgress&)> progress;
@@ -77,6 +90,9 @@ public:
 private:
     enum class AutoPhase { off, turned, moving };
     void run();
+    // Starts the stitcher from the framed area when `frame` continues it;
+    // what adding the frame did then.
+    std::optional<ScrollStitcher::Update> continueFramed(const QImage& frame);
     void autoScrollStep(ScrollStitcher::Update update, int frameHeight);
     void endAutoScroll(bool byUser);
     QImage preview() const;
@@ -100,6 +116,7 @@ private:
     int m_stillFrames = 0;
     int m_backNotches = 0; // turned back since the last accepted frame
     qint64 m_turnedAt = 0; // the stitcher's position when the wheel last turned
+    std::optional<ScrollStitcher> m_framedStart; // the framed area alone, once made
     std::thread m_thread;
 };
 

@@ -58,9 +58,9 @@ ShotScrollingLayout ShotScrollingLayout::place(const QRectF& area, const QSizeF&
 
 ShotScrollingSession::ShotScrollingSession(std::shared_ptr<CapturePlatform> platform,
                                            ScreenSpace display, QList<ScreenSpace> displays,
-                                           QRectF area, QObject* parent)
+                                           QRectF area, QImage frozen, QObject* parent)
     : QObject(parent), m_platform(std::move(platform)), m_display(display),
-      m_displays(std::move(displays)), m_area(area)
+      m_displays(std::move(displays)), m_area(area), m_frozen(std::move(frozen))
 {}
 
 ShotScrollingSession::~ShotScrollingSession()
@@ -184,6 +184,16 @@ void ShotScrollingSession::startCapture(std::unique_ptr<ScreenRegionStream> stre
     options.scale = m_display.scale;
     options.previewSize = QSize(qRound(ShotScrollingPanel::previewWidth * ratio),
                                 qRound(ShotScrollingPanel::previewHeight * ratio));
+    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+        // The compositor sends pictures only when it draws, and may still
+        // be animating the overlay away.
+        options.quietFor = std::chrono::milliseconds(300);
+        options.changingFor = std::chrono::seconds(2);
+    }
+    if (m_frozen.rect().contains(m_region.pixelRect)) {
+        options.framed = m_frozen.copy(m_region.pixelRect);
+    }
+    m_frozen = {};
     // Reports come from the capture's thread; `this` outlives them (the
     // thread is joined before it goes).
     ScrollingCapture::Reports reports;

@@ -43,9 +43,11 @@ public:
     static constexpr qint64 maximumBytes = qint64(128) << 20;
 
     // `display` holds the area; `displays` are every display's, to place
-    // the panel.
+    // the panel; `frozen` is the display's picture the area was framed on
+    // (the stitching starts from it when the page has not changed since).
     ShotScrollingSession(std::shared_ptr<CapturePlatform> platform, ScreenSpace display,
-                         QList<ScreenSpace> displays, QRectF area, QObject* parent = nullptr);
+                         QList<ScreenSpace> displays, QRectF area, QImage frozen,
+                         QObject* parent = nullptr);
     ~ShotScrollingSession() override;
 
     // Starts the frames and shows the panel. Throws Error naming the cause
@@ -79,6 +81,7 @@ private:
     ScreenSpace m_display;
     QList<ScreenSpace> m_displays;
     QRectF m_area;
+    QImage m_frozen;
     ShotScrollingLayout m_layout;
     ScreenCaptureRegion m_region;
     QPointer<ShotScrollingPanel> m_panel;

@@ -466,10 +466,12 @@ void ShotFeature::startScrolling(const ShotCaptureSelection& selection)
     const QList<DisplayCapture> frozen = std::exchange(m_frozen, {});
     QList<ScreenSpace> spaces;
     std::optional<ScreenSpace> display;
+    QImage picture;
     for (const DisplayCapture& d : frozen) {
         spaces.append(d.space);
         if (d.id == selection.display()) {
             display = d.space;
+            picture = d.image;
         }
     }
     if (!display) {
@@ -477,7 +479,7 @@ void ShotFeature::startScrolling(const ShotCaptureSelection& selection)
         return;
     }
     auto* session =
-        new ShotScrollingSession(m_platform, *display, spaces, selection.globalRect(), this);
+        new ShotScrollingSession(m_platform, *display, spaces, selection.globalRect(), picture, this);
     m_scrolling = session;
     connect(session, &ShotScrollingSession::finished, this,
             [this, session](const QImage& image, double scale, const QString& notice) {

@@ -78,19 +78,14 @@ PortalRegionStreaming::streamRegion(quint32 display, const ScreenCaptureRegion& 
     if (!cast.frames) {
         cast = m_capturer->castDisplay(display, PortalScreenCast::Cursor::hidden, 0);
     }
-    // The screen may still be changing under what just closed (the overlay,
-    // a dialog of the desktop): the stream starts once the cast has been
-    // quiet for a moment (it sends pictures only when something is drawn).
-    auto first = cast.frames->next(cast.stream, 0, std::chrono::milliseconds(0));
-    const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(2);
-    while (first && std::chrono::steady_clock::now() < until) {
-        auto newer = cast.frames->next(cast.stream, first->sequence, stillFor * 3);
-        if (!newer) {
-            break;
-        }
-        first = std::move(newer);
+    // What closed over the area may still be drawn: the capture waits for
+    // it to settle, or for the framed area to show again.
+    const auto first = cast.frames->next(cast.stream, 0, std::chrono::seconds(2));
+    if (!first) {
+        throw CaptureError(CaptureError::Code::noContent,
+                           QStringLiteral("the screen cast sent no picture"));
     }
-    if (!first || !QRect(QPoint(), first->image.size()).contains(region.pixelRect)) {
+    if (!QRect(QPoint(), first->image.size()).contains(region.pixelRect)) {
         throw CaptureError(CaptureError::Code::noContent,
                            QStringLiteral("the area lies outside its display"));
     }
