@@ -82,6 +82,12 @@ QImage ScrollingCapture::finish()
             m_stopping = true;
         }
         m_wake.notify_all();
+        // The thread takes a last frame (what the screen shows as the user
+        // stops is kept); a stream that gives none in time is stopped.
+        {
+            std::unique_lock lock(m_mutex);
+            m_wake.wait_for(lock, std::chrono::seconds(1), [this] { return m_ran; });
+        }
         m_stream->stopCapture();
         m_thread.join();
         m_driver.reset(); // the pointer goes back
@@ -149,7 +155,8 @@ void ScrollingCapture::run()
         return (sameSince.isValid() && sameSince.elapsed() >= m_options.quietFor.count()) ||
                elapsed >= m_options.changingFor.count();
     };
-    while (!end) {
+    bool lastLook = false;
+    while (!end && !lastLook) {
         {
             std::unique_lock lock(m_mutex);
             // Frames at the chosen rate at most; a request wakes us early.
@@ -157,7 +164,10 @@ void ScrollingCapture::run()
                 return m_stopping || (m_requestedDriver && started) || m_stopAutoRequested;
             });
             if (m_stopping) {
-                break;
+                if (!started) {
+                    break;
+                }
+                lastLook = true; // one more frame: the screen as the user stopped
             }
             // Auto-scroll turns the wheel once stitching has its first
             // frame: what scrolls away before would be lost.
@@ -171,11 +181,11 @@ void ScrollingCapture::run()
                 continue;
             }
         }
-        if (std::chrono::steady_clock::now() < due) {
+        if (!lastLook && std::chrono::steady_clock::now() < due) {
             continue; // woken early for a request, handled above
         }
         due = std::chrono::steady_clock::now() + interval;
-        if (m_driver && m_phase == AutoPhase::off) {
+        if (m_driver && m_phase == AutoPhase::off && !lastLook) {
             qCInfo(lcScrolling, "Auto-scroll started");
             m_turnedAt = m_stitcher.position;
             m_notches = 2; // until one turn shows how far a notch goes
@@ -226,7 +236,7 @@ void ScrollingCapture::run()
                     static_cast<long long>(m_stitcher.position),
                     static_cast<long long>(m_stitcher.outputHeight()));
         }
-        if (m_driver) {
+        if (m_driver && !lastLook) {
             autoScrollStep(progress.update, frameHeight);
         }
         progress.height = m_stitcher.outputHeight();
@@ -262,6 +272,11 @@ void ScrollingCapture::run()
     if (end && m_reports.stopped) {
         m_reports.stopped(*end);
     }
+    {
+        const std::lock_guard lock(m_mutex);
+        m_ran = true;
+    }
+    m_wake.notify_all();
 }
 
 void ScrollingCapture::autoScrollStep(ScrollStitcher::Update update, int frameHeight)

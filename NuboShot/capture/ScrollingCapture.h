@@ -106,6 +106,7 @@ private:
     bool m_stopping = false;
     std::unique_ptr<ScrollDriver> m_requestedDriver;
     bool m_stopAutoRequested = false;
+    bool m_ran = false; // the thread is done
 
     // The capture thread's own.
     ScrollStitcher m_stitcher;

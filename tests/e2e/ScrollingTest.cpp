@@ -268,15 +268,16 @@ TEST_F(Scrolling, TheWheelScrolledPageStitchesToItsWholeContent)
     xdotool({"click", "--repeat", "14", "--delay", "90", "5"});
     // A click into the page raises it: the panel and the outline stay on top.
     xdotool({"click", "1"});
-    QThread::msleep(300);
-    const QImage screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+    QImage screen;
+    EXPECT_TRUE(waitUntil([&] {
+        screen = QGuiApplication::primaryScreen()->grabWindow(0).toImage();
+        return screen.pixelColor(page.left() - 2, page.center().y()) == QColor(0x2f, 0x80, 0xed);
+    })) << "the outline is not on screen";
     test::saveArtifact(screen, QStringLiteral("scrolling-session.png"));
-    EXPECT_EQ(screen.pixelColor(page.left() - 2, page.center().y()), QColor(0x2f, 0x80, 0xed))
-        << "the outline is not on screen";
     // The page has the keyboard now: its arrow keys scroll it too.
     xdotool({"key", "--repeat", "6", "--delay", "60", "Down"});
     xdotool({"click", "--repeat", "20", "--delay", "60", "5"});
-    QThread::msleep(400);
+    settled(page); // at its end
 
     const QImage shot = finishAndTakeShot(m_truth.size());
     ASSERT_EQ(shot.size(), m_truth.size());
@@ -332,9 +333,7 @@ TEST_F(Scrolling, AutoScrollAloneGivesTheSamePageAndPutsThePointerBack)
     const QRect panel = windowGeometry(panelName);
     // Auto-scroll is the wide button above Cancel and Done.
     const QPoint button(panel.center().x(), panel.bottom() - 64);
-    xdotool({"mousemove", QString::number(button.x()), QString::number(button.y())});
-    QThread::msleep(100);
-    xdotool({"click", "1"});
+    xdotool({"mousemove", QString::number(button.x()), QString::number(button.y()), "click", "1"});
     ASSERT_TRUE(waitForLog(QStringLiteral("Auto-scroll started"), 5000))
         << "the click missed the button; log:\n" << m_log.toStdString();
     ASSERT_TRUE(waitForLog(QStringLiteral("Auto-scroll ended"), 30000)) << m_log.toStdString();

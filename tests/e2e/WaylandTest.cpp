@@ -712,10 +712,15 @@ TEST_F(Wayland, AScrolledPageStitchesToItsWholeContent)
         ASSERT_NO_FATAL_FAILURE(pointer({"scroll 1"}));
         QThread::msleep(120);
     }
-    QThread::msleep(400);
+    // Stopped as soon as the page shows its end below the header.
+    const QSize expected(600, truth.height() - 60);
+    ASSERT_TRUE(waitFor([&] {
+        return firstDifference(grim(m_dir.path(), {"-g", "300,208 600x392"}),
+                               truth.copy(0, expected.height() - 392, 600, 392))
+            .isEmpty();
+    })) << "the page did not scroll to its end";
     ASSERT_EQ(test::runNuboShot({"capture", "scrolling"}).exitCode, 0);
 
-    const QSize expected(600, truth.height() - 60);
     const QString shot = recentShot(expected);
     ASSERT_FALSE(shot.isEmpty()) << "no stitched shot of " << expected.height() << " rows";
     const QImage got = QImage(shot).convertToFormat(QImage::Format_RGB32);
