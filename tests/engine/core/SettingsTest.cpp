@@ -94,21 +94,5 @@ TEST_F(SettingsFile, WrittenValuesReadBackTyped)
     EXPECT_TRUE(prefs.boolean("shot.closeAfter.copy", true));
 }
 
-TEST(ShotPreferences, TheUserFileLivesUnderTheConfigHome)
-{
-    EXPECT_TRUE(ShotPreferences::defaultPath().endsWith(QStringLiteral("/NuboShot/NuboShot.ini")))
-        << ShotPreferences::defaultPath().toStdString();
-}
-
-TEST(EnumStrings, CaseNamesRoundTripAndUnknownNamesAreNothing)
-{
-    for (const ShapeVariant v : allCases<ShapeVariant>()) {
-        EXPECT_EQ(fromString<ShapeVariant>(toString(v)), v);
-    }
-    EXPECT_EQ(toString(AnnotationKindName::counter), QStringLiteral("counter"));
-    EXPECT_EQ(fromString<ShapeVariant>(u"Rect"), std::nullopt);
-    EXPECT_EQ(fromString<ShapeVariant>(u""), std::nullopt);
-}
-
 } // namespace
 } // namespace nubo
