@@ -1,6 +1,7 @@
 #include "video/GifEncoder.h"
 
 #include "core/Error.h"
+#include "video/NearestColour.h"
 
 #include <QIODevice>
 
@@ -39,16 +40,11 @@ constexpr int stillChannel = 16;
 // when it is more than two levels of brightness from what is shown.
 constexpr int stillLumaExact = 2;
 
-inline int redOf(uint32_t c) { return int(c >> 16) & 0xff; }
-inline int greenOf(uint32_t c) { return int(c >> 8) & 0xff; }
-inline int blueOf(uint32_t c) { return int(c) & 0xff; }
-
-// Distance as the eye weighs it, roughly: green most, blue least.
-inline int distance(int r1, int g1, int b1, uint32_t c)
-{
-    const int dr = r1 - redOf(c), dg = g1 - greenOf(c), db = b1 - blueOf(c);
-    return 3 * dr * dr + 4 * dg * dg + 2 * db * db;
-}
+using gif::blueOf;
+using gif::distance;
+using gif::greenOf;
+using gif::NearestColour;
+using gif::redOf;
 
 // Whether a pixel's new colour may go unwritten where `shown` is shown: the
 // brightness within `lumaLimit` levels, each channel within stillChannel.
@@ -186,7 +182,8 @@ std::vector<uint32_t> medianCut(std::vector<ColourCounts::Entry> entries, int bo
 // One scene's colours and the ways to find a pixel's index among them.
 class Palette {
 public:
-    explicit Palette(std::vector<uint32_t> colours) : m_colours(std::move(colours))
+    explicit Palette(std::vector<uint32_t> colours)
+        : m_colours(std::move(colours)), m_search(m_colours)
     {
         m_exact.assign(1024, noColour);
         m_exactIndex.assign(1024, 0);
@@ -203,6 +200,8 @@ public:
         m_nearestKeys.assign(nearestMask + 1, noColour);
         m_nearestValues.assign(nearestMask + 1, 0);
     }
+    Palette(const Palette&) = delete; // its search refers to its colours
+    Palette& operator=(const Palette&) = delete;
 
     const std::vector<uint32_t>& colours() const { return m_colours; }
     int transparent() const { return int(m_colours.size()); }
@@ -234,14 +233,7 @@ public:
                     m_nearestCount = 1;
                     at = hashOf(colour) & nearestMask;
                 }
-                int best = 0, bestDistance = distance(r, g, b, m_colours[0]);
-                for (size_t i = 1; i < m_colours.size(); ++i) {
-                    const int d = distance(r, g, b, m_colours[i]);
-                    if (d < bestDistance) {
-                        best = int(i);
-                        bestDistance = d;
-                    }
-                }
+                const int best = m_search.find(r, g, b).first;
                 m_nearestKeys[at] = colour;
                 m_nearestValues[at] = uint8_t(best);
                 return best;
@@ -281,6 +273,7 @@ public:
 
 private:
     std::vector<uint32_t> m_colours;
+    NearestColour m_search; // over m_colours
     std::vector<uint32_t> m_exact;
     std::vector<uint8_t> m_exactIndex;
     static constexpr size_t nearestMask = (size_t(1) << 18) - 1;
@@ -326,18 +319,11 @@ std::vector<uint32_t> paletteOf(const std::vector<uint32_t>& pixels)
     const size_t sample = std::min(entries.size(), size_t(20000));
     for (int round = 0; round < 5; ++round) {
         std::vector<uint64_t> sums(colours.size() * 4, 0);
+        const NearestColour search(colours);
         for (size_t e = popular; e < sample; ++e) {
             const uint32_t c = entries[e].colour;
             const int r = redOf(c), g = greenOf(c), b = blueOf(c);
-            size_t best = 0;
-            int bestDistance = std::numeric_limits<int>::max();
-            for (size_t k = 0; k < colours.size(); ++k) {
-                const int d = distance(r, g, b, colours[k]);
-                if (d < bestDistance) {
-                    bestDistance = d;
-                    best = k;
-                }
-            }
+            const auto best = size_t(search.find(r, g, b).first);
             uint64_t* sum = &sums[best * 4];
             sum[0] += uint64_t(r) * entries[e].count;
             sum[1] += uint64_t(g) * entries[e].count;

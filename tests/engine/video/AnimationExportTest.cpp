@@ -7,9 +7,11 @@
 #include "support/MovieDecoder.h"
 #include "video/AnimatedExport.h"
 #include "video/GifEncoder.h"
+#include "video/NearestColour.h"
 #include "video/VideoEditExport.h"
 
 #include <QBuffer>
+#include <QRandomGenerator>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -146,6 +148,49 @@ TEST(AnimationExport, GifAndWebpShowTheEditedTimeBlurredWhereAndWhenAsked)
     // Narrowed, never widened: 320 wide keeps the shape; 1280 stays 640.
     for (const auto& [width, expected] : {std::pair{320, QSize(320, 180)}, std::pair{1280, QSize(640, 360)}}) {
         EXPECT_EQ(animationSize(list, info, width), expected);
+    }
+}
+
+// The palette's nearest colour found by walking out along green gives what
+// trying every colour gives, ties to the lowest index: with one colour,
+// with greens all alike (no pruning), with repeated colours, a full palette.
+TEST(NearestColour, AnswersAsTryingEveryColourInTurn)
+{
+    QRandomGenerator random(20261126);
+    const auto any = [&] { return uint32_t(random.generate() & 0xffffff); };
+    struct Case {
+        const char* name;
+        std::vector<uint32_t> colours;
+    };
+    std::vector<Case> cases = {{"one colour", {0x808080}}, {"greens alike", {}},
+                               {"repeated colours", {}}, {"a full palette", {}}};
+    for (int i = 0; i < 40; ++i) {
+        cases[1].colours.push_back((any() & 0xff00ff) | 0x7700);
+        cases[2].colours.push_back(i % 3 == 0 ? any() : cases[2].colours.back());
+    }
+    for (int i = 0; i < 255; ++i) {
+        cases[3].colours.push_back(any());
+    }
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const gif::NearestColour search(c.colours);
+        for (int query = 0; query < 20000; ++query) {
+            // The palette's own colours (ties among repeated ones), greys, any.
+            const uint32_t q = size_t(query) < c.colours.size() ? c.colours[size_t(query)]
+                               : query < 1000                   ? uint32_t(query % 256 * 0x010101)
+                                                                : any();
+            const int r = gif::redOf(q), g = gif::greenOf(q), b = gif::blueOf(q);
+            int best = 0;
+            for (size_t i = 1; i < c.colours.size(); ++i) {
+                if (gif::distance(r, g, b, c.colours[i]) <
+                    gif::distance(r, g, b, c.colours[size_t(best)])) {
+                    best = int(i);
+                }
+            }
+            const auto [found, distance] = search.find(r, g, b);
+            ASSERT_EQ(found, best) << std::hex << q;
+            ASSERT_EQ(distance, gif::distance(r, g, b, c.colours[size_t(best)]));
+        }
     }
 }
 
