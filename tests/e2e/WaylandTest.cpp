@@ -474,8 +474,9 @@ TEST_F(Wayland, AnAreaFramedWithThePointerIsTheCompositorsPixels)
 // A pin under sway: the desktop, not the client, decides what stays on top,
 // so the pin is a normal window, and the user is told so once. The screen
 // is taken when the delay ends: a background changed during the delay is
-// in the pin. A drag moves it through the desktop's own move.
-TEST_F(Wayland, ADelayedPinShowsTheScreenAfterItsDelayPixelForPixel)
+// in the pin. A drag moves it through the desktop's own move; Escape closes
+// it. P on the overlay pins the area being framed.
+TEST_F(Wayland, PinsShowTheScreenPixelForPixelFromADelayOrTheOverlaysKey)
 {
     ASSERT_NO_FATAL_FAILURE(twoOutputsOfNoise(1));
     const QJsonArray displays =
@@ -550,6 +551,25 @@ TEST_F(Wayland, ADelayedPinShowsTheScreenAfterItsDelayPixelForPixel)
         return moved.topLeft() == window.topLeft() + QPoint(120, 80);
     })) << "the pin went from " << window.x() << "," << window.y() << " to " << moved.x() << ","
         << moved.y();
+
+    // Escape closes the pin the user just moved.
+    ASSERT_NO_FATAL_FAILURE(pointer({"key Escape"}));
+    EXPECT_TRUE(waitFor([] { return !tree().contains(u"Pinned Shot"); })) << "Escape left the pin";
+
+    // P on the overlay, while the area is being framed, pins it: no editor.
+    ASSERT_NO_FATAL_FAILURE(openOverlay("area"));
+    ASSERT_NO_FATAL_FAILURE(
+        pointer({"at 500 300", "press", "move 80 60", "move 80 60", "key p", "release"}));
+    ASSERT_TRUE(waitFor([] { return tree().contains(u"Pinned Shot"); })) << "P pinned nothing";
+    const QRect framed = windowRect(QStringLiteral("Pinned Shot"));
+    const QRect inside(framed.topLeft() + QPoint((framed.width() - 160) / 2, (framed.height() - 120) / 2),
+                       QSize(160, 120));
+    EXPECT_TRUE(waitFor([&] {
+        shown = grim(m_dir.path(), {"-g", QStringLiteral("%1,%2 %3x%4").arg(inside.x()).arg(inside.y())
+                                                 .arg(inside.width()).arg(inside.height())});
+        return firstDifference(shown, during.copy(500, 300, 160, 120)).isEmpty();
+    })) << firstDifference(shown, during.copy(500, 300, 160, 120)).toStdString();
+    EXPECT_FALSE(tree().contains(u"160 \u00d7 120")) << "an editor opened";
 }
 
 // Recording under sway through the screen cast: the tests' counter window
