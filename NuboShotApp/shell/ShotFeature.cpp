@@ -211,8 +211,12 @@ void ShotFeature::cancelDelay()
 
 void ShotFeature::begin(CaptureMode mode, ShotCaptureOptions options)
 {
+    // A scrolling shot is stitched from the live screen, taken without the
+    // pointer: the frozen area it starts from is left without it too.
     Freezing freezing{mode, QCursor::pos(), false,
-                      m_preferences.boolean(keys::includePointer, false), std::nullopt};
+                      mode != CaptureMode::scrolling &&
+                          m_preferences.boolean(keys::includePointer, false),
+                      std::nullopt};
     if (mode == CaptureMode::lastArea) {
         const std::optional<LastArea> lastArea = storedLastArea(m_preferences);
         if (!lastArea) {
