@@ -513,13 +513,27 @@ TEST_F(Wayland, PinsShowTheScreenPixelForPixelFromADelayOrTheOverlaysKey)
         return now;
     };
 
+    // The tray icon at the right end of swaybar, which shows it through
+    // StatusNotifierItem: it counts the delay down, then rests again.
+    const QRect trayEnd(1720, 1058, 200, 22);
+    const auto trayIcon = [&] { return grim(m_dir.path(), {"-o", "HEADLESS-1"}).copy(trayEnd); };
+    QImage resting;
+    ASSERT_TRUE(waitFor([&] {
+        resting = trayIcon();
+        return resting == trayIcon();
+    }));
     QElapsedTimer asked;
     asked.start();
     ASSERT_EQ(test::runNuboShot({"capture", "last-area", "--pin", "--delay", "5"}).exitCode, 0);
     const QImage during = background(41); // within the delay
+    const QImage counting = trayIcon();
+    EXPECT_NE(counting, resting) << "the tray icon does not count down";
+    QDir().mkpath(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS));
+    counting.save(QStringLiteral(NUBOSHOT_TEST_ARTIFACTS "/wayland-tray-countdown.png"));
     ASSERT_LT(asked.elapsed(), 4500) << "the background took too long to be drawn for this test";
     ASSERT_FALSE(tree().contains(u"Pinned Shot")) << "pinned before its delay ended";
     ASSERT_TRUE(waitFor([] { return tree().contains(u"Pinned Shot"); })) << "no pin";
+    EXPECT_TRUE(waitFor([&] { return trayIcon() == resting; })) << "the tray icon kept counting";
     const QRect window = windowRect(QStringLiteral("Pinned Shot"));
     ASSERT_FALSE(window.isEmpty());
     // The picture in the middle of the window, the shadow round it.
