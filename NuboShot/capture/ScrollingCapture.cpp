@@ -206,8 +206,10 @@ void ScrollingCapture::run()
             } else if (const auto update = continueFramed(frame->image)) {
                 progress.update = *update;
                 started = true;
+                m_framedStart.reset(); // its rows are in the stitcher now
             } else if (settled(frame->image, clock.elapsed())) {
-                if (m_framedStart) {
+                m_framedStart.reset();
+                if (!m_options.framed.isNull()) {
                     qCInfo(lcScrolling, "The area changed before the first frame: the capture "
                                         "starts from the screen as it is now");
                 }

@@ -56,6 +56,15 @@ ShotScrollingLayout ShotScrollingLayout::place(const QRectF& area, const QSizeF&
                       sampled.bottom() + gap}};
 }
 
+namespace {
+
+bool onWayland()
+{
+    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+} // namespace
+
 ShotScrollingSession::ShotScrollingSession(std::shared_ptr<CapturePlatform> platform,
                                            ScreenSpace display, QList<ScreenSpace> displays,
                                            QRectF area, QImage frozen, QObject* parent)
@@ -76,7 +85,7 @@ void ShotScrollingSession::start()
         throw CaptureError(CaptureError::Code::noContent,
                            tr("this desktop offers no region streams"));
     }
-    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+    if (onWayland()) {
         // Windows cannot place themselves on Wayland: a panel or an outline
         // could land on the area and be stitched into the shot. The area
         // alone is sampled; the menu or the command ends the capture.
@@ -184,7 +193,7 @@ void ShotScrollingSession::startCapture(std::unique_ptr<ScreenRegionStream> stre
     options.scale = m_display.scale;
     options.previewSize = QSize(qRound(ShotScrollingPanel::previewWidth * ratio),
                                 qRound(ShotScrollingPanel::previewHeight * ratio));
-    if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) {
+    if (onWayland()) {
         // The compositor sends pictures only when it draws, and may still
         // be animating the overlay away.
         options.quietFor = std::chrono::milliseconds(300);
